@@ -1,0 +1,75 @@
+#pragma once
+// One catalogue row each. Records are snapshots: nothing writes them back to
+// the catalogue by itself. Integers are signed 32-bit; a NULL column loads as 0
+// or as the empty text.
+
+#include <cstdint>
+#include <ostream>
+#include <string>
+
+class CMediaRecord {
+ public:
+  virtual ~CMediaRecord() = default;
+  // Writes a one-line description to a diagnostic stream, with no line end.
+  virtual void Dump(std::ostream& out) const;
+};
+
+class CMediaFile : public CMediaRecord {
+ public:
+  std::int32_t FileID = 0;
+  std::int32_t VolID = 0;
+  std::int32_t PathID = 0;
+  std::int32_t ScanState = 0;
+  std::int32_t DirtyBit = 0;
+  std::string FileName;
+  std::int64_t Size = 0;  // taken from the file system; never stored
+  std::int32_t Type = 0;
+  std::string Title;
+  std::string Artist;
+  std::string Album;
+  std::string Comment;
+  std::int32_t Rating = 0;
+  std::string id3Title;
+  std::string id3Artist;
+  std::string id3Album;
+  std::string id3Genre;  // never loaded nor stored
+  std::string id3Comment;
+  std::int32_t Length = 0;
+  std::int32_t BitRate = 0;
+  std::int32_t SampleRate = 0;
+  std::int32_t Channels = 0;
+
+  void Dump(std::ostream& out) const override;
+};
+
+class CMediaPath : public CMediaRecord {
+ public:
+  std::int32_t PathID = 0;
+  std::int32_t VolID = 0;
+  std::int32_t DirtyBit = 0;
+  std::int32_t ParentID = 0;
+  std::string Name;
+  std::string FullPath;
+
+  void Dump(std::ostream& out) const override;
+};
+
+class CMediaVolume : public CMediaRecord {
+ public:
+  std::int32_t VolID = 0;
+  std::string Name;
+  std::string DisplayName;
+  std::int32_t VolType = 0;
+  std::string SerialNo;
+  std::string DrvLtr;
+  std::string Description;
+
+  void Dump(std::ostream& out) const override;
+};
+
+class CPlayList : public CMediaRecord {
+ public:
+  std::int32_t PlayListID = 0;
+  std::string Name;
+  std::string FileIDs;
+};

@@ -1,0 +1,37 @@
+#pragma once
+// A media-control string interface: textual commands such as
+// `open "C:\a.mp3" type mpegvideo alias X`, `play X from 0`, `status X length`,
+// answered with 0 or a numeric error code, and a reply text where asked for.
+//
+// Used from the user-interface thread only.
+
+#include <cstdint>
+
+namespace platform {
+
+// Error numbers the player and its callers may meet.
+enum MediaControlError : std::uint32_t {
+  kMciNoError = 0,
+  kMciUnrecognizedCommand = 261,
+  kMciNoAudioOutput = 262,
+  kMciUnknownAlias = 263,
+  kMciFileNotFound = 275,
+  kMciOutOfRange = 282,
+  kMciAliasInUse = 289,
+  kMciCannotDecode = 296,
+};
+
+class MediaControl {
+ public:
+  virtual ~MediaControl() = default;
+
+  // Runs one command. When reply is not null, up to size - 1 bytes of the
+  // answer are written there, zero-terminated. Returns 0 or an error number.
+  virtual std::uint32_t mciSendString(const char* command, char* reply, unsigned size) = 0;
+
+  // Writes the text of an error number (at most size - 1 bytes, zero-terminated).
+  // Returns false for a number it does not know, leaving an empty text.
+  virtual bool mciGetErrorString(std::uint32_t code, char* text, unsigned size) = 0;
+};
+
+}  // namespace platform
