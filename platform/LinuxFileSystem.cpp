@@ -1,0 +1,94 @@
+#include "platform/LinuxFileSystem.h"
+
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <cstdio>
+
+#include "platform/DrivePaths.h"
+#include "platform/FileCopy.h"
+#include "platform/FolderListing.h"
+#include "platform/LinuxPaths.h"
+
+namespace platform {
+namespace {
+
+std::optional<struct stat> StatFollowingLinks(const std::string& local) {
+  struct stat facts {};
+  if (local.empty() || stat(local.c_str(), &facts) != 0) return std::nullopt;
+  return facts;
+}
+
+std::string WithoutTrailingSlashes(std::string path) {
+  while (path.size() > 1 && path.back() == '/') path.pop_back();
+  return path;
+}
+
+}  // namespace
+
+LinuxFileSystem::LinuxFileSystem(const DriveTable& drives) : drives_(drives) {}
+
+std::string LinuxFileSystem::LocalPath(const std::string& path) const { return ResolvePath(drives_, path); }
+
+std::vector<DirEntry> LinuxFileSystem::List(const std::string& folder, const std::string& pattern) const {
+  std::vector<DirEntry> entries;
+  ForEachMatchingEntry(LocalPath(folder), pattern, [&](const DirEntry& entry) {
+    entries.push_back(entry);
+    return true;
+  });
+  return entries;
+}
+
+bool LinuxFileSystem::AnyFileMatches(const std::string& folder, const std::string& pattern) const {
+  bool found = false;
+  ForEachMatchingEntry(LocalPath(folder), pattern, [&](const DirEntry& entry) {
+    found = !entry.isDirectory;
+    return !found;
+  });
+  return found;
+}
+
+std::optional<FolderIdentity> LinuxFileSystem::Identity(const std::string& folder) const {
+  auto facts = StatFollowingLinks(LocalPath(folder));
+  if (!facts) return std::nullopt;
+  return FolderIdentity{static_cast<std::uint64_t>(facts->st_dev), static_cast<std::uint64_t>(facts->st_ino)};
+}
+
+std::optional<FileFacts> LinuxFileSystem::Stat(const std::string& path) const {
+  std::string local = WithoutTrailingSlashes(LocalPath(path));
+  auto facts = StatFollowingLinks(local);
+  if (!facts) return std::nullopt;
+  std::int64_t size = S_ISREG(facts->st_mode) ? static_cast<std::int64_t>(facts->st_size) : 0;
+  return FileFacts{LastComponent(local), size};
+}
+
+bool LinuxFileSystem::Exists(const std::string& path) const {
+  return StatFollowingLinks(LocalPath(path)).has_value();
+}
+
+bool LinuxFileSystem::CreateFolder(const std::string& path) {
+  std::string local = LocalPath(path);
+  if (local.empty()) return false;
+  if (mkdir(local.c_str(), 0777) == 0) return true;
+  auto facts = errno == EEXIST ? StatFollowingLinks(local) : std::nullopt;
+  return facts && S_ISDIR(facts->st_mode);
+}
+
+bool LinuxFileSystem::Remove(const std::string& path) {
+  std::string local = LocalPath(path);
+  return !local.empty() && std::remove(local.c_str()) == 0;
+}
+
+bool LinuxFileSystem::CopyNoOverwrite(const std::string& source, const std::string& target) {
+  std::string from = LocalPath(source);
+  std::string to = LocalPath(target);
+  return !from.empty() && !to.empty() && CopyFileNoOverwrite(from, to);
+}
+
+bool LinuxFileSystem::MakeWritable(const std::string& path) {
+  std::string local = LocalPath(path);
+  auto facts = StatFollowingLinks(local);
+  return facts && chmod(local.c_str(), (facts->st_mode & 07777) | S_IRUSR | S_IWUSR) == 0;
+}
+
+}  // namespace platform

@@ -1,0 +1,82 @@
+#include "platform/DrivePaths.h"
+
+#include <dirent.h>
+#include <sys/stat.h>
+
+#include <cctype>
+#include <optional>
+#include <vector>
+
+namespace platform {
+namespace {
+
+bool IsDrivePath(const std::string& path) {
+  return path.size() >= 2 && std::isalpha(static_cast<unsigned char>(path[0])) && path[1] == ':';
+}
+
+std::vector<std::string> SplitAtBackslashes(const std::string& text) {
+  std::vector<std::string> components;
+  std::size_t start = 0;
+  while (start <= text.size()) {
+    std::size_t end = text.find('\\', start);
+    if (end == std::string::npos) end = text.size();
+    if (end > start) components.push_back(text.substr(start, end - start));
+    start = end + 1;
+  }
+  return components;
+}
+
+char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool EqualIgnoringAsciiCase(const std::string& a, const char* b) {
+  std::size_t i = 0;
+  for (; i < a.size(); ++i) {
+    if (b[i] == '\0' || AsciiLower(a[i]) != AsciiLower(b[i])) return false;
+  }
+  return b[i] == '\0';
+}
+
+bool EntryExists(const std::string& path) {
+  struct stat facts {};
+  return lstat(path.c_str(), &facts) == 0;
+}
+
+std::optional<std::string> NameIgnoringCase(const std::string& folder, const std::string& name) {
+  DIR* dir = opendir(folder.c_str());
+  if (!dir) return std::nullopt;
+  std::optional<std::string> found;
+  while (const dirent* entry = readdir(dir)) {
+    if (EqualIgnoringAsciiCase(name, entry->d_name) && (!found || *found > entry->d_name)) found = entry->d_name;
+  }
+  closedir(dir);
+  return found;
+}
+
+// The name under which the component exists in the folder, if it does.
+std::optional<std::string> ExistingName(const std::string& folder, const std::string& name) {
+  if (EntryExists(folder + "/" + name)) return name;
+  return NameIgnoringCase(folder.empty() ? "/" : folder, name);
+}
+
+}  // namespace
+
+std::string ResolvePath(const DriveTable& drives, const std::string& path) {
+  if (path.starts_with('/')) return path;
+  if (!IsDrivePath(path)) return "";
+  std::string root = drives.RootFolder(static_cast<char>(std::toupper(static_cast<unsigned char>(path[0]))));
+  if (root.empty()) return "";
+
+  std::string local = root == "/" ? "" : root;
+  bool stillExists = true;  // below a missing component nothing can be looked up
+  std::vector<std::string> components = SplitAtBackslashes(path.substr(2));
+  for (const std::string& component : components) {
+    std::optional<std::string> existing = stillExists ? ExistingName(local, component) : std::nullopt;
+    stillExists = existing.has_value();
+    local += "/" + existing.value_or(component);
+  }
+  if (local.empty()) return "/";
+  if (path.ends_with('\\') && !local.ends_with('/')) local += "/";
+  return local;
+}
+
+}  // namespace platform

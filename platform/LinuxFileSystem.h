@@ -1,0 +1,32 @@
+#pragma once
+// The file system on drive paths and Linux paths (see DrivePaths.h for how a
+// drive path becomes a Linux path). Listings match wildcard patterns with
+// fnmatch, ignoring case; "*.*" matches every name, as on the original
+// platform. Calls do not throw and may come from any thread; the drive table
+// must outlive this object.
+
+#include "platform/DriveTable.h"
+#include "platform/FileSystem.h"
+
+namespace platform {
+
+class LinuxFileSystem final : public FileSystem {
+ public:
+  explicit LinuxFileSystem(const DriveTable& drives);
+
+  std::string LocalPath(const std::string& path) const override;
+  std::vector<DirEntry> List(const std::string& folder, const std::string& pattern) const override;
+  bool AnyFileMatches(const std::string& folder, const std::string& pattern) const override;
+  std::optional<FolderIdentity> Identity(const std::string& folder) const override;
+  std::optional<FileFacts> Stat(const std::string& path) const override;
+  bool Exists(const std::string& path) const override;
+  bool CreateFolder(const std::string& path) override;
+  bool Remove(const std::string& path) override;
+  bool CopyNoOverwrite(const std::string& source, const std::string& target) override;
+  bool MakeWritable(const std::string& path) override;
+
+ private:
+  const DriveTable& drives_;
+};
+
+}  // namespace platform

@@ -1,0 +1,164 @@
+#include "platform/LinuxFileSystem.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "platform/LinuxDriveTable.h"
+#include "platform/ProgramFolder.h"
+#include "tests/platform/ScopedTmpfs.h"
+#include "tests/support/TempFolder.h"
+
+namespace fs = std::filesystem;
+
+namespace platform {
+namespace {
+
+using platform_tests::ScopedTmpfs;
+using testing_support::TempFolder;
+using testing_support::TestDrives;
+
+std::string Content(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::stringstream text;
+  text << file.rdbuf();
+  return text.str();
+}
+
+class LinuxFileSystemTest : public ::testing::Test {
+ protected:
+  LinuxFileSystemTest() { TestDrives(tmp.Path()).AddFixed('C', root); }
+
+  std::vector<std::string> Names(const std::string& folder, const std::string& pattern) const {
+    std::vector<std::string> names;
+    for (const DirEntry& entry : files.List(folder, pattern)) names.push_back(entry.name);
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  TempFolder tmp;
+  std::string root = fs::canonical(tmp.MakeFolder("c")).string();
+  LinuxDriveTable table{tmp.Path()};
+  LinuxFileSystem files{table};
+};
+
+TEST_F(LinuxFileSystemTest, DrivePathsFindComponentsWhateverTheirCase) {
+  tmp.WriteFile("c/Music/Rock/Song.MP3", "12345");
+  tmp.MakeFolder("c/Music/ROCK");
+
+  EXPECT_EQ(files.LocalPath("c:\\music\\rock\\song.mp3"), root + "/Music/ROCK/song.mp3");
+  EXPECT_EQ(files.LocalPath("C:\\MUSIC\\Rock\\song.mp3"), root + "/Music/Rock/Song.MP3");
+  EXPECT_EQ(files.LocalPath("C:\\Music\\New\\Rock\\x.mp3"), root + "/Music/New/Rock/x.mp3");
+  EXPECT_EQ(files.LocalPath("C:\\Music\\"), root + "/Music/");
+  EXPECT_EQ(files.LocalPath("C:\\"), root + "/");
+  EXPECT_EQ(files.LocalPath("/etc/Hosts"), "/etc/Hosts");
+  EXPECT_EQ(files.LocalPath("Q:\\x"), "");
+  EXPECT_EQ(files.LocalPath("relative\\x"), "");
+
+  std::optional<FileFacts> facts = files.Stat("C:\\music\\Rock\\SONG.mp3");
+  ASSERT_TRUE(facts);
+  EXPECT_EQ(facts->name, "Song.MP3");
+  EXPECT_EQ(facts->size, 5);
+  EXPECT_FALSE(files.Stat("C:\\Music\\missing.mp3"));
+}
+
+TEST_F(LinuxFileSystemTest, ListMatchesPatternsWithoutRegardToCase) {
+  for (const char* name : {"a.MP3", "b.mp3", "noext", "it's 100% _x_.mp3", " blank .mp3",
+                           "\xC3\x9C" "ber \xC3\xBC.mp3", "[live] set.mp3", "back\\slash.mp3", "c.flac"})
+    tmp.WriteFile(std::string("c/Music/") + name, "x");
+  tmp.MakeFolder("c/Music/Folder.mp3");
+  tmp.MakeFolder("c/Elsewhere");
+  fs::create_directory_symlink(root + "/Elsewhere", root + "/Music/linked");
+  fs::create_symlink(root + "/gone", root + "/Music/dangling.mp3");
+
+  EXPECT_EQ(Names("C:\\music\\", "*.mp3"),
+            (std::vector<std::string>{" blank .mp3", "Folder.mp3", "[live] set.mp3", "a.MP3", "b.mp3",
+                                      "dangling.mp3", "it's 100% _x_.mp3", "\xC3\x9C" "ber \xC3\xBC.mp3"}));
+  EXPECT_EQ(Names("C:\\Music", "*.*").size(), 11u);  // all but the name holding "\"
+  EXPECT_EQ(Names("C:\\Music", "[live]*"), (std::vector<std::string>{"[live] set.mp3"}));
+  EXPECT_EQ(Names("C:\\Music", "?.Mp3"), (std::vector<std::string>{"a.MP3", "b.mp3"}));
+  EXPECT_TRUE(Names("C:\\Missing", "*.*").empty());
+
+  for (const DirEntry& entry : files.List("C:\\Music", "*.*")) {
+    bool folder = entry.name == "Folder.mp3" || entry.name == "linked";
+    EXPECT_EQ(entry.isDirectory, folder) << entry.name;
+  }
+  EXPECT_TRUE(files.AnyFileMatches("C:\\Music", "*.FLAC"));
+  tmp.MakeFolder("c/Only folders/x.flac");
+  EXPECT_FALSE(files.AnyFileMatches("C:\\Only folders", "*.flac"));
+}
+
+TEST_F(LinuxFileSystemTest, UnreadableFolderListsNothing) {
+  if (geteuid() == 0) GTEST_SKIP() << "permission bits do not stop root";
+  tmp.WriteFile("c/Locked/a.mp3", "x");
+  fs::permissions(root + "/Locked", fs::perms::none);
+  EXPECT_TRUE(files.List("C:\\Locked", "*.*").empty());
+}
+
+TEST_F(LinuxFileSystemTest, IdentityIsTheFolderWhicheverPathReachesIt) {
+  tmp.MakeFolder("c/Music/Loop");
+  fs::create_directory_symlink(root + "/Music", root + "/Music/Loop/back");
+  EXPECT_EQ(files.Identity("C:\\Music\\Loop\\back"), files.Identity("C:\\music"));
+  EXPECT_NE(files.Identity("C:\\Music\\Loop"), files.Identity("C:\\Music"));
+  EXPECT_FALSE(files.Identity("C:\\Missing"));
+}
+
+TEST_F(LinuxFileSystemTest, FoldersAreCreatedRemovedAndMadeWritable) {
+  EXPECT_TRUE(files.CreateFolder("C:\\Cache"));
+  EXPECT_TRUE(files.CreateFolder("C:\\cache"));
+  EXPECT_TRUE(files.Exists("C:\\CACHE\\"));
+  tmp.WriteFile("c/file", "x");
+  EXPECT_FALSE(files.CreateFolder("C:\\file"));
+  EXPECT_TRUE(files.Remove("C:\\FILE"));
+  EXPECT_FALSE(files.Exists("C:\\file"));
+
+  std::string song = tmp.WriteFile("c/song.mp3", "x");
+  fs::permissions(song, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_exec);
+  EXPECT_TRUE(files.MakeWritable("C:\\song.mp3"));
+  EXPECT_EQ(fs::status(song).permissions(),
+            fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read | fs::perms::others_exec);
+}
+
+TEST_F(LinuxFileSystemTest, CopyNeverReplacesATarget) {
+  tmp.WriteFile("c/in.mp3", std::string(300000, 'a'));
+  ASSERT_TRUE(files.CopyNoOverwrite("C:\\IN.mp3", "C:\\out.mp3"));
+  EXPECT_EQ(Content(root + "/out.mp3"), std::string(300000, 'a'));
+
+  tmp.WriteFile("c/other.mp3", "other");
+  EXPECT_FALSE(files.CopyNoOverwrite("C:\\other.mp3", "C:\\out.mp3"));
+  EXPECT_EQ(Content(root + "/out.mp3"), std::string(300000, 'a'));
+
+  fs::create_symlink(root + "/nowhere", root + "/link.mp3");
+  EXPECT_FALSE(files.CopyNoOverwrite("C:\\other.mp3", "C:\\link.mp3"));
+  EXPECT_FALSE(fs::exists(root + "/nowhere"));
+
+  EXPECT_FALSE(files.CopyNoOverwrite("C:\\missing.mp3", "C:\\new.mp3"));
+  EXPECT_FALSE(fs::exists(root + "/new.mp3"));
+}
+
+TEST_F(LinuxFileSystemTest, FailedCopyLeavesNoPartialTarget) {
+  // Reading this process's memory from address 0 fails after the target exists.
+  EXPECT_FALSE(files.CopyNoOverwrite("/proc/self/mem", "C:\\memory"));
+  EXPECT_FALSE(fs::exists(root + "/memory"));
+
+  std::string small = tmp.MakeFolder("c/small");
+  ScopedTmpfs disk(small, "64k");
+  if (!disk.Mounted()) GTEST_SKIP() << "mounting is not permitted here";
+  tmp.WriteFile("c/big.mp3", std::string(1 << 20, 'b'));
+  EXPECT_FALSE(files.CopyNoOverwrite("C:\\big.mp3", "C:\\small\\big.mp3"));
+  EXPECT_FALSE(fs::exists(small + "/big.mp3"));
+}
+
+TEST(ProgramFolder, IsTheFolderOfTheRunningProgram) {
+  std::string folder = ProgramFolder();
+  ASSERT_TRUE(folder.ends_with('/'));
+  EXPECT_EQ(fs::canonical(folder), fs::canonical(VANTRELLE_BIN_DIR));
+}
+
+}  // namespace
+}  // namespace platform
