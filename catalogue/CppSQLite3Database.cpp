@@ -1,0 +1,94 @@
+#include "catalogue/CppSQLite3Database.h"
+
+#include <sqlite3.h>
+
+#include "catalogue/CppSQLite3Exception.h"
+
+CppSQLite3Database::~CppSQLite3Database() { Close(); }
+
+void CppSQLite3Database::Open(const char* path) {
+  int result = sqlite3_open(path, &connection_);
+  if (result != SQLITE_OK) {
+    CppSQLite3Exception error(result, sqlite3_errmsg(connection_));
+    sqlite3_close(connection_);
+    connection_ = nullptr;
+    throw error;
+  }
+  SetBusyTimeout(busyTimeoutMs_);
+  InstallObserver();
+}
+
+int CppSQLite3Database::Close() {
+  if (!connection_) return 0;
+  int result = sqlite3_close(connection_);
+  connection_ = nullptr;
+  return result;
+}
+
+void CppSQLite3Database::RequireOpen() const {
+  if (!connection_) throw CppSQLite3Exception(CppSQLite3Exception::kLayerError, "Database not open");
+}
+
+int CppSQLite3Database::ExecuteStatement(const char* sql) {
+  RequireOpen();
+  char* error = nullptr;
+  int result = sqlite3_exec(connection_, sql, nullptr, nullptr, &error);
+  if (result != SQLITE_OK) throw CppSQLite3Exception(result, error, true);
+  return sqlite3_changes(connection_);
+}
+
+CppSQLite3ResultSet CppSQLite3Database::ExecuteQuery(const char* sql) {
+  RequireOpen();
+  sqlite3_stmt* statement = Prepare(sql);
+  int result = sqlite3_step(statement);
+  if (result == SQLITE_DONE) return CppSQLite3ResultSet(connection_, statement, true, true);
+  if (result == SQLITE_ROW) return CppSQLite3ResultSet(connection_, statement, false, true);
+  result = sqlite3_finalize(statement);
+  throw CppSQLite3Exception(result, sqlite3_errmsg(connection_));
+}
+
+sqlite3_stmt* CppSQLite3Database::Prepare(const char* sql) {
+  RequireOpen();
+  sqlite3_stmt* statement = nullptr;
+  const char* tail = nullptr;
+  int result = sqlite3_prepare_v2(connection_, sql, -1, &statement, &tail);
+  // The SQLite text is deliberately left out here: the message ends after "]: ".
+  if (result != SQLITE_OK) throw CppSQLite3Exception(result, nullptr, true);
+  return statement;
+}
+
+std::int64_t CppSQLite3Database::LastInsertId() const {
+  return sqlite3_last_insert_rowid(connection_);
+}
+
+const char* CppSQLite3Database::ErrorMessage() const {
+  return connection_ ? sqlite3_errmsg(connection_) : "";
+}
+
+void CppSQLite3Database::SetBusyTimeout(int milliseconds) {
+  busyTimeoutMs_ = milliseconds;
+  if (connection_) sqlite3_busy_timeout(connection_, milliseconds);
+}
+
+void CppSQLite3Database::ObserveStatements(std::function<void(const char*)> observer) {
+  observer_ = std::move(observer);
+  InstallObserver();
+}
+
+void CppSQLite3Database::InstallObserver() {
+  if (!connection_) return;
+  if (!observer_) {
+    sqlite3_trace_v2(connection_, 0, nullptr, nullptr);
+    return;
+  }
+  sqlite3_trace_v2(
+      connection_, SQLITE_TRACE_STMT,
+      [](unsigned, void* context, void* statement, void*) -> int {
+        auto* self = static_cast<CppSQLite3Database*>(context);
+        char* sql = sqlite3_expanded_sql(static_cast<sqlite3_stmt*>(statement));
+        if (sql) self->observer_(sql);
+        sqlite3_free(sql);
+        return 0;
+      },
+      this);
+}

@@ -1,0 +1,52 @@
+#pragma once
+// One SQLite connection. Every failure is thrown as CppSQLite3Exception;
+// there are no transactions, statement cache or parameter binding of its own.
+//
+// Used by the user-interface thread and, while a modal scan runs, by the scan
+// worker alone; SQLite's busy timeout is the only waiting.
+
+#include <cstdint>
+#include <functional>
+
+#include "catalogue/CppSQLite3ResultSet.h"
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+class CppSQLite3Database {
+ public:
+  static constexpr int kDefaultBusyTimeoutMs = 60000;
+
+  CppSQLite3Database() = default;
+  CppSQLite3Database(const CppSQLite3Database&) = delete;
+  CppSQLite3Database& operator=(const CppSQLite3Database&) = delete;
+  virtual ~CppSQLite3Database();
+
+  // Opens (and creates when missing) the database file; throws on failure.
+  void Open(const char* path);
+  // Returns SQLite's close result, or 0 when nothing was open.
+  int Close();
+  bool IsOpen() const { return connection_ != nullptr; }
+
+  // Runs a statement that returns no rows; returns the number of rows changed.
+  int ExecuteStatement(const char* sql);
+  // Prepares a query and steps it once; the result set owns the statement.
+  CppSQLite3ResultSet ExecuteQuery(const char* sql);
+  std::int64_t LastInsertId() const;
+  // SQLite's message for the connection's latest failure; "" when closed.
+  const char* ErrorMessage() const;
+  void SetBusyTimeout(int milliseconds);
+
+  // Calls observer with the text of every statement as it starts to run
+  // (for diagnostics and tests); an empty function stops observing.
+  void ObserveStatements(std::function<void(const char*)> observer);
+
+ private:
+  void RequireOpen() const;
+  sqlite3_stmt* Prepare(const char* sql);
+  void InstallObserver();
+
+  sqlite3* connection_ = nullptr;
+  int busyTimeoutMs_ = kDefaultBusyTimeoutMs;
+  std::function<void(const char*)> observer_;
+};

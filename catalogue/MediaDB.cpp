@@ -1,0 +1,359 @@
+#include "catalogue/MediaDB.h"
+
+#include <cstdarg>
+
+#include "catalogue/CatalogueFailure.h"
+#include "catalogue/CppSQLite3SqlText.h"
+#include "catalogue/RecordLoader.h"
+#include "platform/FileSystem.h"
+
+namespace {
+
+constexpr const char* kCreateTables[] = {
+    "CREATE TABLE MediaFiles (  FileID INTEGER PRIMARY KEY,VolID INTEGER, PathID INTEGER,"
+    "ScanState INTEGER,  FileName TEXT, Type INTEGER, Size INTEGER, DirtyBit INTEGER,  "
+    "Title TEXT, Artist TEXT,Album TEXT, Rating INTEGER,Comment TEXT,  id3Title TEXT, "
+    "id3Artist TEXT,id3Album,id3Genre TEXT,id3Comment TEXT,  Length INTEGER,BitRate INTEGER,"
+    "SampleRate INTEGER,Channels INTEGER);",
+    "CREATE TABLE MediaVolumes (  VolID INTEGER PRIMARY KEY,VolType INTEGER,SerialNo TEXT, "
+    "Name TEXT,   ScanState INTEGER,DrvLtr TEXT,DisplayName TEXT,Description TEXT);",
+    "CREATE TABLE MediaPaths (  PathID INTEGER PRIMARY KEY, VolID INTEGER, ParentID INTEGER,   "
+    "Name TEXT, FullPath TEXT, DirtyBit INTEGER);",
+    "CREATE TABLE PlayLists ( PlayListID INTEGER PRIMARY KEY, Name TEXT, FileIDs TEXT);",
+    "CREATE TABLE Configs(ConfigID INTEGER, Value TEXT);",
+};
+
+// Write-ahead logging makes a commit per folder cheap while a committed
+// transaction still survives a killed process.
+constexpr const char* kJournalSettings = "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;";
+
+}  // namespace
+
+int MediaDB::Open(const std::string& programFolder, const platform::FileSystem& files) {
+  const std::string path = programFolder + kFileName;
+  const bool existed = files.Exists(path);
+  db_.Open(path.c_str());
+  ExecuteChange(kJournalSettings);
+  if (existed) return 0;
+  CreateTables();
+  return 1;
+}
+
+void MediaDB::CreateTables() {
+  for (const char* statement : kCreateTables) ExecuteChange(statement);
+}
+
+int MediaDB::ExecuteChange(const char* sql) {
+  try {
+    db_.ExecuteStatement(sql);
+    return static_cast<int>(db_.LastInsertId());
+  } catch (const CppSQLite3Exception& failure) {
+    EndOnCatalogueFailure(failure, db_.ErrorMessage());
+  }
+}
+
+void MediaDB::RunQuery(const char* sql, CppSQLite3ResultSet& result) {
+  try {
+    result = db_.ExecuteQuery(sql);
+  } catch (const CppSQLite3Exception& failure) {
+    EndOnCatalogueFailure(failure, db_.ErrorMessage());
+  }
+}
+
+int MediaDB::QueryInt(const char* sql) {
+  CppSQLite3ResultSet result;
+  RunQuery(sql, result);
+  if (result.AtEnd()) return -1;
+  return result.FieldInt(0, 0);
+}
+
+IdList MediaDB::QueryIdList(const char* sql) {
+  IdList ids;
+  CppSQLite3ResultSet result;
+  RunQuery(sql, result);
+  while (!result.AtEnd()) {
+    ids.push_back(static_cast<std::uint32_t>(result.FieldInt(0, 0)));
+    result.NextRow();
+  }
+  return ids;
+}
+
+std::string MediaDB::QueryFirstText(const char* sql) {
+  CppSQLite3ResultSet result;
+  RunQuery(sql, result);
+  // Read without testing for the end: no row reads as the empty text.
+  const char* text = result.FieldText(0);
+  return text ? text : "";
+}
+
+int MediaDB::ExecuteChangeF(const char* format, ...) {
+  CppSQLite3SqlText sql;
+  va_list arguments;
+  va_start(arguments, format);
+  sql.FormatV(format, arguments);
+  va_end(arguments);
+  return ExecuteChange(sql);
+}
+
+int MediaDB::QueryIntF(const char* format, ...) {
+  CppSQLite3SqlText sql;
+  va_list arguments;
+  va_start(arguments, format);
+  sql.FormatV(format, arguments);
+  va_end(arguments);
+  return QueryInt(sql);
+}
+
+IdList MediaDB::QueryIdListF(const char* format, ...) {
+  CppSQLite3SqlText sql;
+  va_list arguments;
+  va_start(arguments, format);
+  sql.FormatV(format, arguments);
+  va_end(arguments);
+  return QueryIdList(sql);
+}
+
+template <class Record>
+std::unique_ptr<Record> MediaDB::QueryRecord(const char* format, int id) {
+  CppSQLite3SqlText sql;
+  sql.Format(format, id);
+  CppSQLite3ResultSet result;
+  RunQuery(sql, result);
+  if (result.AtEnd()) return nullptr;
+  auto record = std::make_unique<Record>();
+  LoadRecord(result, *record);
+  return record;
+}
+
+void MediaDB::Begin() { ExecuteChange("BEGIN"); }
+void MediaDB::Commit() { ExecuteChange("COMMIT"); }
+
+int MediaDB::AddVolume(CMediaVolume& volume) {
+  volume.VolID = ExecuteChangeF(
+      "INSERT INTO MediaVolumes(SerialNo,Name,VolType,DrvLtr,DisplayName,Description) "
+      "values (%Q,%Q,%d,%Q,%Q,%Q);",
+      volume.SerialNo.c_str(), volume.Name.c_str(), volume.VolType, volume.DrvLtr.c_str(),
+      volume.DisplayName.c_str(), volume.Description.c_str());
+  return volume.VolID;
+}
+
+int MediaDB::AddPath(CMediaPath& path) {
+  path.PathID = ExecuteChangeF(
+      "INSERT INTO MediaPaths(VolID,ParentID,DirtyBit,Name,FullPath) values (%d,%d,%d,%Q,%Q);",
+      path.VolID, path.ParentID, path.DirtyBit, path.Name.c_str(), path.FullPath.c_str());
+  return path.PathID;
+}
+
+int MediaDB::AddFile(CMediaFile& file) {
+  file.FileID = ExecuteChangeF(
+      "INSERT INTO MediaFiles( VolID,PathID,ScanState,DirtyBit,FileName,Type) "
+      "VALUES (%d,%d,%d,%d,%Q,%d);",
+      file.VolID, file.PathID, file.ScanState, file.DirtyBit, file.FileName.c_str(), file.Type);
+  return file.FileID;
+}
+
+int MediaDB::AddPlayList(CPlayList& playList) {
+  playList.PlayListID = ExecuteChangeF("INSERT INTO PlayLists(Name,FileIDs) VALUES (%Q,%Q);",
+                                       playList.Name.c_str(), playList.FileIDs.c_str());
+  return playList.PlayListID;
+}
+
+std::unique_ptr<CMediaVolume> MediaDB::GetVolume(int volId) {
+  return QueryRecord<CMediaVolume>("SELECT * FROM MediaVolumes WHERE VolID=%d;", volId);
+}
+
+std::unique_ptr<CMediaPath> MediaDB::GetPath(int pathId) {
+  return QueryRecord<CMediaPath>("SELECT * FROM MediaPaths WHERE PathID=%d;", pathId);
+}
+
+std::unique_ptr<CMediaFile> MediaDB::GetFile(int fileId) {
+  return QueryRecord<CMediaFile>("SELECT * FROM MediaFiles WHERE FileID=%d;", fileId);
+}
+
+std::unique_ptr<CPlayList> MediaDB::GetPlayList(int playListId) {
+  return QueryRecord<CPlayList>("SELECT * FROM PlayLists WHERE PlayListID=%d;", playListId);
+}
+
+IdList MediaDB::GetPlayListIds() { return QueryIdList("SELECT PlayListID FROM PlayLists;"); }
+
+IdList MediaDB::GetVolumeRootPathIds(int volId) {
+  return QueryIdListF("SELECT PathID FROM MediaPaths WHERE VolID=%d AND ParentID=-1;", volId);
+}
+
+IdList MediaDB::GetVolumeIds(int volType) {
+  if (volType == -1) return QueryIdList("SELECT VolID FROM MediaVolumes;");
+  return QueryIdListF("SELECT VolID FROM MediaVolumes WHERE VolType=%d;", volType);
+}
+
+IdList MediaDB::GetChildPathIds(int parentId) {
+  return QueryIdListF("SELECT PathID FROM MediaPaths WHERE ParentID=%d;", parentId);
+}
+
+IdList MediaDB::GetSubtreePathIds(int pathId) {
+  const std::string fullPath = GetTextField("MediaPaths", "FullPath", "PathID", pathId);
+  const int volId = GetIntField("MediaPaths", "VolID", "PathID", pathId);
+  // Compared as bytes: folders that differ only in letter case, or whose names
+  // hold "%" or "_", are different folders and must not fall into the subtree.
+  return QueryIdListF(
+      "SELECT PathID FROM MediaPaths WHERE instr(CAST(FullPath AS BLOB),CAST(%Q AS BLOB))=1 "
+      "AND VolID=%d;",
+      fullPath.c_str(), volId);
+}
+
+IdList MediaDB::GetPathFileIds(int pathId) {
+  return QueryIdListF("SELECT FileID FROM MediaFiles WHERE PathID=%d;", pathId);
+}
+
+IdList MediaDB::SearchFiles(const std::string& text) {
+  const char* t = text.c_str();
+  return QueryIdListF(
+      "SELECT FileID FROM MediaFiles WHERE FileName LIKE '%%%q%%' OR Title LIKE '%%%q%%' OR "
+      "Artist LIKE '%%%q%%'  OR id3Title LIKE '%%%q%%' OR id3Artist LIKE '%%%q%%';",
+      t, t, t, t, t);
+}
+
+int MediaDB::FindPath(const std::string& fullPath, int volId) {
+  return QueryIntF("SELECT PathID FROM MediaPaths WHERE FullPath=%Q AND VolID=%d",
+                   fullPath.c_str(), volId);
+}
+
+int MediaDB::FindFile(const std::string& fileName, int pathId) {
+  return QueryIntF("SELECT FileID FROM MediaFiles WHERE FileName=%Q AND PathID=%d",
+                   fileName.c_str(), pathId);
+}
+
+int MediaDB::FindVolumeBySerial(const std::string& serialNo) {
+  return QueryIntF("SELECT VolID FROM MediaVolumes WHERE SerialNo=%Q;", serialNo.c_str());
+}
+
+int MediaDB::GetIntField(const std::string& table, const std::string& column,
+                         const std::string& keyColumn, int keyValue) {
+  const std::string format = "SELECT " + column + " FROM " + table + " WHERE " + keyColumn + "=%d;";
+  return QueryIntF(format.c_str(), keyValue);
+}
+
+std::string MediaDB::GetTextField(const std::string& table, const std::string& column,
+                                  const std::string& keyColumn, int keyValue) {
+  const std::string format = "SELECT " + column + " FROM " + table + " WHERE " + keyColumn + "=%d;";
+  CppSQLite3SqlText sql;
+  sql.Format(format.c_str(), keyValue);
+  return QueryFirstText(sql);
+}
+
+int MediaDB::SetIntField(const std::string& table, const std::string& column, int value,
+                         const std::string& keyColumn, int keyValue) {
+  const std::string format = "UPDATE " + table + " SET " + column + "=%d WHERE " + keyColumn + "=%d;";
+  return ExecuteChangeF(format.c_str(), value, keyValue);
+}
+
+std::string MediaDB::GetVolumeSerial(int volId) {
+  return GetTextField("MediaVolumes", "SerialNo", "VolID", volId);
+}
+std::string MediaDB::GetPathFullPath(int pathId) {
+  return GetTextField("MediaPaths", "FullPath", "PathID", pathId);
+}
+std::string MediaDB::GetVolumeDrive(int volId) {
+  return GetTextField("MediaVolumes", "DrvLtr", "VolID", volId);
+}
+std::string MediaDB::GetPlayListFileIds(int playListId) {
+  return GetTextField("PlayLists", "FileIDs", "PlayLIstID", playListId);
+}
+int MediaDB::GetPathDirtyBit(int pathId) {
+  return GetIntField("MediaPaths", "DirtyBit", "PathID", pathId);
+}
+int MediaDB::GetFileScanState(int fileId) {
+  return GetIntField("MediaFiles", "ScanState", "FileID", fileId);
+}
+int MediaDB::GetVolumeType(int volId) {
+  return GetIntField("MediaVolumes", "VolType", "VolID", volId);
+}
+int MediaDB::GetPathVolume(int pathId) { return GetIntField("MediaPaths", "VolID", "PathID", pathId); }
+int MediaDB::GetFileVolume(int fileId) { return GetIntField("MediaFiles", "VolID", "FileID", fileId); }
+
+int MediaDB::SetFileScanState(int fileId, int state) {
+  return SetIntField("MediaFiles", "ScanState", state, "FileID", fileId);
+}
+int MediaDB::SetFileDirtyBit(int fileId, int bit) {
+  return SetIntField("MediaFiles", "DirtyBit", bit, "FileID", fileId);
+}
+int MediaDB::SetPathDirtyBit(int pathId, int bit) {
+  return SetIntField("MediaPaths", "DirtyBit", bit, "PathID", pathId);
+}
+int MediaDB::SetChildrenDirtyBit(int pathId, int bit) {
+  SetIntField("MediaPaths", "DirtyBit", bit, "ParentID", pathId);
+  return SetIntField("MediaFiles", "DirtyBit", bit, "PathID", pathId);
+}
+
+int MediaDB::UpdateVolumeInfo(const CMediaVolume& volume) {
+  return ExecuteChangeF("UPDATE MediaVolumes SET DisplayName=%Q,Description=%Q WHERE VolID=%d;",
+                        volume.DisplayName.c_str(), volume.Description.c_str(), volume.VolID);
+}
+
+int MediaDB::UpdateFileUserInfo(const CMediaFile& file) {
+  return ExecuteChangeF(
+      "UPDATE MediaFiles SET Title=%Q,Artist=%Q,Album=%Q,Comment=%Q,Rating=%d WHERE FileID=%d;",
+      file.Title.c_str(), file.Artist.c_str(), file.Album.c_str(), file.Comment.c_str(),
+      file.Rating, file.FileID);
+}
+
+int MediaDB::UpdateFileTags(const CMediaFile& file) {
+  return ExecuteChangeF(
+      "UPDATE MediaFiles SET id3Title=%Q,id3Artist=%Q,id3Album=%Q,id3Comment=%Q WHERE FileID=%d;",
+      file.id3Title.c_str(), file.id3Artist.c_str(), file.id3Album.c_str(),
+      file.id3Comment.c_str(), file.FileID);
+}
+
+int MediaDB::UpdateFileProperties(const CMediaFile& file) {
+  return ExecuteChangeF(
+      "UPDATE MediaFiles SET Length=%d,BitRate=%d,SampleRate=%d,Channels=%d WHERE FileID=%d;",
+      file.Length, file.BitRate, file.SampleRate, file.Channels, file.FileID);
+}
+
+int MediaDB::DeleteDirtyFiles(int pathId, int bit) {
+  return ExecuteChangeF("DELETE FROM MediaFiles WHERE PathID=%d AND DirtyBit=%d;", pathId, bit);
+}
+
+int MediaDB::DeletePathFiles(int pathId) {
+  return ExecuteChangeF("DELETE FROM MediaFiles WHERE PathID=%d;", pathId);
+}
+
+int MediaDB::DeletePath(int pathId) {
+  return ExecuteChangeF("DELETE FROM MediaPaths WHERE PathID=%d;", pathId);
+}
+
+void MediaDB::DeletePathTree(int pathId) {
+  for (std::uint32_t id : GetSubtreePathIds(pathId)) {
+    DeletePathFiles(static_cast<int>(id));
+    DeletePath(static_cast<int>(id));
+  }
+}
+
+void MediaDB::DeleteVolume(int volId) {
+  ExecuteChangeF("DELETE FROM MediaFiles WHERE VolID=%d;", volId);
+  ExecuteChangeF("DELETE FROM MediaPaths WHERE VolID=%d;", volId);
+  ExecuteChangeF("DELETE FROM MediaVolumes WHERE VolID=%d;", volId);
+}
+
+int MediaDB::DeletePlayList(int playListId) {
+  return ExecuteChangeF("DELETE FROM PlayLists WHERE PlayListID=%d;", playListId);
+}
+
+int MediaDB::SetConfig(int configId, const std::string& value, bool insert) {
+  if (insert)
+    return ExecuteChangeF("INSERT INTO Configs(ConfigID,Value) VALUES(%d,%Q);", configId,
+                          value.c_str());
+  return ExecuteChangeF("UPDATE Configs SET Value=%Q WHERE ConfigID=%d;", value.c_str(), configId);
+}
+
+std::string MediaDB::GetConfig(int configId) {
+  CppSQLite3SqlText sql;
+  sql.Format("SELECT Value FROM Configs WHERE ConfigID=%d;", configId);
+  CppSQLite3ResultSet result;
+  RunQuery(sql, result);
+  const char* value = result.FieldText("Value");
+  return value ? value : "";
+}
+
+void MediaDB::ObserveStatements(std::function<void(const char*)> observer) {
+  db_.ObserveStatements(std::move(observer));
+}

@@ -1,0 +1,122 @@
+#pragma once
+// The catalogue: every statement of the system, over one SQLite connection.
+//
+// Values are formatted into the SQL text (%d, %Q, %q); nothing is bound and no
+// statement is kept. A statement that fails to run ends the process with exit
+// status 1 after writing SQLite's message to standard error. Transactions are
+// plain BEGIN and COMMIT issued by callers. Ids come back in the order SQLite
+// returns the rows. Records returned are owned by the caller.
+//
+// Used from the user-interface thread, and from a scan worker while the modal
+// scan dialog keeps the user-interface thread away.
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "catalogue/CppSQLite3Database.h"
+#include "catalogue/Records.h"
+
+namespace platform {
+class FileSystem;
+}
+
+using IdList = std::vector<std::uint32_t>;
+
+class MediaDB {
+ public:
+  static constexpr const char* kFileName = "Quillora.db";
+
+  MediaDB() = default;
+  virtual ~MediaDB() = default;
+
+  // Opens kFileName in the program folder (a Linux folder ending in "/").
+  // Returns 1 when the file was new (its tables were created), 0 otherwise.
+  // A failure to open the file is thrown as CppSQLite3Exception.
+  int Open(const std::string& programFolder, const platform::FileSystem& files);
+  void CreateTables();
+
+  int ExecuteChange(const char* sql);
+  void RunQuery(const char* sql, CppSQLite3ResultSet& result);
+  int QueryInt(const char* sql);
+  IdList QueryIdList(const char* sql);
+  void Begin();
+  void Commit();
+
+  int AddVolume(CMediaVolume& volume);
+  int AddPath(CMediaPath& path);
+  int AddFile(CMediaFile& file);
+  int AddPlayList(CPlayList& playList);
+
+  std::unique_ptr<CMediaVolume> GetVolume(int volId);
+  std::unique_ptr<CMediaPath> GetPath(int pathId);
+  std::unique_ptr<CMediaFile> GetFile(int fileId);
+  std::unique_ptr<CPlayList> GetPlayList(int playListId);
+
+  IdList GetPlayListIds();
+  IdList GetVolumeRootPathIds(int volId);
+  IdList GetVolumeIds(int volType);  // -1: every volume
+  IdList GetChildPathIds(int parentId);
+  // The folder itself and every folder of its volume whose stored path begins
+  // with its stored path, letter for letter ("%" and "_" taken literally).
+  IdList GetSubtreePathIds(int pathId);
+  IdList GetPathFileIds(int pathId);
+  // Files whose name, titles or artists hold the text (ASCII case ignored;
+  // "%" and "_" act as wildcards).
+  IdList SearchFiles(const std::string& text);
+
+  int FindPath(const std::string& fullPath, int volId);
+  int FindFile(const std::string& fileName, int pathId);
+  int FindVolumeBySerial(const std::string& serialNo);
+
+  int GetIntField(const std::string& table, const std::string& column,
+                  const std::string& keyColumn, int keyValue);
+  std::string GetTextField(const std::string& table, const std::string& column,
+                           const std::string& keyColumn, int keyValue);
+  int SetIntField(const std::string& table, const std::string& column, int value,
+                  const std::string& keyColumn, int keyValue);
+
+  std::string GetVolumeSerial(int volId);
+  std::string GetPathFullPath(int pathId);
+  std::string GetVolumeDrive(int volId);
+  std::string GetPlayListFileIds(int playListId);
+  int GetPathDirtyBit(int pathId);
+  int GetFileScanState(int fileId);
+  int GetVolumeType(int volId);
+  int GetPathVolume(int pathId);
+  int GetFileVolume(int fileId);
+  int SetFileScanState(int fileId, int state);
+  int SetFileDirtyBit(int fileId, int bit);
+  int SetPathDirtyBit(int pathId, int bit);
+  int SetChildrenDirtyBit(int pathId, int bit);
+
+  int UpdateVolumeInfo(const CMediaVolume& volume);
+  int UpdateFileUserInfo(const CMediaFile& file);
+  int UpdateFileTags(const CMediaFile& file);
+  int UpdateFileProperties(const CMediaFile& file);
+
+  int DeleteDirtyFiles(int pathId, int bit);
+  int DeletePathFiles(int pathId);
+  int DeletePath(int pathId);
+  void DeletePathTree(int pathId);
+  void DeleteVolume(int volId);
+  int DeletePlayList(int playListId);
+
+  int SetConfig(int configId, const std::string& value, bool insert);
+  std::string GetConfig(int configId);
+
+  // See CppSQLite3Database::ObserveStatements.
+  void ObserveStatements(std::function<void(const char*)> observer);
+
+ private:
+  int ExecuteChangeF(const char* format, ...);
+  int QueryIntF(const char* format, ...);
+  IdList QueryIdListF(const char* format, ...);
+  std::string QueryFirstText(const char* sql);
+  template <class Record>
+  std::unique_ptr<Record> QueryRecord(const char* format, int id);
+
+  CppSQLite3Database db_;
+};

@@ -1,0 +1,196 @@
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "tests/catalogue/CatalogueFixture.h"
+
+namespace {
+
+std::vector<std::string> SchemaObjects(const std::string& dbPath) {
+  sqlite3* raw = nullptr;
+  sqlite3_open(dbPath.c_str(), &raw);
+  std::vector<std::string> names;
+  sqlite3_exec(
+      raw, "SELECT type || ' ' || name || ': ' || sql FROM sqlite_master ORDER BY name;",
+      [](void* out, int, char** values, char**) {
+        static_cast<std::vector<std::string>*>(out)->push_back(values[0]);
+        return 0;
+      },
+      &names, nullptr);
+  sqlite3_close(raw);
+  return names;
+}
+
+IdList Sorted(IdList ids) {
+  std::sort(ids.begin(), ids.end());
+  return ids;
+}
+
+TEST_F(CatalogueTest, NewCatalogueHoldsExactlyTheFiveTables) {
+  const auto objects = SchemaObjects(folder.Path() + "/Quillora.db");
+  ASSERT_EQ(objects.size(), 5u);
+  EXPECT_EQ(objects[0],
+            "table Configs: CREATE TABLE Configs(ConfigID INTEGER, Value TEXT)");
+  EXPECT_EQ(objects[1],
+            "table MediaFiles: CREATE TABLE MediaFiles (  FileID INTEGER PRIMARY KEY,VolID "
+            "INTEGER, PathID INTEGER,ScanState INTEGER,  FileName TEXT, Type INTEGER, Size "
+            "INTEGER, DirtyBit INTEGER,  Title TEXT, Artist TEXT,Album TEXT, Rating "
+            "INTEGER,Comment TEXT,  id3Title TEXT, id3Artist TEXT,id3Album,id3Genre TEXT,"
+            "id3Comment TEXT,  Length INTEGER,BitRate INTEGER,SampleRate INTEGER,Channels "
+            "INTEGER)");
+  EXPECT_EQ(objects[4],
+            "table PlayLists: CREATE TABLE PlayLists ( PlayListID INTEGER PRIMARY KEY, Name "
+            "TEXT, FileIDs TEXT)");
+  MediaDB again;
+  EXPECT_EQ(again.Open(folder.Path() + "/", files), 0);
+}
+
+TEST_F(CatalogueTest, TextsWithQuotesAndOddLettersRoundTrip) {
+  const int vol = AddVolume("305419896", 5, "Bach's \"Best\" 100% _é");
+  const int path = AddPath(vol, "\\It's\\");
+  const int fileId = AddFile(vol, path, "Don't Stop.mp3");
+  EXPECT_EQ(db.FindVolumeBySerial("305419896"), vol);
+  EXPECT_EQ(db.GetVolume(vol)->DisplayName, "Bach's \"Best\" 100% _é");
+  EXPECT_EQ(db.FindPath("\\It's\\", vol), path);
+  EXPECT_EQ(db.FindFile("Don't Stop.mp3", path), fileId);
+  EXPECT_EQ(db.FindFile("don't stop.mp3", path), -1);  // exact comparison
+
+  auto file = db.GetFile(fileId);
+  file->Title = "Rock 'n' Roll";
+  file->Rating = 4;
+  db.UpdateFileUserInfo(*file);
+  file = db.GetFile(fileId);
+  EXPECT_EQ(file->Title, "Rock 'n' Roll");
+  EXPECT_EQ(file->Rating, 4);
+  EXPECT_EQ(Sorted(db.SearchFiles("'n'")), IdList{static_cast<std::uint32_t>(fileId)});
+}
+
+TEST_F(CatalogueTest, MissingRowsAndNullColumns) {
+  EXPECT_EQ(db.GetFile(99), nullptr);
+  EXPECT_EQ(db.GetVolumeType(99), -1);
+  EXPECT_EQ(db.GetPathFullPath(99), "");
+  EXPECT_EQ(db.GetConfig(405), "");
+  const int vol = AddVolume("1", 3);
+  const int fileId = AddFile(vol, AddPath(vol, "\\"), "a.mp3");
+  auto file = db.GetFile(fileId);
+  EXPECT_EQ(file->Rating, 0);  // NULL until edited
+  EXPECT_EQ(file->Title, "");
+  EXPECT_EQ(db.GetFileScanState(fileId), 0);
+  // What the system never writes stays NULL.
+  db.UpdateFileTags(*file);
+  EXPECT_EQ(db.QueryInt("SELECT count(*) FROM MediaFiles WHERE Size IS NULL AND id3Genre IS NULL;"), 1);
+  // ExecuteChange answers the connection's last insert id, not a count.
+  EXPECT_EQ(db.SetFileScanState(fileId, 2), fileId);
+}
+
+TEST_F(CatalogueTest, VolumesListedAllOrByType) {
+  const int cd = AddVolume("1", 5);
+  const int disk = AddVolume("2", 3);
+  EXPECT_EQ(db.GetVolumeIds(-1), (IdList{std::uint32_t(cd), std::uint32_t(disk)}));
+  EXPECT_EQ(db.GetVolumeIds(5), IdList{std::uint32_t(cd)});
+}
+
+TEST_F(CatalogueTest, SubtreeIsMatchedLetterForLetter) {
+  const int vol = AddVolume("1", 3);
+  const int other = AddVolume("2", 3);
+  const int music = AddPath(vol, "\\Music\\");
+  const int rock = AddPath(vol, "\\Music\\Rock\\", music);
+  const int upper = AddPath(vol, "\\MUSIC\\Jazz\\");
+  const int musicals = AddPath(vol, "\\Musicals\\");
+  const int elsewhere = AddPath(other, "\\Music\\Pop\\");
+  const int underscore = AddPath(vol, "\\a_c\\");
+  const int abc = AddPath(vol, "\\abc\\");
+  EXPECT_EQ(Sorted(db.GetSubtreePathIds(music)), (IdList{std::uint32_t(music), std::uint32_t(rock)}));
+  EXPECT_EQ(db.GetSubtreePathIds(underscore), IdList{std::uint32_t(underscore)});
+  EXPECT_EQ(db.GetSubtreePathIds(12345), IdList{});
+  (void)upper, (void)musicals, (void)elsewhere, (void)abc;
+}
+
+TEST_F(CatalogueTest, RemovalsCascadeButKeepPlayLists) {
+  const int vol = AddVolume("1", 3);
+  const int keep = AddVolume("2", 3);
+  const int music = AddPath(vol, "\\Music\\");
+  const int rock = AddPath(vol, "\\Music\\Rock\\", music);
+  const int sibling = AddPath(vol, "\\Musicals\\");
+  const int a = AddFile(vol, rock, "a.mp3");
+  const int b = AddFile(vol, sibling, "b.mp3");
+  const int kept = AddFile(keep, AddPath(keep, "\\"), "c.mp3");
+  CPlayList list;
+  list.Name = "Mix";
+  list.FileIDs = std::to_string(a) + "," + std::to_string(b);
+  db.AddPlayList(list);
+
+  db.DeletePathTree(music);
+  EXPECT_EQ(db.GetFile(a), nullptr);
+  EXPECT_EQ(db.GetPath(rock), nullptr);
+  EXPECT_NE(db.GetFile(b), nullptr);
+
+  db.DeleteVolume(vol);
+  EXPECT_EQ(db.GetFile(b), nullptr);
+  EXPECT_EQ(db.GetVolume(vol), nullptr);
+  EXPECT_EQ(db.GetPathVolume(sibling), -1);
+  EXPECT_NE(db.GetFile(kept), nullptr);
+  EXPECT_EQ(db.GetPlayListFileIds(list.PlayListID), list.FileIDs);
+}
+
+TEST_F(CatalogueTest, QuickSearchIgnoresAsciiCaseAndKeepsWildcards) {
+  const int vol = AddVolume("1", 3);
+  const int path = AddPath(vol, "\\");
+  const int abc = AddFile(vol, path, "ABC.mp3");
+  const int other = AddFile(vol, path, "xyz.mp3");
+  EXPECT_EQ(db.SearchFiles("abc"), IdList{std::uint32_t(abc)});
+  EXPECT_EQ(Sorted(db.SearchFiles("%")), (IdList{std::uint32_t(abc), std::uint32_t(other)}));
+  EXPECT_EQ(db.SearchFiles("a_c"), IdList{std::uint32_t(abc)});
+}
+
+TEST_F(CatalogueTest, DirtyBitsOfChildrenAndDirtyFileSweep) {
+  const int vol = AddVolume("1", 3);
+  const int root = AddPath(vol, "\\");
+  const int child = AddPath(vol, "\\A\\", root);
+  const int a = AddFile(vol, root, "a.mp3");
+  const int b = AddFile(vol, root, "b.mp3");
+  db.SetChildrenDirtyBit(root, 1);
+  EXPECT_EQ(db.GetPathDirtyBit(child), 1);
+  EXPECT_EQ(db.GetPathDirtyBit(root), 0);
+  db.SetFileDirtyBit(a, 0);
+  db.DeleteDirtyFiles(root, 1);
+  EXPECT_NE(db.GetFile(a), nullptr);
+  EXPECT_EQ(db.GetFile(b), nullptr);
+}
+
+TEST(Records, DumpTexts) {
+  CMediaFile file;
+  file.VolID = 2;
+  file.PathID = 3;
+  file.FileName = "a.mp3";
+  file.Artist = "X";
+  std::ostringstream out;
+  file.Dump(out);
+  EXPECT_EQ(out.str(), "MF_Dump: VolID=2; PathID=3; File=a.mp3; Title=; Artist=X; comment=");
+  CMediaVolume volume;
+  volume.VolID = 1;
+  volume.Name = "CD";
+  volume.VolType = 5;
+  volume.SerialNo = "42";
+  out.str("");
+  volume.Dump(out);
+  EXPECT_EQ(out.str(), "MV_Dump: VolID=1; Name=CD; Type=5; SN=42");
+  CPlayList list;
+  out.str("");
+  list.Dump(out);
+  EXPECT_EQ(out.str(), "");
+}
+
+using CatalogueDeathTest = CatalogueTest;
+
+TEST_F(CatalogueDeathTest, FailingStatementEndsTheProcessWithStatusOne) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_EXIT(db.ExecuteChange("DELETE FROM NoSuchTable;"), ::testing::ExitedWithCode(1),
+              "no such table: NoSuchTable");
+  EXPECT_EXIT(db.QueryInt("SELECT NoSuchColumn FROM MediaFiles;"), ::testing::ExitedWithCode(1),
+              "no such column");
+}
+
+}  // namespace
