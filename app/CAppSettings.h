@@ -1,0 +1,61 @@
+#pragma once
+// The settings, kept in the catalogue's Configs table as numbered texts.
+// Loaded once at start-up and saved once at exit; in between, commands change
+// only the fields here.
+
+#include <cstdint>
+#include <string>
+
+class MediaDB;
+
+class CAppSettings {
+ public:
+  enum ConfigId : int {
+    kCatalogueVersion = 1,
+    kCdDrive = 405,
+    kCacheFolder = 410,
+    kMainLeft = 505,
+    kMainTop = 510,
+    kMainHeight = 515,
+    kMainWidth = 520,
+    kSplitter = 525,
+    kPlayListLeft = 530,
+    kPlayListTop = 535,
+    kPlayListHeight = 540,
+    kPlayListWidth = 545,
+    kPlayListFolder = 605,
+  };
+
+  CAppSettings(MediaDB& db, std::string programFolder);
+  virtual ~CAppSettings() = default;
+
+  std::string catalogueVersion;
+  std::string programFolder;  // where the catalogue lies; not stored
+  std::string cdDrive;
+  std::string cacheFolder;
+  std::int32_t mainLeft = 40;
+  std::int32_t mainTop = 100;
+  std::int32_t mainHeight = 400;
+  std::int32_t mainWidth = 500;
+  std::int32_t playListLeft = 550;
+  std::int32_t playListTop = 100;
+  std::int32_t playListHeight = 400;
+  std::int32_t playListWidth = 210;
+  std::int32_t splitter = 100;
+  std::string playListFolder;
+  std::string lastAddedFolder;  // the folder last chosen by Add HD; this run only
+
+  std::string GetConfigText(int configId);
+  int GetConfigInt(int configId);
+  void SetConfigText(int configId, const std::string& value, bool insert);
+  void SetConfigInt(int configId, int value, bool insert);
+
+  // Reads every stored setting, one statement each.
+  void Load();
+  // Writes every setting but the catalogue version in one transaction: new rows
+  // when insert is true, updates of the existing rows otherwise.
+  void Save(bool insert);
+
+ private:
+  MediaDB& db_;
+};

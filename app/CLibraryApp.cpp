@@ -1,0 +1,37 @@
+#include "app/CLibraryApp.h"
+
+#include "platform/DriveTable.h"
+#include "platform/FileSystem.h"
+#include "platform/MessageBox.h"
+
+CLibraryApp::CLibraryApp(std::string programFolder, PlatformServices services)
+    : platform_(services),
+      settings_(db_, std::move(programFolder)),
+      drives_(services.drives, services.files, services.messages) {}
+
+CLibraryApp::StartResult CLibraryApp::Start() {
+  const bool created = db_.Open(settings_.programFolder, platform_.files) == 1;
+  if (created) WriteFirstRunSettings();
+  settings_.Load();
+  if (VersionAccepted()) return StartResult::Ready;
+  platform_.messages.Show("Incompatible database version (" + settings_.catalogueVersion + ")!",
+                          platform::Buttons::Ok, platform::Icon::Error);
+  return StartResult::Refused;
+}
+
+void CLibraryApp::WriteFirstRunSettings() {
+  settings_.SetConfigText(CAppSettings::kCatalogueVersion, kNewCatalogueVersion, true);
+  settings_.cacheFolder = kDefaultCacheFolder;
+  // A folder that cannot be made is noticed later, when a copy to it fails.
+  platform_.files.CreateFolder(settings_.cacheFolder);
+  const auto cdDrives = drives_.GetDriveList(platform::kDriveCdRom);
+  settings_.cdDrive = cdDrives.empty() ? "" : cdDrives.front();
+  settings_.Save(true);
+}
+
+bool CLibraryApp::VersionAccepted() const {
+  // A plain substring test: "2", "1;2" and the empty text pass too.
+  return std::string(kAcceptedVersions).find(settings_.catalogueVersion) != std::string::npos;
+}
+
+void CLibraryApp::Exit() { settings_.Save(false); }

@@ -1,0 +1,36 @@
+#pragma once
+// One command of the console: it declares its arguments on a CLI11
+// subcommand when constructed and runs between start-up and exit.
+
+#include <cstdio>
+#include <stdexcept>
+#include <string>
+
+namespace CLI {
+class App;
+}
+class CLibraryApp;
+
+// A wrong argument noticed while a command runs (exit status 2).
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+class ConsoleCommand {
+ public:
+  virtual ~ConsoleCommand() = default;
+  // Whether this command was named on the command line.
+  virtual bool Chosen() const = 0;
+  // Returns the exit status; throws UsageError for a wrong argument.
+  virtual int Run(CLibraryApp& app, std::FILE* out) = 0;
+};
+
+// A FOLDER argument as a drive path: a drive path ("C:\Music") is taken as it
+// is; a Linux path is put on a drive letter. Throws UsageError when no drive
+// of the table holds it.
+std::string FolderArgument(CLibraryApp& app, const std::string& argument);
+
+// A text as one line for the terminal: tabs and line breaks become blanks,
+// and bytes that are not UTF-8 are shown as Latin-1 letters.
+std::string OneLine(const std::string& text);

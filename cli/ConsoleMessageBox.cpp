@@ -1,0 +1,53 @@
+#include "cli/ConsoleMessageBox.h"
+
+#include <cctype>
+#include <string>
+
+namespace {
+
+platform::Answer Positive(platform::Buttons buttons) {
+  return buttons == platform::Buttons::RetryCancel ? platform::Answer::Retry : platform::Answer::Ok;
+}
+
+std::string FirstWordLower(const char* line) {
+  std::string word;
+  for (const char* c = line; *c && !std::isspace(static_cast<unsigned char>(*c)); ++c)
+    word += static_cast<char>(std::tolower(static_cast<unsigned char>(*c)));
+  return word;
+}
+
+}  // namespace
+
+ConsoleMessageBox::ConsoleMessageBox(AnswerPolicy policy, std::FILE* in, std::FILE* out,
+                                     bool interactive)
+    : policy_(policy), in_(in), out_(out), interactive_(interactive) {}
+
+platform::Answer ConsoleMessageBox::Show(const std::string& text, platform::Buttons buttons,
+                                         platform::Icon) {
+  std::lock_guard lock(mutex_);
+  std::fprintf(out_, "%s\n", text.c_str());
+  std::fflush(out_);
+  if (buttons == platform::Buttons::Ok) return platform::Answer::Ok;
+  switch (policy_) {
+    case AnswerPolicy::Yes: return Positive(buttons);
+    case AnswerPolicy::No: return platform::Answer::Cancel;
+    case AnswerPolicy::Ask: break;
+  }
+  return interactive_ ? AskOnTerminal(buttons) : platform::Answer::Cancel;
+}
+
+platform::Answer ConsoleMessageBox::AskOnTerminal(platform::Buttons buttons) {
+  const bool retry = buttons == platform::Buttons::RetryCancel;
+  for (;;) {
+    std::fprintf(out_, retry ? "[Retry/Cancel] " : "[OK/Cancel] ");
+    std::fflush(out_);
+    char line[256];
+    if (!std::fgets(line, sizeof line, in_)) return platform::Answer::Cancel;
+    const std::string word = FirstWordLower(line);
+    if (word == "c" || word == "cancel" || word == "n" || word == "no")
+      return platform::Answer::Cancel;
+    if ((retry && (word == "r" || word == "retry")) ||
+        (!retry && (word == "o" || word == "ok")) || word == "y" || word == "yes")
+      return Positive(buttons);
+  }
+}

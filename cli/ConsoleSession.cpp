@@ -1,0 +1,81 @@
+#include "cli/ConsoleSession.h"
+
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <vector>
+
+#include "app/CLibraryApp.h"
+#include "catalogue/CppSQLite3Exception.h"
+#include "cli/ConsoleMessageBox.h"
+#include "cli/DrivesCommand.h"
+#include "cli/OptionsCommand.h"
+#include "platform/LinuxDriveTable.h"
+#include "platform/LinuxFileSystem.h"
+#include "platform/ProgramFolder.h"
+
+namespace {
+
+constexpr int kDone = 0;
+constexpr int kCatalogueFailed = 1;
+constexpr int kWrongCommandLine = 2;
+constexpr int kCatalogueRefused = 3;
+
+int RunSession(ConsoleCommand& command, AnswerPolicy policy) {
+  const std::string programFolder = platform::ProgramFolder();
+  platform::LinuxDriveTable::CreateDefaultIfMissing(programFolder);
+  platform::LinuxDriveTable drives(programFolder);
+  platform::LinuxFileSystem files(drives);
+  ConsoleMessageBox messages(policy, stdin, stdout, isatty(STDIN_FILENO) == 1);
+  CLibraryApp app(programFolder, PlatformServices{drives, files, messages});
+
+  try {
+    if (app.Start() == CLibraryApp::StartResult::Refused) {
+      app.Exit();
+      return kCatalogueRefused;
+    }
+  } catch (const CppSQLite3Exception& failure) {
+    std::fprintf(stderr, "vantrelle-cli: cannot open the catalogue: %s\n", failure.Message());
+    return kCatalogueFailed;
+  }
+
+  int status = kDone;
+  try {
+    status = command.Run(app, stdout);
+  } catch (const UsageError& error) {
+    std::fprintf(stderr, "vantrelle-cli: %s\n", error.what());
+    status = kWrongCommandLine;
+  }
+  app.Exit();
+  return status;
+}
+
+}  // namespace
+
+int RunConsole(int argc, char** argv) {
+  CLI::App cli{"The console face of Vantrelle: catalogue, search and play music on disks and CDs.",
+               "vantrelle-cli"};
+  cli.require_subcommand(1);
+  bool yes = false, no = false;
+  auto* yesFlag = cli.add_flag("--yes", yes, "Answer every question with OK (or Retry)");
+  cli.add_flag("--no", no, "Answer every question with Cancel")->excludes(yesFlag);
+
+  std::vector<std::unique_ptr<ConsoleCommand>> commands;
+  commands.push_back(std::make_unique<OptionsCommand>(cli));
+  commands.push_back(std::make_unique<DrivesCommand>(cli));
+
+  try {
+    cli.parse(argc, argv);
+  } catch (const CLI::CallForHelp& help) {
+    return cli.exit(help);
+  } catch (const CLI::ParseError& error) {
+    std::fprintf(stderr, "vantrelle-cli: %s\n", error.what());
+    return kWrongCommandLine;
+  }
+
+  const AnswerPolicy policy = yes ? AnswerPolicy::Yes : no ? AnswerPolicy::No : AnswerPolicy::Ask;
+  for (auto& command : commands)
+    if (command->Chosen()) return RunSession(*command, policy);
+  return kWrongCommandLine;
+}

@@ -1,0 +1,5 @@
+#pragma once
+// One run of the console: parse the command line, start up, run one command,
+// exit. Exit statuses: 0 done (a cancelled question included); 1 a catalogue
+// statement failed; 2 a wrong command line or id; 3 the catalogue was refused.
+int RunConsole(int argc, char** argv);

@@ -1,0 +1,30 @@
+#include "cli/DrivesCommand.h"
+
+#include <CLI/CLI.hpp>
+
+#include "app/CLibraryApp.h"
+#include "platform/DriveTable.h"
+
+DrivesCommand::DrivesCommand(CLI::App& parent)
+    : command_(parent.add_subcommand("drives", "List the drive table")) {}
+
+bool DrivesCommand::Chosen() const { return command_->parsed(); }
+
+int DrivesCommand::Run(CLibraryApp& app, std::FILE* out) {
+  platform::DriveTable& table = app.Platform().drives;
+  std::fprintf(out, "Drive\tType\tRoot\tReady\tSerial\tLabel\n");
+  for (const std::string& drive : app.Drives().GetDriveList(-1)) {
+    const char letter = drive[0];
+    const bool ready = app.Drives().IsDriveReady(drive);
+    std::string serial, label;
+    if (ready) {
+      const auto volume = app.Drives().ReadVolumeInfo(drive);
+      serial = volume->SerialNo;
+      label = volume->Name;
+    }
+    std::fprintf(out, "%c:\t%d\t%s\t%s\t%s\t%s\n", letter, table.Type(letter),
+                 OneLine(table.RootFolder(letter)).c_str(), ready ? "ready" : "not ready",
+                 serial.c_str(), OneLine(label).c_str());
+  }
+  return 0;
+}

@@ -1,0 +1,14 @@
+#pragma once
+#include "cli/ConsoleCommand.h"
+
+// `drives`: the drive table, one drive a line: letter, type number, root
+// folder, ready or not, serial number, label.
+class DrivesCommand : public ConsoleCommand {
+ public:
+  explicit DrivesCommand(CLI::App& parent);
+  bool Chosen() const override;
+  int Run(CLibraryApp& app, std::FILE* out) override;
+
+ private:
+  CLI::App* command_;
+};

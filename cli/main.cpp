@@ -1,0 +1,3 @@
+#include "cli/ConsoleSession.h"
+
+int main(int argc, char** argv) { return RunConsole(argc, argv); }

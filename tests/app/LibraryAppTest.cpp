@@ -1,0 +1,169 @@
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "app/CLibraryApp.h"
+#include "platform/LinuxDriveTable.h"
+#include "platform/LinuxFileSystem.h"
+#include "tests/support/ScriptedMessageBox.h"
+#include "tests/support/TempFolder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// A program folder with a fixed disk C and an empty CD drive E.
+class LibraryAppTest : public ::testing::Test {
+ protected:
+  LibraryAppTest() : table(folder.Path()), files(table) {
+    testing_support::TestDrives drives(folder.Path());
+    drives.AddFixed('C', folder.MakeFolder("home"));
+    drives.AddCd('E');
+  }
+
+  std::unique_ptr<CLibraryApp> NewApp() {
+    return std::make_unique<CLibraryApp>(folder.Path() + "/",
+                                         PlatformServices{table, files, messages});
+  }
+
+  std::vector<std::string> StatementsOf(CLibraryApp& app, const std::function<void()>& action) {
+    std::vector<std::string> statements;
+    app.Db().ObserveStatements([&](const char* sql) { statements.emplace_back(sql); });
+    action();
+    app.Db().ObserveStatements(nullptr);
+    return statements;
+  }
+
+  std::string Config(CLibraryApp& app, int id) { return app.Db().GetConfig(id); }
+
+  testing_support::TempFolder folder;
+  platform::LinuxDriveTable table;
+  platform::LinuxFileSystem files;
+  testing_support::ScriptedMessageBox messages;
+};
+
+TEST_F(LibraryAppTest, FirstStartWritesTheDefaultsAndMakesTheCacheFolder) {
+  auto app = NewApp();
+  ASSERT_EQ(app->Start(), CLibraryApp::StartResult::Ready);
+  const std::vector<std::pair<int, std::string>> expected = {
+      {1, "2.1"},   {405, "E"},   {410, "C:\\QORCache"}, {505, "40"}, {510, "100"},
+      {515, "400"}, {520, "500"}, {525, "100"},          {530, "550"}, {535, "100"},
+      {540, "400"}, {545, "210"}, {605, ""}};
+  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 13);
+  for (const auto& [id, value] : expected) EXPECT_EQ(Config(*app, id), value) << id;
+  EXPECT_TRUE(fs::is_directory(folder.Path() + "/home/QORCache"));
+  EXPECT_TRUE(messages.Shown().empty());
+}
+
+TEST_F(LibraryAppTest, LaterStartsInsertNothingAndExitUpdatesInOneTransaction) {
+  NewApp()->Start();
+  fs::remove(folder.Path() + "/home/QORCache");  // not made again on later starts
+  auto app = NewApp();
+  const auto startStatements = StatementsOf(*app, [&] { app->Start(); });
+  for (const auto& sql : startStatements) EXPECT_EQ(sql.find("INSERT"), std::string::npos) << sql;
+  EXPECT_FALSE(fs::exists(folder.Path() + "/home/QORCache"));
+
+  const auto exitStatements = StatementsOf(*app, [&] { app->Exit(); });
+  ASSERT_EQ(exitStatements.size(), 14u);
+  EXPECT_EQ(exitStatements.front(), "BEGIN");
+  EXPECT_EQ(exitStatements.back(), "COMMIT");
+  EXPECT_EQ(exitStatements[1], "UPDATE Configs SET Value='E' WHERE ConfigID=405;");
+  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 13);
+}
+
+TEST_F(LibraryAppTest, SettingsSurviveARestart) {
+  {
+    auto app = NewApp();
+    app->Start();
+    CAppSettings& s = app->Settings();
+    s.cacheFolder = "C:\\It's a cache";
+    s.cdDrive = "F";
+    s.mainLeft = -20;
+    s.splitter = 233;
+    s.playListWidth = 321;
+    s.playListFolder = "C:\\Lists\\";
+    s.lastAddedFolder = "C:\\Music\\";
+    app->Exit();
+  }
+  auto app = NewApp();
+  app->Start();
+  const CAppSettings& s = app->Settings();
+  EXPECT_EQ(s.cacheFolder, "C:\\It's a cache");
+  EXPECT_EQ(s.cdDrive, "F");
+  EXPECT_EQ(s.mainLeft, -20);
+  EXPECT_EQ(s.splitter, 233);
+  EXPECT_EQ(s.playListWidth, 321);
+  EXPECT_EQ(s.playListFolder, "C:\\Lists\\");
+  EXPECT_EQ(s.lastAddedFolder, "");  // kept for one run only
+}
+
+TEST_F(LibraryAppTest, CatalogueVersionTest) {
+  NewApp()->Start();
+  for (const auto& [version, accepted] : std::vector<std::pair<std::string, bool>>{
+           {"3.0", false}, {"2", true}, {"1;2", true}, {"2.0", true}, {"2.2", false}}) {
+    {
+      MediaDB db;
+      db.Open(folder.Path() + "/", files);
+      db.SetConfig(1, version, false);
+    }
+    auto app = NewApp();
+    EXPECT_EQ(app->Start() == CLibraryApp::StartResult::Ready, accepted) << version;
+  }
+  ASSERT_EQ(messages.Shown().size(), 2u);
+  EXPECT_EQ(messages.Shown()[0].text, "Incompatible database version (3.0)!");
+  EXPECT_EQ(messages.Shown()[0].icon, platform::Icon::Error);
+
+  // A catalogue without a version row is accepted.
+  {
+    MediaDB db;
+    db.Open(folder.Path() + "/", files);
+    db.ExecuteChange("DELETE FROM Configs WHERE ConfigID=1;");
+  }
+  EXPECT_EQ(NewApp()->Start(), CLibraryApp::StartResult::Ready);
+  EXPECT_EQ(messages.Shown().size(), 2u);
+}
+
+TEST_F(LibraryAppTest, AMissingRowKeepsItsValueForTheRunOnly) {
+  {
+    auto app = NewApp();
+    app->Start();
+    app->Db().ExecuteChange("DELETE FROM Configs WHERE ConfigID=605;");
+  }
+  {
+    auto app = NewApp();
+    app->Start();
+    app->Settings().playListFolder = "C:\\Lists\\";
+    app->Exit();
+  }
+  auto app = NewApp();
+  app->Start();
+  EXPECT_EQ(app->Settings().playListFolder, "");
+}
+
+TEST(LibraryAppNoCdDrive, FirstStartStoresAnEmptyCdDrive) {
+  testing_support::TempFolder folder;
+  testing_support::TestDrives(folder.Path()).AddFixed('C', folder.MakeFolder("home"));
+  platform::LinuxDriveTable table(folder.Path());
+  platform::LinuxFileSystem files(table);
+  testing_support::ScriptedMessageBox messages;
+  CLibraryApp app(folder.Path() + "/", PlatformServices{table, files, messages});
+  app.Start();
+  EXPECT_EQ(app.Settings().cdDrive, "");
+}
+
+using LibraryAppDeathTest = LibraryAppTest;
+
+TEST_F(LibraryAppDeathTest, AFileThatIsNoCatalogueEndsTheRunAndStaysUnchanged) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const std::string text = "These are my notes, not a catalogue.\n";
+  folder.WriteFile("Quillora.db", text);
+  EXPECT_EXIT(NewApp()->Start(), ::testing::ExitedWithCode(1), "file is not a database");
+  std::ifstream in(folder.Path() + "/Quillora.db");
+  std::stringstream content;
+  content << in.rdbuf();
+  EXPECT_EQ(content.str(), text);
+}
+
+}  // namespace
