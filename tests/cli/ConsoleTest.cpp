@@ -1,0 +1,114 @@
+// Runs the real vantrelle-cli from a copy in a fresh program folder, as a user would.
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <sys/wait.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "tests/support/TempFolder.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Outcome {
+  int status = -1;
+  std::string out;
+  std::string err;
+};
+
+std::string ReadAll(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::stringstream content;
+  content << in.rdbuf();
+  return content.str();
+}
+
+class ConsoleTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    home = folder.MakeFolder("home");
+    program = folder.MakeFolder("program");
+    fs::copy_file(VANTRELLE_BIN_DIR "/vantrelle-cli", program + "/vantrelle-cli");
+  }
+
+  Outcome Run(const std::string& arguments) {
+    const std::string out = folder.Path() + "/out", err = folder.Path() + "/err";
+    const std::string command = "cd '" + program + "' && HOME='" + home + "' ./vantrelle-cli " +
+                                arguments + " >'" + out + "' 2>'" + err + "' </dev/null";
+    const int raw = std::system(command.c_str());
+    return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, ReadAll(out), ReadAll(err)};
+  }
+
+  std::string Query(const std::string& sql) {
+    sqlite3* db = nullptr;
+    sqlite3_open((program + "/Quillora.db").c_str(), &db);
+    std::string result;
+    sqlite3_exec(
+        db, sql.c_str(),
+        [](void* text, int columns, char** values, char**) {
+          auto& out = *static_cast<std::string*>(text);
+          for (int i = 0; i < columns; ++i) out += std::string(values[i] ? values[i] : "") + (i + 1 < columns ? "=" : ";");
+          return 0;
+        },
+        &result, nullptr);
+    sqlite3_close(db);
+    return result;
+  }
+
+  testing_support::TempFolder folder;
+  std::string home, program;
+};
+
+TEST_F(ConsoleTest, FirstRunCreatesTheCatalogueAndLaterRunsKeepTheOptions) {
+  Outcome first = Run("options");
+  EXPECT_EQ(first.status, 0) << first.err;
+  EXPECT_EQ(first.out, "Cache Path: C:\\QORCache\nCD Drive: \n");
+  EXPECT_TRUE(fs::is_directory(home + "/QORCache"));
+  EXPECT_TRUE(fs::is_symlink(program + "/drives/c:"));
+  EXPECT_EQ(Query("SELECT count(*) FROM sqlite_master;"), "5;");
+  EXPECT_EQ(Query("SELECT ConfigID, Value FROM Configs WHERE ConfigID IN (1, 410, 605);"),
+            "1=2.1;410=C:\\QORCache;605=;");
+
+  // A CD drive whose disc is a folder, added to the table by hand.
+  fs::create_symlink(folder.MakeFolder("disc"), program + "/drives/e::");
+  Outcome changed = Run("options --cache-path " + home + "/Cache --cd-drive e:");
+  EXPECT_EQ(changed.status, 0) << changed.err;
+  EXPECT_EQ(changed.out, "Cache Path: C:\\Cache\nCD Drive: E\n");
+  EXPECT_EQ(Run("options").out, "Cache Path: C:\\Cache\nCD Drive: E\n");
+  EXPECT_EQ(Query("SELECT count(*) FROM Configs;"), "13;");
+
+  Outcome wrongDrive = Run("options --cd-drive C --cache-path 'D:\\x'");
+  EXPECT_EQ(wrongDrive.status, 2);
+  EXPECT_EQ(wrongDrive.err, "vantrelle-cli: drive C: is not a CD drive of the drive table\n");
+  EXPECT_EQ(Run("options").out, "Cache Path: C:\\Cache\nCD Drive: E\n");  // nothing half-done
+
+  EXPECT_EQ(Run("no-such-command").status, 2);
+  Outcome drives = Run("drives");
+  EXPECT_NE(drives.out.find("E:\t5\t" + folder.Path() + "/disc\tready\t"), std::string::npos)
+      << drives.out;
+}
+
+TEST_F(ConsoleTest, ACatalogueOfAnotherVersionIsRefusedAfterStartUp) {
+  Run("options");
+  Query("UPDATE Configs SET Value='3.0' WHERE ConfigID=1;");
+  Outcome refused = Run("options --cache-path 'C:\\Elsewhere'");
+  EXPECT_EQ(refused.status, 3);
+  EXPECT_EQ(refused.out, "Incompatible database version (3.0)!\n");
+  EXPECT_EQ(Query("SELECT Value FROM Configs WHERE ConfigID=410;"), "C:\\QORCache;");
+}
+
+TEST_F(ConsoleTest, AFileThatIsNoCatalogueIsLeftAloneWithOneLineOfReason) {
+  const std::string text = "My shopping list\n";
+  folder.WriteFile("program/Quillora.db", text);
+  Outcome failed = Run("options");
+  EXPECT_EQ(failed.status, 1);
+  EXPECT_EQ(failed.out, "");
+  EXPECT_EQ(std::count(failed.err.begin(), failed.err.end(), '\n'), 1) << failed.err;
+  EXPECT_NE(failed.err.find("file is not a database"), std::string::npos) << failed.err;
+  EXPECT_EQ(ReadAll(program + "/Quillora.db"), text);
+}
+
+}  // namespace
