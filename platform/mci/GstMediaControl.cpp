@@ -1,0 +1,112 @@
+#include "platform/mci/GstMediaControl.h"
+
+#include <gst/gst.h>
+
+#include <filesystem>
+#include <stdexcept>
+#include <string_view>
+
+#include "platform/mci/DeviceTable.h"
+#include "platform/mci/MciCommand.h"
+#include "platform/mci/MciText.h"
+#include "platform/mci/PlaybinDevice.h"
+
+namespace platform::mci {
+namespace {
+
+// gst_init_check may be called any number of times; only the first one works.
+void StartGStreamer() {
+  GError* error = nullptr;
+  if (gst_init_check(nullptr, nullptr, &error)) return;
+  std::string why = error != nullptr ? error->message : "unknown reason";
+  g_clear_error(&error);
+  throw std::runtime_error("GStreamer cannot start: " + why);
+}
+
+std::uint32_t RunOnDevice(const MciCommand& command, PlaybinDevice& device, std::string& reply) {
+  switch (command.verb) {
+    case MciVerb::SetTimeFormatMs:
+      return kMciNoError;  // milliseconds are the only time format we speak
+    case MciVerb::StatusLength:
+      reply = std::to_string(device.LengthMs());
+      return kMciNoError;
+    case MciVerb::StatusPosition:
+      reply = std::to_string(device.PositionMs());
+      return kMciNoError;
+    case MciVerb::PlayFrom:
+      return device.PlayFrom(command.fromMs);
+    case MciVerb::Stop:
+      device.Stop();
+      return kMciNoError;
+    default:
+      return kMciUnrecognizedCommand;
+  }
+}
+
+}  // namespace
+
+GstMediaControl::GstMediaControl(AudioOutput output, PathMapper toLocalPath)
+    : output_(output),
+      toLocalPath_(std::move(toLocalPath)),
+      devices_(std::make_unique<DeviceTable>()) {
+  StartGStreamer();
+}
+
+GstMediaControl::GstMediaControl(AudioOutput output, const FileSystem& files)
+    : GstMediaControl(output, [&files](const std::string& path) { return files.LocalPath(path); }) {}
+
+GstMediaControl::~GstMediaControl() = default;
+
+std::uint32_t GstMediaControl::mciSendString(const char* command, char* reply, unsigned size) {
+  std::string answer;
+  const std::uint32_t result =
+      command != nullptr ? Run(command, answer) : kMciUnrecognizedCommand;
+  CopyTruncated(answer, reply, size);
+  return result;
+}
+
+bool GstMediaControl::mciGetErrorString(std::uint32_t code, char* text, unsigned size) {
+  const auto wording = MciErrorText(code);
+  CopyTruncated(wording.value_or(""), text, size);
+  return wording.has_value();
+}
+
+std::uint32_t GstMediaControl::Run(std::string_view text, std::string& reply) {
+  const auto command = ParseMciCommand(text);
+  if (!command) return kMciUnrecognizedCommand;
+  switch (command->verb) {
+    case MciVerb::Open:
+      return Open(command->path, command->alias);
+    case MciVerb::Close:
+      return devices_->Remove(command->alias) ? kMciNoError : kMciUnknownAlias;
+    case MciVerb::CloseAll:
+      devices_->Clear();
+      return kMciNoError;
+    default:
+      break;
+  }
+  PlaybinDevice* device = devices_->Find(command->alias);
+  if (device == nullptr) return kMciUnknownAlias;
+  return RunOnDevice(*command, *device, reply);
+}
+
+std::uint32_t GstMediaControl::Open(const std::string& path, const std::string& alias) {
+  if (devices_->Contains(alias)) return kMciAliasInUse;
+  const std::string file = LocalFile(path);
+  std::error_code ignored;
+  const auto status = std::filesystem::status(file, ignored);
+  if (file.empty() || !std::filesystem::exists(status)) return kMciFileNotFound;
+  if (std::filesystem::is_directory(status)) return kMciCannotDecode;
+  std::uint32_t error = kMciNoError;
+  auto device = PlaybinDevice::Open(file, output_, error);
+  if (!device) return error;
+  devices_->Add(alias, std::move(device));
+  return kMciNoError;
+}
+
+std::string GstMediaControl::LocalFile(const std::string& path) const {
+  if (path.starts_with('/')) return path;
+  return toLocalPath_ ? toLocalPath_(path) : std::string();
+}
+
+}  // namespace platform::mci

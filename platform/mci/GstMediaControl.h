@@ -1,0 +1,60 @@
+#pragma once
+// The media-control string interface played through GStreamer: each open
+// device is one audio-only player, addressed by its alias.
+//
+// Commands understood: open "PATH" type mpegvideo alias A, set A time format ms,
+// status A length|position, play A from N, stop A, close A, close all.
+// Times are milliseconds. `play` returns at once; playback goes on in
+// GStreamer's own threads, and reaching the end is noticed at the next command.
+//
+// Not thread-safe: use one object from one thread (the user-interface thread).
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/FileSystem.h"
+#include "platform/MediaControl.h"
+
+namespace platform::mci {
+
+class DeviceTable;
+
+enum class AudioOutput {
+  System,  // the system's default audio output; open fails with 262 without one
+  Silent,  // plays into nothing, in real time, for tests
+};
+
+class GstMediaControl final : public MediaControl {
+ public:
+  // Maps a path as the player writes it ("C:\Music\a.mp3") to a Linux file,
+  // or to "" when it has none. Paths starting with "/" are used as they are.
+  using PathMapper = std::function<std::string(const std::string&)>;
+
+  // Starts GStreamer if it is not running yet; throws std::runtime_error when
+  // it cannot be started.
+  GstMediaControl(AudioOutput output, PathMapper toLocalPath);
+  // Maps paths with files.LocalPath; files must outlive this object.
+  GstMediaControl(AudioOutput output, const FileSystem& files);
+  // Closes every open device.
+  ~GstMediaControl() override;
+
+  GstMediaControl(const GstMediaControl&) = delete;
+  GstMediaControl& operator=(const GstMediaControl&) = delete;
+
+  std::uint32_t mciSendString(const char* command, char* reply, unsigned size) override;
+  bool mciGetErrorString(std::uint32_t code, char* text, unsigned size) override;
+
+ private:
+  std::uint32_t Run(std::string_view command, std::string& reply);
+  std::uint32_t Open(const std::string& path, const std::string& alias);
+  std::string LocalFile(const std::string& path) const;
+
+  AudioOutput output_;
+  PathMapper toLocalPath_;
+  std::unique_ptr<DeviceTable> devices_;
+};
+
+}  // namespace platform::mci

@@ -1,0 +1,120 @@
+#include "platform/mci/MciCommand.h"
+
+#include <cctype>
+#include <charconv>
+#include <limits>
+#include <vector>
+
+namespace platform::mci {
+namespace {
+
+bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+bool SameWord(std::string_view a, std::string_view b) {
+  if (a.size() != b.size()) return false;
+  for (std::size_t i = 0; i < a.size(); ++i) {
+    if (std::tolower(static_cast<unsigned char>(a[i])) !=
+        std::tolower(static_cast<unsigned char>(b[i])))
+      return false;
+  }
+  return true;
+}
+
+// Splits on blanks. A token starting with '"' runs to the next '"', which must
+// end the token; a stray or unmatched quote makes the whole text invalid.
+std::optional<std::vector<std::string>> SplitTokens(std::string_view text) {
+  std::vector<std::string> tokens;
+  std::size_t i = 0;
+  while (true) {
+    while (i < text.size() && IsBlank(text[i])) ++i;
+    if (i == text.size()) return tokens;
+    if (text[i] == '"') {
+      std::size_t close = text.find('"', i + 1);
+      if (close == std::string_view::npos) return std::nullopt;
+      if (close + 1 < text.size() && !IsBlank(text[close + 1])) return std::nullopt;
+      tokens.emplace_back(text.substr(i + 1, close - i - 1));
+      i = close + 1;
+      continue;
+    }
+    std::size_t end = i;
+    while (end < text.size() && !IsBlank(text[end])) {
+      if (text[end] == '"') return std::nullopt;
+      ++end;
+    }
+    tokens.emplace_back(text.substr(i, end - i));
+    i = end;
+  }
+}
+
+// Digits only; a number too large for 64 bits saturates, so that it reads as
+// "past the end" rather than as junk.
+std::optional<std::uint64_t> ParseMilliseconds(std::string_view digits) {
+  if (digits.empty()) return std::nullopt;
+  for (char c : digits) {
+    if (c < '0' || c > '9') return std::nullopt;
+  }
+  std::uint64_t value = 0;
+  auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  if (error == std::errc::result_out_of_range) return std::numeric_limits<std::uint64_t>::max();
+  if (error != std::errc() || end != digits.data() + digits.size()) return std::nullopt;
+  return value;
+}
+
+using Tokens = std::vector<std::string>;
+
+std::optional<MciCommand> ParseOpen(const Tokens& t) {
+  // open PATH type mpegvideo alias A
+  if (t.size() != 6 || !SameWord(t[2], "type") || !SameWord(t[3], "mpegvideo") ||
+      !SameWord(t[4], "alias") || t[1].empty())
+    return std::nullopt;
+  return MciCommand{MciVerb::Open, t[5], t[1], 0};
+}
+
+std::optional<MciCommand> ParseSet(const Tokens& t) {
+  // set A time format ms
+  if (t.size() != 5 || !SameWord(t[2], "time") || !SameWord(t[3], "format")) return std::nullopt;
+  if (!SameWord(t[4], "ms") && !SameWord(t[4], "milliseconds")) return std::nullopt;
+  return MciCommand{MciVerb::SetTimeFormatMs, t[1], {}, 0};
+}
+
+std::optional<MciCommand> ParseStatus(const Tokens& t) {
+  if (t.size() != 3) return std::nullopt;
+  if (SameWord(t[2], "length")) return MciCommand{MciVerb::StatusLength, t[1], {}, 0};
+  if (SameWord(t[2], "position")) return MciCommand{MciVerb::StatusPosition, t[1], {}, 0};
+  return std::nullopt;
+}
+
+std::optional<MciCommand> ParsePlay(const Tokens& t) {
+  if (t.size() != 4 || !SameWord(t[2], "from")) return std::nullopt;
+  auto from = ParseMilliseconds(t[3]);
+  if (!from) return std::nullopt;
+  return MciCommand{MciVerb::PlayFrom, t[1], {}, *from};
+}
+
+std::optional<MciCommand> ParseAliasOnly(const Tokens& t, MciVerb verb) {
+  if (t.size() != 2) return std::nullopt;
+  return MciCommand{verb, t[1], {}, 0};
+}
+
+std::optional<MciCommand> ParseClose(const Tokens& t) {
+  if (t.size() == 2 && SameWord(t[1], "all")) return MciCommand{MciVerb::CloseAll, {}, {}, 0};
+  return ParseAliasOnly(t, MciVerb::Close);
+}
+
+}  // namespace
+
+std::optional<MciCommand> ParseMciCommand(std::string_view text) {
+  auto tokens = SplitTokens(text);
+  if (!tokens || tokens->empty()) return std::nullopt;
+  const Tokens& t = *tokens;
+  const std::string& verb = t[0];
+  if (SameWord(verb, "open")) return ParseOpen(t);
+  if (SameWord(verb, "set")) return ParseSet(t);
+  if (SameWord(verb, "status")) return ParseStatus(t);
+  if (SameWord(verb, "play")) return ParsePlay(t);
+  if (SameWord(verb, "stop")) return ParseAliasOnly(t, MciVerb::Stop);
+  if (SameWord(verb, "close")) return ParseClose(t);
+  return std::nullopt;
+}
+
+}  // namespace platform::mci

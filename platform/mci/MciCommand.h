@@ -1,0 +1,38 @@
+#pragma once
+// Parsing of the command strings the player sends, for example
+//   open "C:\Music\a b.mp3" type mpegvideo alias Song
+//   set Song time format ms      status Song length      status Song position
+//   play Song from 1500          stop Song               close Song    close all
+//
+// Tokens are separated by blanks; a token in double quotes may hold blanks.
+// Keywords match without regard to case. Pure functions; no call throws.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace platform::mci {
+
+enum class MciVerb {
+  Open,
+  SetTimeFormatMs,
+  StatusLength,
+  StatusPosition,
+  PlayFrom,
+  Stop,
+  Close,
+  CloseAll,
+};
+
+struct MciCommand {
+  MciVerb verb = MciVerb::Close;
+  std::string alias;          // as written; empty for CloseAll
+  std::string path;           // Open only, without its quotes
+  std::uint64_t fromMs = 0;   // PlayFrom only; saturates at the largest value
+};
+
+// The command a string holds, or nothing when it is not one of the forms above.
+std::optional<MciCommand> ParseMciCommand(std::string_view text);
+
+}  // namespace platform::mci

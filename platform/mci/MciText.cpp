@@ -1,0 +1,40 @@
+#include "platform/mci/MciText.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "platform/MediaControl.h"
+
+namespace platform::mci {
+
+std::optional<std::string_view> MciErrorText(std::uint32_t code) {
+  switch (code) {
+    case kMciNoError:
+      return "The command completed without error.";
+    case kMciUnrecognizedCommand:
+      return "The command was not recognised.";
+    case kMciNoAudioOutput:
+      return "No audio output is available on this computer.";
+    case kMciUnknownAlias:
+      return "No media is open under that name.";
+    case kMciFileNotFound:
+      return "The file could not be found.";
+    case kMciOutOfRange:
+      return "The position lies past the end of the recording.";
+    case kMciAliasInUse:
+      return "That name is already in use by another open media file.";
+    case kMciCannotDecode:
+      return "The file cannot be played: its format is unknown or the file is damaged.";
+    default:
+      return std::nullopt;
+  }
+}
+
+void CopyTruncated(std::string_view text, char* out, unsigned size) {
+  if (out == nullptr || size == 0) return;
+  std::size_t count = std::min<std::size_t>(text.size(), size - 1);
+  std::memcpy(out, text.data(), count);
+  out[count] = '\0';
+}
+
+}  // namespace platform::mci

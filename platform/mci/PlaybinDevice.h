@@ -1,0 +1,59 @@
+#pragma once
+// One open media file: an audio-only playbin, prerolled on open.
+//
+// Used from one thread. Every call returns within a bounded wait; playback runs
+// in GStreamer's threads, and its end is picked up from the bus at the next call.
+// Times are milliseconds; no call throws.
+
+#include <gst/gst.h>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "platform/mci/GstMediaControl.h"
+#include "platform/mci/GstOwned.h"
+
+namespace platform::mci {
+
+class PlaybinDevice {
+ public:
+  // Opens an existing file and prerolls it. On failure returns null and sets
+  // error: 296 when it cannot be decoded, 262 when the output has no device,
+  // 275 when the file went away meanwhile.
+  static std::unique_ptr<PlaybinDevice> Open(const std::string& file, AudioOutput output,
+                                             std::uint32_t& error);
+  // Stops playback and releases the pipeline.
+  ~PlaybinDevice();
+
+  PlaybinDevice(const PlaybinDevice&) = delete;
+  PlaybinDevice& operator=(const PlaybinDevice&) = delete;
+
+  // 0 when GStreamer could not tell the length.
+  std::uint64_t LengthMs() const { return lengthMs_; }
+  // Where playback is; the length once the end was reached.
+  std::uint64_t PositionMs();
+  // Starts playing at ms and returns; 282 past the length, 296 when the seek fails.
+  std::uint32_t PlayFrom(std::uint64_t ms);
+  // Pauses, keeping the position.
+  void Stop();
+
+ private:
+  enum class Phase { Paused, Playing, Ended };
+
+  PlaybinDevice(GstOwned<GstElement> playbin, std::uint64_t lengthMs);
+
+  void DrainBus();
+  void PauseAndSettle();
+  bool SeekTo(std::uint64_t ms);
+  std::optional<std::uint64_t> QueryPositionMs() const;
+
+  GstOwned<GstElement> playbin_;
+  GstOwned<GstBus> bus_;
+  std::uint64_t lengthMs_;
+  std::uint64_t heldMs_ = 0;  // the position while paused, and the last one seen
+  Phase phase_ = Phase::Paused;
+};
+
+}  // namespace platform::mci

@@ -1,0 +1,211 @@
+#include "platform/mci/GstMediaControl.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstring>
+#include <filesystem>
+#include <string>
+#include <thread>
+
+#include "tests/support/TempFolder.h"
+
+namespace platform::mci {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::chrono_literals;
+
+const std::string kFixtures = VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/";
+// Every fixture encodes one second of tone (tools/make-audio-fixtures.sh).
+constexpr long kToneMs = 1000;
+constexpr long kLengthTolerance = 50;
+
+struct Answer {
+  std::uint32_t code;
+  std::string reply;
+};
+
+// One media control, driven with command strings as the player sends them.
+class Mci {
+ public:
+  explicit Mci(AudioOutput output = AudioOutput::Silent,
+               GstMediaControl::PathMapper mapper = nullptr)
+      : mci_(output, std::move(mapper)) {}
+
+  Answer Send(const std::string& command) {
+    char reply[128] = "untouched";
+    std::uint32_t code = mci_.mciSendString(command.c_str(), reply, sizeof reply);
+    return {code, reply};
+  }
+  std::uint32_t Open(const std::string& file, const std::string& alias) {
+    return Send("open \"" + file + "\" type mpegvideo alias " + alias).code;
+  }
+  long Number(const std::string& command) {
+    Answer a = Send(command);
+    EXPECT_EQ(a.code, 0u) << command;
+    return std::stol(a.reply);
+  }
+  long Length(const std::string& alias) { return Number("status " + alias + " length"); }
+  long Position(const std::string& alias) { return Number("status " + alias + " position"); }
+
+  GstMediaControl& Control() { return mci_; }
+
+ private:
+  GstMediaControl mci_;
+};
+
+TEST(GstMediaControl, EveryFormatOpensPlaysFromAPositionAndStops) {
+  Mci mci;
+  for (const char* name :
+       {"id3v2.mp3", "SONG.MP3", "vorbis.ogg", "LOUD.WMA", "quiet.wma", "lossless.flac"}) {
+    SCOPED_TRACE(name);
+    ASSERT_EQ(mci.Open(kFixtures + name, "tune"), 0u);
+    EXPECT_EQ(mci.Send("set tune time format ms").code, 0u);
+    const long length = mci.Length("tune");
+    EXPECT_NEAR(length, kToneMs, kLengthTolerance);
+
+    ASSERT_EQ(mci.Send("play tune from 300").code, 0u);
+    EXPECT_GE(mci.Position("tune"), 300);
+    std::this_thread::sleep_for(500ms);
+    const long playing = mci.Position("tune");
+    EXPECT_GE(playing, 550);
+    EXPECT_LE(playing, length);
+
+    ASSERT_EQ(mci.Send("stop tune").code, 0u);
+    const long stopped = mci.Position("tune");
+    EXPECT_GE(stopped, playing);
+    std::this_thread::sleep_for(200ms);
+    EXPECT_EQ(mci.Position("tune"), stopped);
+    EXPECT_EQ(mci.Send("close tune").code, 0u);
+  }
+}
+
+TEST(GstMediaControl, PlaybackEndsAtTheLength) {
+  Mci mci;
+  ASSERT_EQ(mci.Open(kFixtures + "vorbis.ogg", "a"), 0u);
+  const long length = mci.Length("a");
+
+  ASSERT_EQ(mci.Send("play a from " + std::to_string(length - 150)).code, 0u);
+  std::this_thread::sleep_for(700ms);
+  EXPECT_EQ(mci.Position("a"), length);
+  EXPECT_EQ(mci.Send("stop a").code, 0u);
+  EXPECT_EQ(mci.Position("a"), length);
+
+  // Starting at the end ends at once; starting again afterwards still plays.
+  ASSERT_EQ(mci.Send("play a from " + std::to_string(length)).code, 0u);
+  EXPECT_EQ(mci.Position("a"), length);
+  ASSERT_EQ(mci.Send("play a from 0").code, 0u);
+  std::this_thread::sleep_for(300ms);
+  EXPECT_LT(mci.Position("a"), length);
+
+  EXPECT_EQ(mci.Send("play a from " + std::to_string(length + 1)).code, 282u);
+}
+
+TEST(GstMediaControl, MpegAudioWithoutALengthHeaderGetsTheLengthOfItsFrames) {
+  // Constant-rate, no header frame: 41 frames of 576 samples at 22050 Hz,
+  // encoder delay and padding included.
+  Mci mci;
+  ASSERT_EQ(mci.Open(kFixtures + "ape.mp3", "a"), 0u);
+  EXPECT_NEAR(mci.Length("a"), 41 * 576 * 1000 / 22050, kLengthTolerance);
+}
+
+TEST(GstMediaControl, DrivePathsAreMappedAndAliasesIgnoreCase) {
+  testing_support::TempFolder music;
+  fs::copy_file(kFixtures + "id3v2.mp3", music.Path() + "/a b.mp3");
+  Mci mci(AudioOutput::Silent, [&music](const std::string& path) -> std::string {
+    const std::string drive = R"(C:\Music\)";
+    return path.starts_with(drive) ? music.Path() + "/" + path.substr(drive.size()) : "";
+  });
+
+  ASSERT_EQ(mci.Open(R"(C:\Music\a b.mp3)", "Song"), 0u);
+  EXPECT_NEAR(mci.Length("SONG"), kToneMs, kLengthTolerance);
+  EXPECT_EQ(mci.Open(kFixtures + "vorbis.ogg", "sOnG"), 289u);
+  EXPECT_EQ(mci.Open(R"(D:\nowhere.mp3)", "other"), 275u);
+  EXPECT_EQ(mci.Send("close song").code, 0u);
+  EXPECT_EQ(mci.Send("status Song length").code, 263u);
+}
+
+TEST(GstMediaControl, FilesThatCannotBePlayedLeaveTheAliasFree) {
+  testing_support::TempFolder temp;
+  const std::string textFile = temp.WriteFile("notes.mp3", "just some words, not audio\n");
+  const std::string folder = temp.MakeFolder("album.mp3");
+  Mci mci;
+
+  EXPECT_EQ(mci.Open(temp.Path() + "/missing.mp3", "a"), 275u);
+  EXPECT_EQ(mci.Open(folder, "a"), 296u);
+  EXPECT_EQ(mci.Open(textFile, "a"), 296u);
+  EXPECT_EQ(mci.Open(kFixtures + "empty.mp3", "a"), 296u);
+  EXPECT_EQ(mci.Open(kFixtures + "truncated.flac", "a"), 296u);
+  EXPECT_EQ(mci.Send("status a length").code, 263u);
+  EXPECT_EQ(mci.Open(kFixtures + "lossless.flac", "a"), 0u);
+}
+
+TEST(GstMediaControl, CommandsOnUnknownAliasesAndJunkAreRefused) {
+  Mci mci;
+  for (const char* command : {"status x length", "status x position", "play x from 0",
+                              "stop x", "close x", "set x time format ms"}) {
+    EXPECT_EQ(mci.Send(command).code, 263u) << command;
+  }
+  EXPECT_EQ(mci.Send("pause x").code, 261u);
+  EXPECT_EQ(mci.Send("play x from soon").code, 261u);
+  EXPECT_EQ(mci.Control().mciSendString(nullptr, nullptr, 0), 261u);
+}
+
+TEST(GstMediaControl, CloseAllReleasesEveryDevice) {
+  Mci mci;
+  ASSERT_EQ(mci.Open(kFixtures + "id3v1.mp3", "one"), 0u);
+  ASSERT_EQ(mci.Open(kFixtures + "lossless.flac", "two"), 0u);
+  ASSERT_EQ(mci.Send("play one from 0").code, 0u);
+  EXPECT_EQ(mci.Send("close all").code, 0u);
+  EXPECT_EQ(mci.Send("status one position").code, 263u);
+  EXPECT_EQ(mci.Send("status two position").code, 263u);
+  EXPECT_EQ(mci.Open(kFixtures + "id3v1.mp3", "one"), 0u);
+}
+
+TEST(GstMediaControl, RepliesAreCutToTheBuffer) {
+  Mci mci;
+  ASSERT_EQ(mci.Open(kFixtures + "lossless.flac", "a"), 0u);
+  const std::string whole = mci.Send("status a length").reply;
+  ASSERT_EQ(whole.size(), 4u);
+
+  char small[3] = {'x', 'x', 'x'};
+  EXPECT_EQ(mci.Control().mciSendString("status a length", small, sizeof small), 0u);
+  EXPECT_EQ(std::string(small), whole.substr(0, 2));
+  char untouched = 'x';
+  EXPECT_EQ(mci.Control().mciSendString("status a length", &untouched, 0), 0u);
+  EXPECT_EQ(untouched, 'x');
+  EXPECT_EQ(mci.Control().mciSendString("status a length", nullptr, 10), 0u);
+  EXPECT_EQ(mci.Send("stop a").reply, "");
+}
+
+TEST(GstMediaControl, ErrorTextsCoverEveryNumberAndAreCutToTheBuffer) {
+  Mci mci;
+  for (std::uint32_t code : {kMciNoError, kMciUnrecognizedCommand, kMciNoAudioOutput,
+                             kMciUnknownAlias, kMciFileNotFound, kMciOutOfRange, kMciAliasInUse,
+                             kMciCannotDecode}) {
+    char text[256] = "";
+    EXPECT_TRUE(mci.Control().mciGetErrorString(code, text, sizeof text)) << code;
+    EXPECT_GT(std::strlen(text), 0u) << code;
+    EXPECT_LE(std::strlen(text), 99u) << code;
+  }
+  char text[8] = "junk";
+  EXPECT_FALSE(mci.Control().mciGetErrorString(12345, text, sizeof text));
+  EXPECT_STREQ(text, "");
+  EXPECT_TRUE(mci.Control().mciGetErrorString(kMciFileNotFound, text, sizeof text));
+  EXPECT_EQ(std::strlen(text), 7u);
+  EXPECT_TRUE(mci.Control().mciGetErrorString(kMciFileNotFound, nullptr, 0));
+}
+
+TEST(GstMediaControl, SystemOutputWithoutASoundDeviceRefusesToOpen) {
+  Mci mci(AudioOutput::System);
+  const std::uint32_t code = mci.Open(kFixtures + "id3v2.mp3", "a");
+  if (code == 0) GTEST_SKIP() << "this machine has an audio output";
+  EXPECT_EQ(code, 262u);
+  EXPECT_EQ(mci.Send("status a length").code, 263u);
+  // A file that cannot be played says so before the output is looked at.
+  EXPECT_EQ(mci.Open(kFixtures + "empty.mp3", "a"), 296u);
+}
+
+}  // namespace
+}  // namespace platform::mci
