@@ -338,6 +338,70 @@ int MediaDB::DeletePlayList(int playListId) {
   return ExecuteChangeF("DELETE FROM PlayLists WHERE PlayListID=%d;", playListId);
 }
 
+std::vector<PathRow> MediaDB::GetVolumePathRows(int volId) {
+  CppSQLite3SqlText sql;
+  sql.Format("SELECT PathID,ParentID,FullPath,DirtyBit FROM MediaPaths WHERE VolID=%d;", volId);
+  CppSQLite3ResultSet result;
+  RunQuery(sql, result);
+  std::vector<PathRow> rows;
+  for (; !result.AtEnd(); result.NextRow()) {
+    const char* fullPath = result.FieldText(2);
+    rows.push_back({result.FieldInt(0, 0), result.FieldInt(1, 0), fullPath ? fullPath : "",
+                    result.FieldInt(3, 0)});
+  }
+  return rows;
+}
+
+std::vector<FileRow> MediaDB::GetVolumeFileRows(int volId) {
+  CppSQLite3SqlText sql;
+  sql.Format("SELECT FileID,PathID,FileName,ScanState,DirtyBit FROM MediaFiles WHERE VolID=%d;",
+             volId);
+  CppSQLite3ResultSet result;
+  RunQuery(sql, result);
+  std::vector<FileRow> rows;
+  for (; !result.AtEnd(); result.NextRow()) {
+    const char* name = result.FieldText(2);
+    rows.push_back({result.FieldInt(0, 0), result.FieldInt(1, 0), name ? name : "",
+                    result.FieldInt(3, 0), result.FieldInt(4, 0)});
+  }
+  return rows;
+}
+
+namespace {
+
+std::string JoinIds(const IdList& ids) {
+  std::string list;
+  for (std::uint32_t id : ids) {
+    if (!list.empty()) list += ',';
+    list += std::to_string(static_cast<std::int32_t>(id));
+  }
+  return list;
+}
+
+}  // namespace
+
+int MediaDB::SetPathsDirtyBit(const IdList& pathIds, int bit) {
+  if (pathIds.empty()) return 0;
+  return ExecuteChangeF("UPDATE MediaPaths SET DirtyBit=%d WHERE PathID IN (%s);", bit,
+                        JoinIds(pathIds).c_str());
+}
+
+int MediaDB::SetFilesDirtyBit(const IdList& fileIds, int bit) {
+  if (fileIds.empty()) return 0;
+  return ExecuteChangeF("UPDATE MediaFiles SET DirtyBit=%d WHERE FileID IN (%s);", bit,
+                        JoinIds(fileIds).c_str());
+}
+
+int MediaDB::DeleteFiles(const IdList& fileIds) {
+  if (fileIds.empty()) return 0;
+  return ExecuteChangeF("DELETE FROM MediaFiles WHERE FileID IN (%s);", JoinIds(fileIds).c_str());
+}
+
+int MediaDB::DeletePaths(const IdList& pathIds) {
+  if (pathIds.empty()) return 0;
+  return ExecuteChangeF("DELETE FROM MediaPaths WHERE PathID IN (%s);", JoinIds(pathIds).c_str());
+}
+
 int MediaDB::SetConfig(int configId, const std::string& value, bool insert) {
   if (insert)
     return ExecuteChangeF("INSERT INTO Configs(ConfigID,Value) VALUES(%d,%Q);", configId,

@@ -104,6 +104,16 @@ class MediaDB {
   void DeleteVolume(int volId);
   int DeletePlayList(int playListId);
 
+  // A volume's rows in the order SQLite returns them, for scans that must
+  // cost time in proportion to the files, not to their square.
+  std::vector<PathRow> GetVolumePathRows(int volId);
+  std::vector<FileRow> GetVolumeFileRows(int volId);
+  // Changes and removals of many rows by their keys, one statement each.
+  int SetPathsDirtyBit(const IdList& pathIds, int bit);
+  int SetFilesDirtyBit(const IdList& fileIds, int bit);
+  int DeleteFiles(const IdList& fileIds);
+  int DeletePaths(const IdList& pathIds);
+
   int SetConfig(int configId, const std::string& value, bool insert);
   std::string GetConfig(int configId);
 

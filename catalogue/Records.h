@@ -73,3 +73,19 @@ class CPlayList : public CMediaRecord {
   std::string Name;
   std::string FileIDs;
 };
+
+// What a scan needs to know of a volume's rows, read in one statement each.
+struct PathRow {
+  std::int32_t PathID = 0;
+  std::int32_t ParentID = 0;
+  std::string FullPath;
+  std::int32_t DirtyBit = 0;
+};
+
+struct FileRow {
+  std::int32_t FileID = 0;
+  std::int32_t PathID = 0;
+  std::string FileName;
+  std::int32_t ScanState = 0;
+  std::int32_t DirtyBit = 0;
+};

@@ -1,0 +1,49 @@
+#pragma once
+// The one scanner of the application: a whole scan of a CD or a disk folder,
+// discovery then tags, run on a worker thread while a modal dialog polls its
+// progress. Prepare on the user-interface thread, then Run on the worker.
+
+#include <chrono>
+#include <string>
+
+#include "scan/DiscoveryScan.h"
+#include "scan/TagScan.h"
+#include "scan/WorkerProgress.h"
+
+class CDriveServices;
+class MediaDB;
+class TagReader;
+
+namespace platform {
+class MessageBox;
+}
+
+class CVolumeScanner {
+ public:
+  static constexpr const char* kSearching = "Searching for Media files...";
+
+  CVolumeScanner(MediaDB& db, CDriveServices& drives, TagReader& reader,
+                 platform::MessageBox& messages);
+
+  // kind: 5 for a CD, 3 for a disk folder (recorded only: the volume's type
+  // comes from its drive). root: a normalised folder with its drive.
+  void Prepare(int kind, const std::string& root);
+
+  // The scan itself; on the worker thread. Returns 0.
+  int Run();
+
+  WorkerProgress& Progress() { return progress_; }
+  const std::string& ScanRoot() const { return scanRoot_; }
+  int RequestedKind() const { return requestedKind_; }
+  // How long the last tag phase took.
+  std::chrono::steady_clock::duration TagPhaseTime() const { return tagPhaseTime_; }
+
+ private:
+  MediaDB& db_;
+  WorkerProgress progress_;
+  DiscoveryScan discovery_;
+  TagScan tags_;
+  std::string scanRoot_;
+  int requestedKind_ = 0;
+  std::chrono::steady_clock::duration tagPhaseTime_{};
+};

@@ -1,0 +1,152 @@
+#include "scan/DiscoveryScan.h"
+
+#include <fnmatch.h>
+
+#include "catalogue/MediaDB.h"
+#include "platform/FileSystem.h"
+#include "scan/CDriveServices.h"
+#include "scan/Paths.h"
+#include "scan/WorkerProgress.h"
+
+DiscoveryScan::DiscoveryScan(MediaDB& db, CDriveServices& drives, WorkerProgress& progress)
+    : db_(db), drives_(drives), progress_(progress) {}
+
+int DiscoveryScan::FindOrAddVolume(const std::string& root) {
+  auto volume = drives_.ReadVolumeInfo(root.substr(0, 1));
+  int volId = db_.FindVolumeBySerial(volume->SerialNo);
+  if (volId == -1) volId = db_.AddVolume(*volume);
+  index_.Load(db_, volId);
+  return volId;
+}
+
+void DiscoveryScan::ClearMediaFolders() {
+  mediaFolders_.clear();
+  enteredFolders_.clear();
+}
+
+bool DiscoveryScan::HoldsAudioFiles(const std::vector<platform::DirEntry>& entries) const {
+  // The same test as asking for "*.mp3", then "*.ogg", then "*.wma".
+  for (const char* pattern : {"*.mp3", "*.ogg", "*.wma"})
+    for (const auto& entry : entries)
+      if (!entry.isDirectory && fnmatch(pattern, entry.name.c_str(), FNM_CASEFOLD) == 0) return true;
+  return false;
+}
+
+int DiscoveryScan::MarkMediaFolders(const std::string& folder) {
+  const std::string normal = NormalizeFolder(folder);
+  const auto identity = drives_.Files().Identity(normal);
+  if (identity && !enteredFolders_.insert({identity->device, identity->inode}).second) return 0;
+
+  const auto entries = drives_.Files().List(normal, "*.*");
+  int count = HoldsAudioFiles(entries) ? 1 : 0;
+  for (const auto& entry : entries)
+    if (entry.isDirectory) count += MarkMediaFolders(normal + entry.name);
+  if (count > 0) mediaFolders_.insert(normal);
+  return count;
+}
+
+IdList DiscoveryScan::SubtreeOf(const std::string& root, int volId) {
+  (void)volId;  // the index holds this volume's rows only
+  const int rootId = index_.FindPath(GetFolderPart(root));
+  return rootId == -1 ? IdList{} : db_.GetSubtreePathIds(rootId);
+}
+
+void DiscoveryScan::MarkSubtreeDirty(const std::string& root, int volId) {
+  const int rootId = index_.FindPath(GetFolderPart(root));
+  if (rootId == -1) return;
+  const IdList subtree = db_.GetSubtreePathIds(rootId);
+  const std::unordered_set<int> inSubtree(subtree.begin(), subtree.end());
+
+  // Every child folder of a subtree folder, and the root itself; every file
+  // of a subtree folder.
+  IdList paths{static_cast<std::uint32_t>(rootId)};
+  for (int pathId : index_.PathIds())
+    if (inSubtree.count(index_.Path(pathId)->ParentID)) paths.push_back(pathId);
+  IdList files;
+  for (std::uint32_t pathId : subtree)
+    for (int fileId : index_.FilesOf(pathId)) files.push_back(fileId);
+
+  db_.Begin();
+  db_.SetPathsDirtyBit(paths, 1);
+  db_.SetFilesDirtyBit(files, 1);
+  db_.Commit();
+  for (std::uint32_t pathId : paths) index_.SetPathDirtyBit(pathId, 1);
+  for (std::uint32_t fileId : files) index_.File(fileId)->DirtyBit = 1;
+  (void)volId;
+}
+
+int DiscoveryScan::ScanFolder(const std::string& folder, int parentId, int volId) {
+  if (!mediaFolders_.count(folder)) return 0;
+  if (progress_.cancel) return 0;
+  progress_.SetStatus(folder);
+
+  db_.Begin();
+  const int pathId = FindOrAddPath(folder, parentId, volId);
+  if (index_.Path(pathId)->DirtyBit != 0) {
+    db_.SetPathDirtyBit(pathId, 0);
+    index_.SetPathDirtyBit(pathId, 0);
+  }
+  const auto names = drives_.ListMediaFiles(folder);
+  IdList seenAgain;
+  for (const std::string& name : names) {
+    const int fileId = FindOrAddFile(MakeFullPath("", folder, name), pathId, volId);
+    FileRow* file = fileId == -1 ? nullptr : index_.File(fileId);
+    if (file && file->DirtyBit != 0) {
+      seenAgain.push_back(fileId);
+      file->DirtyBit = 0;
+    }
+  }
+  db_.SetFilesDirtyBit(seenAgain, 0);
+  db_.Commit();
+
+  int count = static_cast<int>(names.size());
+  for (const std::string& name : drives_.ListSubfolders(folder))
+    count += ScanFolder(NormalizeFolder(folder + name), pathId, volId);
+  return count;
+}
+
+int DiscoveryScan::FindOrAddPath(const std::string& folder, int parentId, int volId) {
+  const std::string fullPath = GetFolderPart(folder);
+  const int found = index_.FindPath(fullPath);
+  if (found != -1) return found;
+  CMediaPath path;
+  path.VolID = volId;
+  path.ParentID = parentId;
+  path.DirtyBit = 0;
+  path.Name = GetFolderName(fullPath);
+  path.FullPath = fullPath;
+  db_.AddPath(path);
+  index_.AddPath({path.PathID, path.ParentID, path.FullPath, 0});
+  return path.PathID;
+}
+
+int DiscoveryScan::FindOrAddFile(const std::string& fullPath, int pathId, int volId) {
+  const int found = index_.FindFile(pathId, GetFileNamePart(fullPath));
+  if (found != -1) return found;
+  auto file = drives_.MakeFileRecord(fullPath);
+  if (!file) return -1;
+  file->VolID = volId;
+  file->PathID = pathId;
+  db_.AddFile(*file);
+  index_.AddFile({file->FileID, pathId, file->FileName, file->ScanState, file->DirtyBit});
+  return file->FileID;
+}
+
+void DiscoveryScan::SweepSubtree(const std::string& root, int volId) {
+  const IdList subtree = SubtreeOf(root, volId);
+  if (subtree.empty()) return;
+  IdList goneFiles, gonePaths;
+  for (std::uint32_t pathId : subtree) {
+    const PathRow* path = index_.Path(pathId);
+    const bool pathGone = path && path->DirtyBit == 1;
+    for (int fileId : index_.FilesOf(pathId))
+      if (pathGone || index_.File(fileId)->DirtyBit == 1) goneFiles.push_back(fileId);
+    if (pathGone) gonePaths.push_back(pathId);
+  }
+  db_.Begin();
+  db_.DeleteFiles(goneFiles);
+  db_.DeletePaths(gonePaths);
+  db_.Commit();
+  index_.RemoveFiles(goneFiles);
+  index_.RemovePaths(gonePaths);
+}

@@ -1,0 +1,61 @@
+#pragma once
+// The first phase of a scan: records every folder below the scan root that
+// holds audio files (directly or further down) and their audio files, and
+// removes the rows of what is no longer there. Mark, visit, sweep: rows seen
+// again keep their ids, so play lists and the user's edits survive a rescan.
+//
+// Runs on the scan worker. Reads the cancel flag and writes the status text.
+
+#include <set>
+#include <string>
+#include <unordered_set>
+#include <utility>
+
+#include "platform/FileSystem.h"
+#include "scan/VolumeIndex.h"
+
+class CDriveServices;
+class MediaDB;
+class WorkerProgress;
+
+class DiscoveryScan {
+ public:
+  DiscoveryScan(MediaDB& db, CDriveServices& drives, WorkerProgress& progress);
+
+  // The volume row of the disc or disk holding the root, inserted when new;
+  // loads the volume's rows for the phases that follow.
+  int FindOrAddVolume(const std::string& root);
+
+  // Counts the folders below (and including) folder that hold audio files
+  // themselves, and remembers every folder with audio somewhere below it.
+  // A folder reached twice (through links) is entered once.
+  int MarkMediaFolders(const std::string& folder);
+
+  void MarkSubtreeDirty(const std::string& root, int volId);
+
+  // Records a remembered folder with its audio files (one transaction) and
+  // descends; returns the number of audio files recorded below.
+  int ScanFolder(const std::string& folder, int parentId, int volId);
+
+  int FindOrAddPath(const std::string& folder, int parentId, int volId);
+  // -1 when the file vanished before it could be recorded.
+  int FindOrAddFile(const std::string& fullPath, int pathId, int volId);
+
+  // Removes the folders under the root not seen by this scan, with their
+  // files, and the unseen files of the folders that were seen.
+  void SweepSubtree(const std::string& root, int volId);
+
+  VolumeIndex& Index() { return index_; }
+  void ClearMediaFolders();
+
+ private:
+  bool HoldsAudioFiles(const std::vector<platform::DirEntry>& entries) const;
+  IdList SubtreeOf(const std::string& root, int volId);
+
+  MediaDB& db_;
+  CDriveServices& drives_;
+  WorkerProgress& progress_;
+  VolumeIndex index_;
+  std::unordered_set<std::string> mediaFolders_;
+  std::set<std::pair<std::uint64_t, std::uint64_t>> enteredFolders_;
+};

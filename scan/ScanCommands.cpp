@@ -1,0 +1,46 @@
+#include "scan/ScanCommands.h"
+
+#include "app/CAppSettings.h"
+#include "platform/FileSystem.h"
+#include "platform/FolderPicker.h"
+#include "platform/MessageBox.h"
+#include "scan/CDriveServices.h"
+#include "scan/CVolumeScanner.h"
+#include "scan/MessageText.h"
+#include "scan/Paths.h"
+
+ScanCommands::ScanCommands(CVolumeScanner& scanner, CDriveServices& drives, CAppSettings& settings,
+                           platform::FolderPicker& picker, ScanDialogHost& dialogs)
+    : scanner_(scanner), drives_(drives), settings_(settings), picker_(picker), dialogs_(dialogs) {}
+
+void ScanCommands::ScanVolume(int kind, const std::string& root) {
+  scanner_.Prepare(kind, root);
+  dialogs_.RunScanDialog(scanner_);
+  if (libraryChanged_) libraryChanged_();
+}
+
+void ScanCommands::AddCd() {
+  const std::string drive = settings_.cdDrive;
+  while (!drives_.IsDriveReady(drive)) {
+    if (drives_.Messages().Show(FillMessage(kInsertCd, {drive}), platform::Buttons::RetryCancel,
+                                platform::Icon::Information) == platform::Answer::Cancel)
+      return;
+  }
+  ScanVolume(5, drive + ":\\");
+}
+
+void ScanCommands::AddHd() {
+  const std::string start =
+      settings_.lastAddedFolder.empty() ? "" : drives_.Files().LocalPath(settings_.lastAddedFolder);
+  std::string chosen;
+  if (picker_.Browse(kPickerTitle, start, chosen) != platform::FolderPicker::kChosen) return;
+  // A folder that no drive holds has no drive path to be catalogued under.
+  const std::string drivePath = drives_.ToDrivePath(chosen);
+  if (!drivePath.empty()) AddFolder(drivePath);
+}
+
+void ScanCommands::AddFolder(const std::string& drivePath) {
+  const std::string folder = NormalizeFolder(drivePath);
+  ScanVolume(3, folder);
+  settings_.lastAddedFolder = folder;
+}

@@ -1,0 +1,51 @@
+#pragma once
+// Add CD, Add HD and the scan entry point that every caller (the tree's
+// rescans included) goes through: prepare the scanner, run the "Scan Volume"
+// dialog modally, then tell the library that it changed (the tree rebuild).
+// User-interface thread only.
+
+#include <functional>
+#include <string>
+
+class CAppSettings;
+class CDriveServices;
+class CVolumeScanner;
+
+namespace platform {
+class FolderPicker;
+}
+
+// Runs the "Scan Volume" dialog modally for a prepared scanner; each front
+// end has one.
+class ScanDialogHost {
+ public:
+  virtual ~ScanDialogHost() = default;
+  virtual void RunScanDialog(CVolumeScanner& scanner) = 0;
+};
+
+class ScanCommands {
+ public:
+  static constexpr const char* kInsertCd = "Please Insert CD into drive %s:";
+  static constexpr const char* kPickerTitle = "Select Folder";
+
+  ScanCommands(CVolumeScanner& scanner, CDriveServices& drives, CAppSettings& settings,
+               platform::FolderPicker& picker, ScanDialogHost& dialogs);
+
+  // Called after every scan dialog has closed.
+  void OnLibraryChanged(std::function<void()> rebuild) { libraryChanged_ = std::move(rebuild); }
+
+  // kind 5 (CD) or 3 (disk folder); root a normalised folder with its drive.
+  void ScanVolume(int kind, const std::string& root);
+  void AddCd();
+  void AddHd();
+  // Add HD with the folder already chosen (a drive path), as the console does.
+  void AddFolder(const std::string& drivePath);
+
+ private:
+  CVolumeScanner& scanner_;
+  CDriveServices& drives_;
+  CAppSettings& settings_;
+  platform::FolderPicker& picker_;
+  ScanDialogHost& dialogs_;
+  std::function<void()> libraryChanged_;
+};

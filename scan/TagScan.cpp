@@ -1,0 +1,75 @@
+#include "scan/TagScan.h"
+
+#include <cstdlib>
+
+#include "catalogue/MediaDB.h"
+#include "platform/MessageBox.h"
+#include "scan/Paths.h"
+#include "scan/VolumeIndex.h"
+#include "scan/WorkerProgress.h"
+#include "tags/TagReader.h"
+
+namespace {
+
+constexpr int kTagsNotRead = 0;
+constexpr int kReading = 1;
+constexpr int kStored = 2;
+
+// WMA files whose names end in lower-case "wma" are left unread on purpose;
+// SONG.WMA is read.
+bool LeftUnread(const std::string& fileName) {
+  return fileName.size() >= 3 && fileName.compare(fileName.size() - 3, 3, "wma") == 0;
+}
+
+}  // namespace
+
+TagScan::TagScan(MediaDB& db, TagReader& reader, platform::MessageBox& messages,
+                 WorkerProgress& progress)
+    : db_(db), reader_(reader), messages_(messages), progress_(progress) {}
+
+void TagScan::Run(const std::string& root, int volId, VolumeIndex& index) {
+  (void)volId;  // the index holds this volume's rows only
+  const std::string drive = root.substr(0, 1);
+  const int rootId = index.FindPath(GetFolderPart(root));
+  if (rootId == -1) return;
+  for (std::uint32_t pathId : db_.GetSubtreePathIds(rootId)) {
+    progress_.progress = 0;
+    const PathRow* folder = index.Path(pathId);
+    const std::vector<int> fileIds = index.FilesOf(pathId);
+    const int n = static_cast<int>(fileIds.size());
+    for (int i = 0; i < n; ++i) {
+      if (progress_.cancel) break;
+      FileRow* row = index.File(fileIds[i]);
+      if (row->ScanState == kTagsNotRead && !LeftUnread(row->FileName)) {
+        auto record = db_.GetFile(fileIds[i]);
+        if (record && folder) {
+          ScanFileTags(*record, drive, folder->FullPath);
+          row->ScanState = kStored;
+        }
+      }
+      progress_.progress = 100 * i / n;
+    }
+  }
+}
+
+void TagScan::ScanFileTags(CMediaFile& record, const std::string& drive,
+                           const std::string& folder) {
+  const std::string fullPath = MakeFullPath(drive, folder, record.FileName);
+  progress_.SetStatus(record.FileName);
+  db_.SetFileScanState(record.FileID, kReading);
+  try {
+    reader_.GetTag(fullPath, record);
+  } catch (...) {
+    EndAfterReaderFailure();
+  }
+  db_.UpdateFileTags(record);
+  db_.UpdateFileProperties(record);
+  db_.SetFileScanState(record.FileID, kStored);
+}
+
+void TagScan::EndAfterReaderFailure() {
+  messages_.Show(kReaderFailure, platform::Buttons::Ok, platform::Icon::Error);
+  // The phase's transaction is never committed: SQLite discards it when the
+  // catalogue is next opened, and the files stay unread.
+  std::abort();
+}

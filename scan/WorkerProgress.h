@@ -1,0 +1,28 @@
+#pragma once
+// What a worker thread and the modal dialog polling it share: the worker
+// writes the status text, the progress value and done; the dialog writes
+// cancel. The text is replaced whole under a lock; the rest are atomics.
+
+#include <atomic>
+#include <mutex>
+#include <string>
+
+class WorkerProgress {
+ public:
+  void SetStatus(std::string text) {
+    std::lock_guard lock(mutex_);
+    status_ = std::move(text);
+  }
+  std::string Status() const {
+    std::lock_guard lock(mutex_);
+    return status_;
+  }
+
+  std::atomic<int> progress{0};
+  std::atomic<bool> cancel{false};
+  std::atomic<bool> done{false};
+
+ private:
+  mutable std::mutex mutex_;
+  std::string status_;
+};

@@ -1,0 +1,125 @@
+#include <gtest/gtest.h>
+
+#include "app/CAppSettings.h"
+#include "platform/FolderPicker.h"
+#include "scan/ScanCommands.h"
+#include "tests/scan/ScanFixture.h"
+#include "tests/support/ScanDialogDriver.h"
+
+namespace {
+
+using platform::Answer;
+using testing_support::LabelDisc;
+
+class ScriptedPicker : public platform::FolderPicker {
+ public:
+  int answer = kCancelled;
+  std::string folder;
+  std::vector<std::string> startedAt;
+  int Browse(const std::string& title, const std::string& initial, std::string& chosen) override {
+    EXPECT_EQ(title, "Select Folder");
+    startedAt.push_back(initial);
+    chosen = folder;
+    return answer;
+  }
+};
+
+class ScanCommandsTest : public ScanTest {
+ protected:
+  ScanCommandsTest() : settings(db, folder.Path() + "/"), dialogs(messages),
+                       commands(scanner, drives, settings, picker, dialogs) {
+    settings.cdDrive = "E";
+    commands.OnLibraryChanged([this] { ++rebuilds; });
+  }
+
+  CAppSettings settings;
+  ScriptedPicker picker;
+  testing_support::ScanDialogDriver dialogs;
+  ScanCommands commands;
+  int rebuilds = 0;
+};
+
+TEST_F(ScanCommandsTest, TheDialogShowsProgressAndSaysCompleteOnce) {
+  Put("c/Music/a.mp3", "id3v1.mp3");
+  commands.ScanVolume(3, "C:\\Music\\");
+  EXPECT_EQ(messages.Texts(), std::vector<std::string>{"Scan Complete."});
+  EXPECT_EQ(dialogs.lastView.endedWith, 0);
+  EXPECT_EQ(dialogs.lastView.timerRunning, 0);
+  EXPECT_FALSE(dialogs.lastView.statusTexts.empty());
+  EXPECT_EQ(rebuilds, 1);
+  EXPECT_EQ(CataloguedFiles().size(), 1u);
+}
+
+TEST_F(ScanCommandsTest, CancelEndsTheDialogAtOnceButTheWorkerFinishesFirst) {
+  Put("c/Music/a.mp3", "id3v1.mp3");
+  std::atomic<bool> release{false};
+  reader.beforeRead = [&](const std::string&) {
+    while (!release) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  };
+  dialogs.beforeTick = [&](CScanDlg& dialog, int tick) {
+    if (tick == 3) {
+      dialog.OnCancel();
+      release = true;  // the worker may go on only once the dialog has ended
+    }
+  };
+  commands.ScanVolume(3, "C:\\Music\\");
+  EXPECT_TRUE(messages.Texts().empty());  // no "Scan Complete." after Cancel
+  EXPECT_TRUE(scanner.Progress().done);  // OnDestroy waited for the worker
+  EXPECT_EQ(rebuilds, 1);
+}
+
+TEST_F(ScanCommandsTest, AddCdPromptsForADiscAndFindsKnownDiscsAgain) {
+  const std::string jazz = folder.MakeFolder("discs/jazz"), rock = folder.MakeFolder("discs/rock");
+  LabelDisc(jazz, "Jazz 1", 0x12345678);
+  LabelDisc(rock, "Rock 1", 0x0BADF00D);
+  Put("discs/jazz/Set/a.mp3", "id3v1.mp3");
+  Put("discs/rock/b.mp3", "id3v2.mp3");
+
+  messages.Script({Answer::Retry, Answer::Cancel});
+  commands.AddCd();  // empty drive: two prompts, then Cancel
+  EXPECT_EQ(messages.Texts(), (std::vector<std::string>{"Please Insert CD into drive E:",
+                                                        "Please Insert CD into drive E:"}));
+  EXPECT_EQ(messages.Shown()[0].buttons, platform::Buttons::RetryCancel);
+  EXPECT_EQ(dialogs.runs, 0);
+
+  messages.Script({Answer::Retry});
+  messages.OnShow([&](const testing_support::ShownMessage& m) {
+    if (m.buttons == platform::Buttons::RetryCancel) testDrives.InsertDisc('E', jazz);
+  });
+  commands.AddCd();
+  testDrives.InsertDisc('E', rock);
+  commands.AddCd();
+  testDrives.InsertDisc('E', jazz);
+  commands.AddCd();
+
+  EXPECT_EQ(db.GetVolumeIds(5).size(), 2u);
+  const int jazzVol = db.FindVolumeBySerial("305419896");
+  auto volume = db.GetVolume(jazzVol);
+  EXPECT_EQ(volume->DisplayName, "Jazz 1");
+  EXPECT_EQ(volume->DrvLtr, "E");
+  EXPECT_EQ(db.GetPath(db.GetVolumeRootPathIds(jazzVol).at(0))->FullPath, "\\");
+  EXPECT_EQ(CataloguedFiles().size(), 2u);
+  EXPECT_EQ(rebuilds, 3);
+}
+
+TEST_F(ScanCommandsTest, AddHdScansThePickedFolderAndStartsThereNextTime) {
+  Put("c/Music/a.mp3", "id3v1.mp3");
+  commands.AddHd();  // cancelled
+  EXPECT_EQ(dialogs.runs, 0);
+
+  picker.answer = platform::FolderPicker::kChosen;
+  picker.folder = folder.Path() + "/c/Music";
+  commands.AddHd();
+  commands.AddHd();
+  EXPECT_EQ(settings.lastAddedFolder, "C:\\Music\\");
+  EXPECT_EQ(picker.startedAt,
+            (std::vector<std::string>{"", "", folder.Path() + "/c/Music/"}));
+  EXPECT_EQ(CataloguedFolders().size(), 1u);
+  EXPECT_EQ(db.GetVolumeIds(3).size(), 1u);
+
+  picker.folder = "/proc";  // no drive of this table holds it: nothing happens
+  commands.AddHd();
+  EXPECT_EQ(dialogs.runs, 2);
+}
+
+}  // namespace

@@ -1,0 +1,91 @@
+#pragma once
+// A program folder with a disk C, an empty CD drive E and a catalogue, and a
+// scanner reading real tags with TagLib, through a reader a test may watch.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <functional>
+#include <map>
+
+#include "catalogue/MediaDB.h"
+#include "platform/LinuxDriveTable.h"
+#include "platform/LinuxFileSystem.h"
+#include "scan/CDriveServices.h"
+#include "scan/CVolumeScanner.h"
+#include "tags/CTagReader.h"
+#include "tests/support/ScriptedMessageBox.h"
+#include "tests/support/TempFolder.h"
+
+// Reads through the real reader, calling a hook first (to cancel, to throw, to
+// look at the progress).
+class WatchedReader : public TagReader {
+ public:
+  explicit WatchedReader(TagReader& real) : real_(real) {}
+  std::function<void(const std::string& fullPath)> beforeRead;
+  int GetTag(std::string fullPath, CMediaFile& file) override {
+    if (beforeRead) beforeRead(fullPath);
+    return real_.GetTag(fullPath, file);
+  }
+
+ private:
+  TagReader& real_;
+};
+
+class ScanTest : public ::testing::Test {
+ protected:
+  ScanTest()
+      : testDrives(folder.Path()),
+        table(folder.Path()),
+        fileSystem(table),
+        drives(table, fileSystem, messages),
+        realReader(fileSystem),
+        reader(realReader),
+        scanner(db, drives, reader, messages) {
+    testDrives.AddFixed('C', folder.MakeFolder("c"));
+    testDrives.AddCd('E');
+  }
+
+  void SetUp() override { db.Open(folder.Path() + "/", fileSystem); }
+
+  // Copies a fixture to a path below the folder (for instance "c/Music/a.mp3").
+  void Put(const std::string& relative, const std::string& fixture) {
+    const auto target = std::filesystem::path(folder.Path()) / relative;
+    std::filesystem::create_directories(target.parent_path());
+    std::filesystem::copy_file(std::string(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/") + fixture,
+                               target, std::filesystem::copy_options::overwrite_existing);
+  }
+
+  void Scan(int kind, const std::string& root) {
+    scanner.Prepare(kind, root);
+    scanner.Run();
+  }
+
+  // Stored folder path -> PathID, of every folder in the catalogue.
+  std::map<std::string, int> CataloguedFolders() {
+    std::map<std::string, int> folders;
+    for (std::uint32_t vol : db.GetVolumeIds(-1))
+      for (const PathRow& row : db.GetVolumePathRows(vol)) folders[row.FullPath] = row.PathID;
+    return folders;
+  }
+
+  // "stored folder path + file name" -> FileID, of every file in the catalogue.
+  std::map<std::string, int> CataloguedFiles() {
+    std::map<std::string, int> result;
+    for (std::uint32_t vol : db.GetVolumeIds(-1))
+      for (const FileRow& row : db.GetVolumeFileRows(vol))
+        result[db.GetPathFullPath(row.PathID) + row.FileName] = row.FileID;
+    return result;
+  }
+
+  testing_support::TempFolder folder;
+  testing_support::TestDrives testDrives;
+  platform::LinuxDriveTable table;
+  platform::LinuxFileSystem fileSystem;
+  testing_support::ScriptedMessageBox messages;
+  CDriveServices drives;
+  MediaDB db;
+  CTagReader realReader;
+  WatchedReader reader;
+  CVolumeScanner scanner;
+};
