@@ -1,6 +1,5 @@
 #include "catalogue/MediaDB.h"
 
-#include <cstdarg>
 
 #include "catalogue/CatalogueFailure.h"
 #include "catalogue/CppSQLite3SqlText.h"
@@ -86,31 +85,22 @@ std::string MediaDB::QueryFirstText(const char* sql) {
   return text ? text : "";
 }
 
-int MediaDB::ExecuteChangeF(const char* format, ...) {
+template <class... Values>
+int MediaDB::ExecuteChangeF(const char* format, Values... values) {
   CppSQLite3SqlText sql;
-  va_list arguments;
-  va_start(arguments, format);
-  sql.FormatV(format, arguments);
-  va_end(arguments);
-  return ExecuteChange(sql);
+  return ExecuteChange(sql.Format(format, values...));
 }
 
-int MediaDB::QueryIntF(const char* format, ...) {
+template <class... Values>
+int MediaDB::QueryIntF(const char* format, Values... values) {
   CppSQLite3SqlText sql;
-  va_list arguments;
-  va_start(arguments, format);
-  sql.FormatV(format, arguments);
-  va_end(arguments);
-  return QueryInt(sql);
+  return QueryInt(sql.Format(format, values...));
 }
 
-IdList MediaDB::QueryIdListF(const char* format, ...) {
+template <class... Values>
+IdList MediaDB::QueryIdListF(const char* format, Values... values) {
   CppSQLite3SqlText sql;
-  va_list arguments;
-  va_start(arguments, format);
-  sql.FormatV(format, arguments);
-  va_end(arguments);
-  return QueryIdList(sql);
+  return QueryIdList(sql.Format(format, values...));
 }
 
 template <class Record>

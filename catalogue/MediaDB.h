@@ -121,9 +121,14 @@ class MediaDB {
   void ObserveStatements(std::function<void(const char*)> observer);
 
  private:
-  int ExecuteChangeF(const char* format, ...);
-  int QueryIntF(const char* format, ...);
-  IdList QueryIdListF(const char* format, ...);
+  // The statement formatted with SQLite's printf, then run as by ExecuteChange,
+  // QueryInt or QueryIdList.
+  template <class... Values>
+  int ExecuteChangeF(const char* format, Values... values);
+  template <class... Values>
+  int QueryIntF(const char* format, Values... values);
+  template <class... Values>
+  IdList QueryIdListF(const char* format, Values... values);
   std::string QueryFirstText(const char* sql);
   template <class Record>
   std::unique_ptr<Record> QueryRecord(const char* format, int id);
