@@ -7,7 +7,11 @@
 CLibraryApp::CLibraryApp(std::string programFolder, PlatformServices services)
     : platform_(services),
       settings_(db_, std::move(programFolder)),
-      drives_(services.drives, services.files, services.messages) {}
+      drives_(services.drives, services.files, services.messages),
+      player_(services.mediaControl, 1),  // the one player of the program is device 1
+      playback_(db_, drives_, settings_, player_),
+      tagReader_(services.files),
+      scanner_(db_, drives_, tagReader_, services.messages) {}
 
 CLibraryApp::StartResult CLibraryApp::Start() {
   const bool created = db_.Open(settings_.programFolder, platform_.files) == 1;

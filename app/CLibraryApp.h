@@ -8,11 +8,16 @@
 
 #include "app/CAppSettings.h"
 #include "catalogue/MediaDB.h"
+#include "playback/CMciPlayer.h"
+#include "playback/CPlaybackControl.h"
 #include "scan/CDriveServices.h"
+#include "scan/CVolumeScanner.h"
+#include "tags/CTagReader.h"
 
 namespace platform {
 class DriveTable;
 class FileSystem;
+class MediaControl;
 class MessageBox;
 }  // namespace platform
 
@@ -20,6 +25,7 @@ struct PlatformServices {
   platform::DriveTable& drives;
   platform::FileSystem& files;
   platform::MessageBox& messages;
+  platform::MediaControl& mediaControl;  // must outlive the application object
 };
 
 class CLibraryApp {
@@ -49,6 +55,9 @@ class CLibraryApp {
   MediaDB& Db() { return db_; }
   CAppSettings& Settings() { return settings_; }
   CDriveServices& Drives() { return drives_; }
+  CMciPlayer& Player() { return player_; }
+  CPlaybackControl& Playback() { return playback_; }
+  CVolumeScanner& Scanner() { return scanner_; }
   const PlatformServices& Platform() const { return platform_; }
 
  private:
@@ -59,4 +68,8 @@ class CLibraryApp {
   MediaDB db_;
   CAppSettings settings_;
   CDriveServices drives_;
+  CMciPlayer player_;
+  CPlaybackControl playback_;
+  CTagReader tagReader_;
+  CVolumeScanner scanner_;
 };

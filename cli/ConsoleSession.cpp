@@ -8,12 +8,16 @@
 
 #include "app/CLibraryApp.h"
 #include "catalogue/CppSQLite3Exception.h"
+#include "cli/AddCommands.h"
 #include "cli/ConsoleMessageBox.h"
 #include "cli/DrivesCommand.h"
 #include "cli/OptionsCommand.h"
+#include "cli/PlayCommand.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
 #include "platform/ProgramFolder.h"
+#include "platform/mci/GstMediaControl.h"
+#include "playback/DeferredMediaControl.h"
 
 namespace {
 
@@ -28,7 +32,12 @@ int RunSession(ConsoleCommand& command, AnswerPolicy policy) {
   platform::LinuxDriveTable drives(programFolder);
   platform::LinuxFileSystem files(drives);
   ConsoleMessageBox messages(policy, stdin, stdout, isatty(STDIN_FILENO) == 1);
-  CLibraryApp app(programFolder, PlatformServices{drives, files, messages});
+  // GStreamer starts only when a command plays something.
+  DeferredMediaControl media([&files] {
+    return std::make_unique<platform::mci::GstMediaControl>(platform::mci::AudioOutput::System,
+                                                            files);
+  });
+  CLibraryApp app(programFolder, PlatformServices{drives, files, messages, media});
 
   try {
     if (app.Start() == CLibraryApp::StartResult::Refused) {
@@ -62,8 +71,11 @@ int RunConsole(int argc, char** argv) {
   cli.add_flag("--no", no, "Answer every question with Cancel")->excludes(yesFlag);
 
   std::vector<std::unique_ptr<ConsoleCommand>> commands;
+  commands.push_back(std::make_unique<AddCdCommand>(cli));
+  commands.push_back(std::make_unique<AddHdCommand>(cli));
   commands.push_back(std::make_unique<OptionsCommand>(cli));
   commands.push_back(std::make_unique<DrivesCommand>(cli));
+  commands.push_back(std::make_unique<PlayCommand>(cli));
 
   try {
     cli.parse(argc, argv);

@@ -7,6 +7,7 @@
 #include "app/CLibraryApp.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
+#include "tests/support/RecordingMediaControl.h"
 #include "tests/support/ScriptedMessageBox.h"
 #include "tests/support/TempFolder.h"
 
@@ -25,7 +26,7 @@ class LibraryAppTest : public ::testing::Test {
 
   std::unique_ptr<CLibraryApp> NewApp() {
     return std::make_unique<CLibraryApp>(folder.Path() + "/",
-                                         PlatformServices{table, files, messages});
+                                         PlatformServices{table, files, messages, media});
   }
 
   std::vector<std::string> StatementsOf(CLibraryApp& app, const std::function<void()>& action) {
@@ -42,6 +43,7 @@ class LibraryAppTest : public ::testing::Test {
   platform::LinuxDriveTable table;
   platform::LinuxFileSystem files;
   testing_support::ScriptedMessageBox messages;
+  testing_support::RecordingMediaControl media;
 };
 
 TEST_F(LibraryAppTest, FirstStartWritesTheDefaultsAndMakesTheCacheFolder) {
@@ -148,7 +150,8 @@ TEST(LibraryAppNoCdDrive, FirstStartStoresAnEmptyCdDrive) {
   platform::LinuxDriveTable table(folder.Path());
   platform::LinuxFileSystem files(table);
   testing_support::ScriptedMessageBox messages;
-  CLibraryApp app(folder.Path() + "/", PlatformServices{table, files, messages});
+  testing_support::RecordingMediaControl media;
+  CLibraryApp app(folder.Path() + "/", PlatformServices{table, files, messages, media});
   app.Start();
   EXPECT_EQ(app.Settings().cdDrive, "");
 }
@@ -156,7 +159,8 @@ TEST(LibraryAppNoCdDrive, FirstStartStoresAnEmptyCdDrive) {
 using LibraryAppDeathTest = LibraryAppTest;
 
 TEST_F(LibraryAppDeathTest, AFileThatIsNoCatalogueEndsTheRunAndStaysUnchanged) {
-  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  // Forked without re-running the test, so that the parent sees the child's files.
+  GTEST_FLAG_SET(death_test_style, "fast");
   const std::string text = "These are my notes, not a catalogue.\n";
   folder.WriteFile("Quillora.db", text);
   EXPECT_EXIT(NewApp()->Start(), ::testing::ExitedWithCode(1), "file is not a database");

@@ -1,0 +1,52 @@
+#include "cli/AddCommands.h"
+
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+
+#include "app/CLibraryApp.h"
+#include "cli/ConsoleScanDialog.h"
+#include "platform/FolderPicker.h"
+#include "scan/ScanCommands.h"
+
+namespace {
+
+// The console takes folders as arguments; it never shows a picker.
+class NoFolderPicker : public platform::FolderPicker {
+ public:
+  int Browse(const std::string&, const std::string&, std::string&) override { return kCancelled; }
+};
+
+template <class Action>
+int RunScanCommand(CLibraryApp& app, Action action) {
+  NoFolderPicker picker;
+  ConsoleScanDialog dialog(app.Platform().messages, stderr, isatty(STDERR_FILENO) == 1);
+  ScanCommands commands(app.Scanner(), app.Drives(), app.Settings(), picker, dialog);
+  action(commands);
+  return 0;
+}
+
+}  // namespace
+
+AddHdCommand::AddHdCommand(CLI::App& parent)
+    : command_(parent.add_subcommand("add-hd", "Scan a folder on a disk and store it in the library")) {
+  command_->add_option("FOLDER", folder_, "A Linux path, or a drive path such as C:\\Music")->required();
+}
+
+bool AddHdCommand::Chosen() const { return command_->parsed(); }
+
+int AddHdCommand::Run(CLibraryApp& app, std::FILE*) {
+  const std::string drivePath = FolderArgument(app, folder_);
+  if (!app.Drives().FileExists(drivePath))
+    throw UsageError("there is no folder '" + folder_ + "'");
+  return RunScanCommand(app, [&](ScanCommands& commands) { commands.AddFolder(drivePath); });
+}
+
+AddCdCommand::AddCdCommand(CLI::App& parent)
+    : command_(parent.add_subcommand("add-cd", "Scan the CD in the CD drive and store it in the library")) {}
+
+bool AddCdCommand::Chosen() const { return command_->parsed(); }
+
+int AddCdCommand::Run(CLibraryApp& app, std::FILE*) {
+  return RunScanCommand(app, [](ScanCommands& commands) { commands.AddCd(); });
+}

@@ -1,0 +1,85 @@
+#include "playback/CMciPlayer.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+#include "platform/MediaControl.h"
+
+CMciPlayer::CMciPlayer(platform::MediaControl& mci, int deviceId)
+    : mci_(mci), deviceId_(deviceId), alias_("QL_MCI_DEV_" + std::to_string(deviceId)) {}
+
+CMciPlayer::~CMciPlayer() { CloseAll(); }
+
+std::uint32_t CMciPlayer::Send(const char* command, char* reply) {
+  if (reply != nullptr) reply[0] = '\0';
+  lastError_ = mci_.mciSendString(command, reply, reply != nullptr ? kBufferSize : 0);
+  if (lastError_ != 0) {
+    char ignored[kBufferSize];
+    mci_.mciGetErrorString(lastError_, ignored, kBufferSize);
+  }
+  return lastError_;
+}
+
+std::uint32_t CMciPlayer::SendToDevice(const char* verb, const std::string& rest, char* reply) {
+  char command[kBufferSize];
+  std::snprintf(command, sizeof command, "%s %s%s", verb, alias_.c_str(), rest.c_str());
+  return Send(command, reply);
+}
+
+std::int32_t CMciPlayer::StatusNumber(const char* item) {
+  char reply[kBufferSize];
+  SendToDevice("status", std::string(" ") + item, reply);
+  return static_cast<std::int32_t>(std::atoi(reply));
+}
+
+int CMciPlayer::Open(std::string path) {
+  if (isOpen_) Close();
+  // Built as a growable string: a long path must reach the device whole.
+  const std::string command = "open \"" + path + "\" type mpegvideo alias " + alias_;
+  if (Send(command.c_str()) != 0) return static_cast<int>(lastError_);
+  isOpen_ = true;
+  SendToDevice("set", " time format ms");
+  lengthMs_ = StatusNumber("length");
+  return static_cast<int>(lastError_);
+}
+
+int CMciPlayer::Play(std::int32_t fromMs) {
+  if (!isOpen_) return kNotOpen;
+  return static_cast<int>(SendToDevice("play", " from " + std::to_string(fromMs)));
+}
+
+int CMciPlayer::Stop() {
+  if (!isOpen_) return kNotOpen;
+  return static_cast<int>(SendToDevice("stop"));
+}
+
+int CMciPlayer::Skip() {
+  if (!isOpen_) return kNotOpen;
+  const std::int64_t target = std::int64_t{StatusNumber("position")} + kSkipMs;
+  return Play(static_cast<std::int32_t>(std::min<std::int64_t>(target, lengthMs_)));
+}
+
+int CMciPlayer::Close() {
+  SendToDevice("close");
+  isOpen_ = false;
+  return static_cast<int>(lastError_);
+}
+
+int CMciPlayer::CloseAll() {
+  char command[kBufferSize];
+  std::snprintf(command, sizeof command, "close all");
+  return static_cast<int>(Send(command));
+}
+
+std::int32_t CMciPlayer::Position() {
+  if (!isOpen_) return -1;
+  const std::int32_t position = StatusNumber("position");
+  return lastError_ == 0 ? position : -1;
+}
+
+std::string CMciPlayer::GetErrorText() {
+  char text[kBufferSize] = "";
+  mci_.mciGetErrorString(lastError_, text, kBufferSize);
+  return text;
+}

@@ -1,0 +1,79 @@
+#pragma once
+// One media-control device that plays one file at a time, driven with
+// command strings under the alias "QL_MCI_DEV_<deviceId>". Times are in
+// milliseconds.
+//
+// Every call sends its commands at once and returns the code of the last one
+// (0 or a media-control error number), or kNotOpen when it needed an open
+// file and had none, in which case nothing is sent. Error texts are fetched
+// and dropped: the player shows nothing itself.
+//
+// The media control must outlive the player. Used from the user-interface
+// thread only.
+
+#include <cstdint>
+#include <string>
+
+namespace platform {
+class MediaControl;
+}
+
+class CMciPlayer {
+ public:
+  static constexpr int kNotOpen = -1;
+  static constexpr int kSkipMs = 10000;
+
+  // Sends nothing.
+  CMciPlayer(platform::MediaControl& mci, int deviceId);
+  // Sends "close all".
+  ~CMciPlayer();
+  CMciPlayer(const CMciPlayer&) = delete;
+  CMciPlayer& operator=(const CMciPlayer&) = delete;
+
+  // Closes the open file first. On success the device stays open, in
+  // milliseconds, and lengthMs holds the file's length; the code returned is
+  // that of the length query (a failed query leaves the device open with
+  // length 0). When the open itself fails the device stays closed and
+  // lengthMs keeps its old value.
+  int Open(std::string path);
+  int Play(std::int32_t fromMs);
+  int Stop();
+  // Plays from ten seconds past the current position, or from the end.
+  int Skip();
+  // Marks the player closed whatever the answer.
+  int Close();
+  // Closes every device of the media control, the player's among them, but
+  // leaves isOpen as it was.
+  int CloseAll();
+
+  // The current position, or -1 when not open or when the query fails.
+  std::int32_t Position();
+
+  // The text of lastError as the media control words it ("" when unknown).
+  std::string GetErrorText();
+
+  int DeviceId() const { return deviceId_; }
+  const std::string& Alias() const { return alias_; }
+  bool IsOpen() const { return isOpen_; }
+  std::uint32_t LastError() const { return lastError_; }
+  std::int32_t LengthMs() const { return lengthMs_; }
+
+ private:
+  static constexpr unsigned kBufferSize = 100;
+
+  // Sends a command, keeps its code in lastError and returns it; the reply,
+  // when wanted, goes to a buffer of kBufferSize bytes.
+  std::uint32_t Send(const char* command, char* reply = nullptr);
+  // Sends "<verb> ALIAS<rest>" formatted into a buffer of kBufferSize bytes.
+  std::uint32_t SendToDevice(const char* verb, const std::string& rest = "",
+                             char* reply = nullptr);
+  // "status ALIAS <item>" read as a number; 0 when the reply is not one.
+  std::int32_t StatusNumber(const char* item);
+
+  platform::MediaControl& mci_;
+  int deviceId_;
+  std::string alias_;
+  bool isOpen_ = false;
+  std::uint32_t lastError_ = 0;
+  std::int32_t lengthMs_ = 0;
+};

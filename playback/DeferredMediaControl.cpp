@@ -1,0 +1,52 @@
+#include "playback/DeferredMediaControl.h"
+
+#include <strings.h>
+
+#include <algorithm>
+#include <cstring>
+#include <exception>
+
+namespace {
+
+void CopyText(const std::string& text, char* out, unsigned size) {
+  if (out == nullptr || size == 0) return;
+  const std::size_t count = std::min<std::size_t>(text.size(), size - 1);
+  std::memcpy(out, text.data(), count);
+  out[count] = '\0';
+}
+
+}  // namespace
+
+DeferredMediaControl::DeferredMediaControl(Factory factory) : factory_(std::move(factory)) {}
+
+platform::MediaControl* DeferredMediaControl::Control() {
+  if (control_ == nullptr && !startFailure_) {
+    try {
+      control_ = factory_();
+    } catch (const std::exception& failure) {
+      startFailure_ = failure.what();
+    }
+  }
+  return control_.get();
+}
+
+std::uint32_t DeferredMediaControl::mciSendString(const char* command, char* reply,
+                                                  unsigned size) {
+  if (!Started() && strcasecmp(command, "close all") == 0) {
+    CopyText("", reply, size);
+    return platform::kMciNoError;
+  }
+  platform::MediaControl* control = Control();
+  if (control == nullptr) {
+    CopyText("", reply, size);
+    return platform::kMciNoAudioOutput;
+  }
+  return control->mciSendString(command, reply, size);
+}
+
+bool DeferredMediaControl::mciGetErrorString(std::uint32_t code, char* text, unsigned size) {
+  if (Started()) return control_->mciGetErrorString(code, text, size);
+  const bool known = startFailure_ && code == platform::kMciNoAudioOutput;
+  CopyText(known ? *startFailure_ : "", text, size);
+  return known;
+}

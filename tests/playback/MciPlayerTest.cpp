@@ -1,0 +1,85 @@
+#include "playback/CMciPlayer.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/RecordingMediaControl.h"
+
+namespace {
+
+using Strings = std::vector<std::string>;
+
+class MciPlayerTest : public ::testing::Test {
+ protected:
+  MciPlayerTest() { media.Answer("status QL_MCI_DEV_7 length", 0, "200000"); }
+  testing_support::RecordingMediaControl media;
+  CMciPlayer player{media, 7};
+};
+
+TEST_F(MciPlayerTest, OpenPlayStopSkipAndASecondOpenSendTheirStrings) {
+  EXPECT_TRUE(media.Sent().empty());
+  EXPECT_EQ(player.Open("C:\\My Music\\Blue Train.mp3"), 0);
+  EXPECT_EQ(player.LengthMs(), 200000);
+  EXPECT_EQ(player.Play(0), 0);
+  EXPECT_EQ(player.Stop(), 0);
+  media.Answer("status QL_MCI_DEV_7 position", 0, "5000");
+  EXPECT_EQ(player.Skip(), 0);
+  media.Answer("status QL_MCI_DEV_7 position", 0, "195000");
+  media.Answer("play QL_MCI_DEV_7 from 200000", 282);
+  EXPECT_EQ(player.Skip(), 282);  // never past the end
+  EXPECT_EQ(player.GetErrorText(), "error 282");
+  const std::string longPath = "C:\\" + std::string(150, 'x') + "\\b.ogg";
+  EXPECT_EQ(player.Open(longPath), 0);
+  EXPECT_EQ(media.Commands(),
+            (Strings{"open \"C:\\My Music\\Blue Train.mp3\" type mpegvideo alias QL_MCI_DEV_7",
+                     "set QL_MCI_DEV_7 time format ms", "status QL_MCI_DEV_7 length",
+                     "play QL_MCI_DEV_7 from 0", "stop QL_MCI_DEV_7",
+                     "status QL_MCI_DEV_7 position", "play QL_MCI_DEV_7 from 15000",
+                     "status QL_MCI_DEV_7 position", "play QL_MCI_DEV_7 from 200000",
+                     "close QL_MCI_DEV_7",
+                     "open \"" + longPath + "\" type mpegvideo alias QL_MCI_DEV_7",
+                     "set QL_MCI_DEV_7 time format ms", "status QL_MCI_DEV_7 length"}));
+  // Only status queries hand over a reply buffer.
+  EXPECT_EQ(media.Sent()[0].replySize, 0u);
+  EXPECT_EQ(media.Sent()[2].replySize, 100u);
+}
+
+TEST_F(MciPlayerTest, WithoutAnOpenFileNothingIsSent) {
+  EXPECT_EQ(player.Play(0), CMciPlayer::kNotOpen);
+  EXPECT_EQ(player.Stop(), CMciPlayer::kNotOpen);
+  EXPECT_EQ(player.Skip(), CMciPlayer::kNotOpen);
+  EXPECT_TRUE(media.Sent().empty());
+
+  // A failed open leaves the device closed and the old length in place.
+  player.Open("C:\\a.mp3");
+  media.Answer("open", 275);
+  EXPECT_EQ(player.Open("C:\\gone.mp3"), 275);
+  EXPECT_FALSE(player.IsOpen());
+  EXPECT_EQ(player.LengthMs(), 200000);
+  media.Forget();
+  EXPECT_EQ(player.Play(0), CMciPlayer::kNotOpen);
+  EXPECT_EQ(player.Skip(), CMciPlayer::kNotOpen);
+  EXPECT_TRUE(media.Sent().empty());
+}
+
+TEST_F(MciPlayerTest, AFailedLengthQueryLeavesTheDeviceOpenWithNoLength) {
+  media.Answer("status QL_MCI_DEV_7 length", 263);
+  EXPECT_EQ(player.Open("C:\\a.mp3"), 263);
+  EXPECT_TRUE(player.IsOpen());
+  EXPECT_EQ(player.LengthMs(), 0);
+  EXPECT_EQ(media.ErrorTextsAsked(), (std::vector<std::uint32_t>{263}));
+}
+
+TEST(MciPlayer, CloseMarksTheDeviceClosedEvenWhenRefusedAndDestructionClosesAll) {
+  testing_support::RecordingMediaControl media;
+  {
+    CMciPlayer player(media, 1);
+    player.Open("C:\\a.mp3");
+    media.Answer("close", 263);
+    EXPECT_EQ(player.Close(), 263);
+    EXPECT_FALSE(player.IsOpen());
+    media.Forget();
+  }
+  EXPECT_EQ(media.Commands(), (Strings{"close all"}));
+}
+
+}  // namespace
