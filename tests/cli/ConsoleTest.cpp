@@ -111,4 +111,26 @@ TEST_F(ConsoleTest, AFileThatIsNoCatalogueIsLeftAloneWithOneLineOfReason) {
   EXPECT_EQ(ReadAll(program + "/Quillora.db"), text);
 }
 
+TEST_F(ConsoleTest, AddHdAndAddCdScanWithProgressOnStandardError) {
+  fs::create_directories(home + "/Music/Rock");
+  fs::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/id3v1.mp3", home + "/Music/Rock/a.mp3");
+  Outcome added = Run("add-hd " + home + "/Music");
+  EXPECT_EQ(added.status, 0) << added.err;
+  EXPECT_EQ(added.out, "Scan Complete.\n");
+  EXPECT_NE(added.err.find("%"), std::string::npos);  // the progress bar
+  EXPECT_EQ(Query("SELECT FullPath FROM MediaPaths;"), "\\Music\\;\\Music\\Rock\\;");
+  EXPECT_EQ(Query("SELECT FileName, ScanState, id3Artist FROM MediaFiles;"), "a.mp3=2=Dara O'Neill;");
+  EXPECT_EQ(Run("add-hd 'C:\\Music'").status, 0);  // the same folder as a drive path
+  EXPECT_EQ(Query("SELECT count(*) FROM MediaFiles;"), "1;");
+  EXPECT_EQ(Run("add-hd " + home + "/Nothing").status, 2);
+
+  // An empty CD drive: the question is answered Cancel when no one can answer it.
+  fs::create_symlink(folder.Path() + "/no-disc", program + "/drives/e::");
+  Run("options --cd-drive E");
+  Outcome noDisc = Run("add-cd");
+  EXPECT_EQ(noDisc.status, 0);
+  EXPECT_EQ(noDisc.out, "Please Insert CD into drive E:\n");
+  EXPECT_EQ(Query("SELECT count(*) FROM MediaVolumes;"), "1;");
+}
+
 }  // namespace
