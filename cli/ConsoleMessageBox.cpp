@@ -29,11 +29,22 @@ platform::Answer ConsoleMessageBox::Show(const std::string& text, platform::Butt
   std::fflush(out_);
   if (buttons == platform::Buttons::Ok) return platform::Answer::Ok;
   switch (policy_) {
-    case AnswerPolicy::Yes: return Positive(buttons);
+    case AnswerPolicy::Yes: return AnswerYes(text, buttons);
     case AnswerPolicy::No: return platform::Answer::Cancel;
     case AnswerPolicy::Ask: break;
   }
   return interactive_ ? AskOnTerminal(buttons) : platform::Answer::Cancel;
+}
+
+platform::Answer ConsoleMessageBox::AnswerYes(const std::string& text, platform::Buttons buttons) {
+  constexpr int kMostRepeats = 3;
+  timesAnsweredYes_ = text == lastYes_ ? timesAnsweredYes_ + 1 : 1;
+  lastYes_ = text;
+  if (timesAnsweredYes_ <= kMostRepeats) return Positive(buttons);
+  std::fprintf(stderr, "vantrelle-cli: the same question came back %d times; answering Cancel\n",
+               kMostRepeats + 1);
+  lastYes_.clear();
+  return platform::Answer::Cancel;
 }
 
 platform::Answer ConsoleMessageBox::AskOnTerminal(platform::Buttons buttons) {

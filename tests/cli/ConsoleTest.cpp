@@ -1,66 +1,10 @@
 // Runs the real vantrelle-cli from a copy in a fresh program folder, as a user would.
-#include <gtest/gtest.h>
-#include <sqlite3.h>
-#include <sys/wait.h>
-
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
-#include "tests/support/TempFolder.h"
+#include "tests/cli/ConsoleFixture.h"
 
 namespace {
 
 namespace fs = std::filesystem;
-
-struct Outcome {
-  int status = -1;
-  std::string out;
-  std::string err;
-};
-
-std::string ReadAll(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream content;
-  content << in.rdbuf();
-  return content.str();
-}
-
-class ConsoleTest : public ::testing::Test {
- protected:
-  void SetUp() override {
-    home = folder.MakeFolder("home");
-    program = folder.MakeFolder("program");
-    fs::copy_file(VANTRELLE_BIN_DIR "/vantrelle-cli", program + "/vantrelle-cli");
-  }
-
-  Outcome Run(const std::string& arguments) {
-    const std::string out = folder.Path() + "/out", err = folder.Path() + "/err";
-    const std::string command = "cd '" + program + "' && HOME='" + home + "' ./vantrelle-cli " +
-                                arguments + " >'" + out + "' 2>'" + err + "' </dev/null";
-    const int raw = std::system(command.c_str());
-    return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, ReadAll(out), ReadAll(err)};
-  }
-
-  std::string Query(const std::string& sql) {
-    sqlite3* db = nullptr;
-    sqlite3_open((program + "/Quillora.db").c_str(), &db);
-    std::string result;
-    sqlite3_exec(
-        db, sql.c_str(),
-        [](void* text, int columns, char** values, char**) {
-          auto& out = *static_cast<std::string*>(text);
-          for (int i = 0; i < columns; ++i) out += std::string(values[i] ? values[i] : "") + (i + 1 < columns ? "=" : ";");
-          return 0;
-        },
-        &result, nullptr);
-    sqlite3_close(db);
-    return result;
-  }
-
-  testing_support::TempFolder folder;
-  std::string home, program;
-};
+using ConsoleTest = ConsoleFixture;
 
 TEST_F(ConsoleTest, FirstRunCreatesTheCatalogueAndLaterRunsKeepTheOptions) {
   Outcome first = Run("options");
@@ -130,6 +74,9 @@ TEST_F(ConsoleTest, AddHdAndAddCdScanWithProgressOnStandardError) {
   Outcome noDisc = Run("add-cd");
   EXPECT_EQ(noDisc.status, 0);
   EXPECT_EQ(noDisc.out, "Please Insert CD into drive E:\n");
+  Outcome insisted = Run("--yes add-cd");  // gives up once it is plain no disc is coming
+  EXPECT_EQ(insisted.status, 0);
+  EXPECT_EQ(std::count(insisted.out.begin(), insisted.out.end(), '\n'), 4);
   EXPECT_EQ(Query("SELECT count(*) FROM MediaVolumes;"), "1;");
 }
 
