@@ -299,6 +299,15 @@ int MediaDB::UpdateFileProperties(const CMediaFile& file) {
       file.Length, file.BitRate, file.SampleRate, file.Channels, file.FileID);
 }
 
+int MediaDB::UpdateFileTagsAndProperties(const CMediaFile& file, int scanState) {
+  return ExecuteChangeF(
+      "UPDATE MediaFiles SET id3Title=%Q,id3Artist=%Q,id3Album=%Q,id3Comment=%Q,Length=%d,"
+      "BitRate=%d,SampleRate=%d,Channels=%d,ScanState=%d WHERE FileID=%d;",
+      file.id3Title.c_str(), file.id3Artist.c_str(), file.id3Album.c_str(),
+      file.id3Comment.c_str(), file.Length, file.BitRate, file.SampleRate, file.Channels,
+      scanState, file.FileID);
+}
+
 int MediaDB::DeleteDirtyFiles(int pathId, int bit) {
   return ExecuteChangeF("DELETE FROM MediaFiles WHERE PathID=%d AND DirtyBit=%d;", pathId, bit);
 }
@@ -359,37 +368,42 @@ std::vector<FileRow> MediaDB::GetVolumeFileRows(int volId) {
 
 namespace {
 
-std::string JoinIds(const IdList& ids) {
+// Long id lists go in pieces, so that SQLite never has to parse one huge statement.
+constexpr std::size_t kIdsPerStatement = 1000;
+
+std::string JoinIds(const IdList& ids, std::size_t from, std::size_t count) {
   std::string list;
-  for (std::uint32_t id : ids) {
+  for (std::size_t i = from; i < from + count && i < ids.size(); ++i) {
     if (!list.empty()) list += ',';
-    list += std::to_string(static_cast<std::int32_t>(id));
+    list += std::to_string(static_cast<std::int32_t>(ids[i]));
   }
   return list;
 }
 
 }  // namespace
 
+template <class... Values>
+int MediaDB::ExecuteForIds(const char* format, const IdList& ids, Values... values) {
+  int result = 0;
+  for (std::size_t from = 0; from < ids.size(); from += kIdsPerStatement)
+    result = ExecuteChangeF(format, values..., JoinIds(ids, from, kIdsPerStatement).c_str());
+  return result;
+}
+
 int MediaDB::SetPathsDirtyBit(const IdList& pathIds, int bit) {
-  if (pathIds.empty()) return 0;
-  return ExecuteChangeF("UPDATE MediaPaths SET DirtyBit=%d WHERE PathID IN (%s);", bit,
-                        JoinIds(pathIds).c_str());
+  return ExecuteForIds("UPDATE MediaPaths SET DirtyBit=%d WHERE PathID IN (%s);", pathIds, bit);
 }
 
 int MediaDB::SetFilesDirtyBit(const IdList& fileIds, int bit) {
-  if (fileIds.empty()) return 0;
-  return ExecuteChangeF("UPDATE MediaFiles SET DirtyBit=%d WHERE FileID IN (%s);", bit,
-                        JoinIds(fileIds).c_str());
+  return ExecuteForIds("UPDATE MediaFiles SET DirtyBit=%d WHERE FileID IN (%s);", fileIds, bit);
 }
 
 int MediaDB::DeleteFiles(const IdList& fileIds) {
-  if (fileIds.empty()) return 0;
-  return ExecuteChangeF("DELETE FROM MediaFiles WHERE FileID IN (%s);", JoinIds(fileIds).c_str());
+  return ExecuteForIds("DELETE FROM MediaFiles WHERE FileID IN (%s);", fileIds);
 }
 
 int MediaDB::DeletePaths(const IdList& pathIds) {
-  if (pathIds.empty()) return 0;
-  return ExecuteChangeF("DELETE FROM MediaPaths WHERE PathID IN (%s);", JoinIds(pathIds).c_str());
+  return ExecuteForIds("DELETE FROM MediaPaths WHERE PathID IN (%s);", pathIds);
 }
 
 int MediaDB::SetConfig(int configId, const std::string& value, bool insert) {

@@ -96,6 +96,9 @@ class MediaDB {
   int UpdateFileUserInfo(const CMediaFile& file);
   int UpdateFileTags(const CMediaFile& file);
   int UpdateFileProperties(const CMediaFile& file);
+  // The tag texts and audio properties of UpdateFileTags and
+  // UpdateFileProperties, and the scan state, in one statement.
+  int UpdateFileTagsAndProperties(const CMediaFile& file, int scanState);
 
   int DeleteDirtyFiles(int pathId, int bit);
   int DeletePathFiles(int pathId);
@@ -129,6 +132,9 @@ class MediaDB {
   int QueryIntF(const char* format, Values... values);
   template <class... Values>
   IdList QueryIdListF(const char* format, Values... values);
+  // Runs format once per piece of the id list; the list's "%s" comes last.
+  template <class... Values>
+  int ExecuteForIds(const char* format, const IdList& ids, Values... values);
   std::string QueryFirstText(const char* sql);
   template <class Record>
   std::unique_ptr<Record> QueryRecord(const char* format, int id);

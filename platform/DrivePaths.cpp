@@ -66,9 +66,17 @@ std::string ResolvePath(const DriveTable& drives, const std::string& path) {
   std::string root = drives.RootFolder(static_cast<char>(std::toupper(static_cast<unsigned char>(path[0]))));
   if (root.empty()) return "";
 
-  std::string local = root == "/" ? "" : root;
-  bool stillExists = true;  // below a missing component nothing can be looked up
   std::vector<std::string> components = SplitAtBackslashes(path.substr(2));
+  std::string local = root == "/" ? "" : root;
+  // Most paths exist exactly as written: one look settles them.
+  std::string exact = local;
+  for (const std::string& component : components) exact += "/" + component;
+  if (!components.empty() && EntryExists(exact)) {
+    if (path.ends_with('\\')) exact += "/";
+    return exact;
+  }
+
+  bool stillExists = true;  // below a missing component nothing can be looked up
   for (const std::string& component : components) {
     std::optional<std::string> existing = stillExists ? ExistingName(local, component) : std::nullopt;
     stillExists = existing.has_value();

@@ -38,9 +38,13 @@ std::string MountPointOf(dev_t device) {
   return mount ? mount->mountPoint : "";
 }
 
+bool IsCdDevice(const DriveLink& link, dev_t& device) {
+  return link.cd && IsBlockDevice(link.target, device);
+}
+
 std::string RootOfLink(const DriveLink& link) {
   dev_t device = 0;
-  if (link.cd && IsBlockDevice(link.target, device)) return MountPointOf(device);
+  if (IsCdDevice(link, device)) return MountPointOf(device);
   return IsFolder(link.target) ? CanonicalFolder(link.target) : "";
 }
 
@@ -90,7 +94,19 @@ int LinuxDriveTable::Type(char letter) const {
 
 std::string LinuxDriveTable::RootFolder(char letter) const {
   auto link = ReadDriveLink(drivesFolder_, letter);
-  return link ? RootOfLink(*link) : "";
+  if (!link) return "";
+  dev_t device = 0;
+  if (IsCdDevice(*link, device)) return MountPointOf(device);
+  return IsFolder(link->target) ? CanonicalRoot(link->target) : "";
+}
+
+std::string LinuxDriveTable::CanonicalRoot(const std::string& target) const {
+  std::lock_guard lock(canonicalMutex_);
+  auto known = canonicalTargets_.find(target);
+  if (known != canonicalTargets_.end()) return known->second;
+  std::string canonical = CanonicalFolder(target);
+  if (!canonical.empty()) canonicalTargets_.emplace(target, canonical);
+  return canonical;
 }
 
 bool LinuxDriveTable::IsReady(char letter) const {

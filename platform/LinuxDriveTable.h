@@ -10,6 +10,8 @@
 // Calls do not throw and may come from any thread; ToDrivePath may add a link,
 // and two threads adding at once take different letters.
 
+#include <map>
+#include <mutex>
 #include <string>
 
 #include "platform/DriveTable.h"
@@ -42,7 +44,14 @@ class LinuxDriveTable final : public DriveTable {
   // Links the first free letter from F to a mount point; 0 when none is free.
   char LinkFixedDrive(const std::string& mountPoint);
 
+  // The canonical form of a folder link's target, by target text. The link
+  // itself is read at every call, so a swapped disc is seen at once; only the
+  // costly canonicalisation of a target already seen is remembered.
+  std::string CanonicalRoot(const std::string& target) const;
+
   std::string drivesFolder_;
+  mutable std::mutex canonicalMutex_;
+  mutable std::map<std::string, std::string> canonicalTargets_;
 };
 
 }  // namespace platform

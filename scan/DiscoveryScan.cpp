@@ -86,7 +86,14 @@ int DiscoveryScan::ScanFolder(const std::string& folder, int parentId, int volId
     db_.SetPathDirtyBit(pathId, 0);
     index_.SetPathDirtyBit(pathId, 0);
   }
-  const auto names = drives_.ListMediaFiles(folder);
+  // One listing gives both the audio files and the sub-folders.
+  std::vector<std::string> names, subfolders;
+  for (const auto& entry : drives_.Files().List(folder, "*.*")) {
+    if (entry.isDirectory)
+      subfolders.push_back(entry.name);
+    else if (GetFileType(entry.name) != kNotMedia)
+      names.push_back(entry.name);
+  }
   IdList seenAgain;
   for (const std::string& name : names) {
     const int fileId = FindOrAddFile(MakeFullPath("", folder, name), pathId, volId);
@@ -100,7 +107,7 @@ int DiscoveryScan::ScanFolder(const std::string& folder, int parentId, int volId
   db_.Commit();
 
   int count = static_cast<int>(names.size());
-  for (const std::string& name : drives_.ListSubfolders(folder))
+  for (const std::string& name : subfolders)
     count += ScanFolder(NormalizeFolder(folder + name), pathId, volId);
   return count;
 }

@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "catalogue/MediaDB.h"
+#include "catalogue/Records.h"
 #include "platform/MessageBox.h"
 #include "scan/Paths.h"
 #include "scan/VolumeIndex.h"
@@ -28,7 +29,6 @@ TagScan::TagScan(MediaDB& db, TagReader& reader, platform::MessageBox& messages,
     : db_(db), reader_(reader), messages_(messages), progress_(progress) {}
 
 void TagScan::Run(const std::string& root, int volId, VolumeIndex& index) {
-  (void)volId;  // the index holds this volume's rows only
   const std::string drive = root.substr(0, 1);
   const int rootId = index.FindPath(GetFolderPart(root));
   if (rootId == -1) return;
@@ -40,12 +40,15 @@ void TagScan::Run(const std::string& root, int volId, VolumeIndex& index) {
     for (int i = 0; i < n; ++i) {
       if (progress_.cancel) break;
       FileRow* row = index.File(fileIds[i]);
-      if (row->ScanState == kTagsNotRead && !LeftUnread(row->FileName)) {
-        auto record = db_.GetFile(fileIds[i]);
-        if (record && folder) {
-          ScanFileTags(*record, drive, folder->FullPath);
-          row->ScanState = kStored;
-        }
+      if (row->ScanState == kTagsNotRead && !LeftUnread(row->FileName) && folder) {
+        // An unread row holds no tags yet: a fresh record stands for it.
+        CMediaFile record;
+        record.FileID = row->FileID;
+        record.PathID = row->PathID;
+        record.VolID = volId;
+        record.FileName = row->FileName;
+        ScanFileTags(record, drive, folder->FullPath);
+        row->ScanState = kStored;
       }
       progress_.progress = 100 * i / n;
     }
@@ -62,9 +65,8 @@ void TagScan::ScanFileTags(CMediaFile& record, const std::string& drive,
   } catch (...) {
     EndAfterReaderFailure();
   }
-  db_.UpdateFileTags(record);
-  db_.UpdateFileProperties(record);
-  db_.SetFileScanState(record.FileID, kStored);
+  // Tags, properties and the new state in one change of the row.
+  db_.UpdateFileTagsAndProperties(record, kStored);
 }
 
 void TagScan::EndAfterReaderFailure() {

@@ -1,0 +1,350 @@
+// vantrelle-scan-bench: how fast a whole scan of a disk folder runs against
+// what TagLib alone needs to read the same files, and how fast rescans run.
+//
+// For each library size N, in a child process of its own (so each size has its
+// own memory peak): builds a library of N hard-linked audio files, warms the
+// cache, times TagLib alone, a fresh scan into a new catalogue, a rescan with
+// nothing changed and a rescan after 1 % of the files came and 1 % went.
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <taglib/asffile.h>
+#include <taglib/mpegfile.h>
+#include <taglib/tag.h>
+#include <taglib/vorbisfile.h>
+
+#include <CLI/CLI.hpp>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "benchmarks/BenchLibrary.h"
+#include "benchmarks/PeakMemory.h"
+#include "catalogue/MediaDB.h"
+#include "platform/LinuxDriveTable.h"
+#include "platform/LinuxFileSystem.h"
+#include "platform/MessageBox.h"
+#include "scan/CDriveServices.h"
+#include "scan/CVolumeScanner.h"
+#include "tags/CTagReader.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+enum Phase { kBuild, kWarm, kTagLib, kGetTag, kFresh, kRescan, kChanged, kPhaseCount };
+
+constexpr const char* kPhaseNames[kPhaseCount] = {
+    "build library",        "warm cache (read all)",  "floor: TagLib direct",
+    "floor: GetTag (drive)", "fresh scan",            "no-change rescan",
+    "rescan +1% -1%",
+};
+
+struct PhaseResult {
+  double seconds = 0;
+  int files = 0;
+  long peakKb = -1;
+};
+
+// What a child sends back through its pipe: plain data only.
+struct SizeResult {
+  int n = 0;
+  PhaseResult phase[kPhaseCount];
+  long processPeakKb = -1;
+  bool peaksPerPhase = false;
+  int removed = 0;
+  int added = 0;
+  int floorParsed = 0;  // files TagLib found a bit rate in
+  char problems[512] = {};
+};
+
+// Every box is answered OK: a scan that asks anything is reported by the checks.
+class OkMessageBox : public platform::MessageBox {
+ public:
+  platform::Answer Show(const std::string& text, platform::Buttons, platform::Icon) override {
+    ++shown;
+    std::fprintf(stderr, "message box: %s\n", text.c_str());
+    return platform::Answer::Ok;
+  }
+  int shown = 0;
+};
+
+void AddProblem(SizeResult& result, const std::string& text) {
+  const std::size_t used = std::strlen(result.problems);
+  std::snprintf(result.problems + used, sizeof result.problems - used, "%s%s",
+                used ? "; " : "", text.c_str());
+}
+
+// Runs one phase: time, and the resident peak reached while it ran.
+template <class Work>
+void Measure(SizeResult& result, Phase phase, int files, Work&& work) {
+  result.peaksPerPhase = bench::ResetPeakResident();
+  const auto start = Clock::now();
+  work();
+  result.phase[phase].seconds = std::chrono::duration<double>(Clock::now() - start).count();
+  result.phase[phase].files = files;
+  result.phase[phase].peakKb = bench::PeakResidentKb();
+  if (result.phase[phase].peakKb > result.processPeakKb)
+    result.processPeakKb = result.phase[phase].peakKb;
+}
+
+// Reads every byte of a file, so that the floor and the scans find it cached.
+std::size_t ReadWhole(const std::string& path) {
+  const int fd = ::open(path.c_str(), O_RDONLY);
+  if (fd < 0) return 0;
+  static char buffer[1 << 16];
+  std::size_t total = 0;
+  ssize_t got;
+  while ((got = ::read(fd, buffer, sizeof buffer)) > 0) total += static_cast<std::size_t>(got);
+  ::close(fd);
+  return total;
+}
+
+bool EndsWith(const std::string& text, const char* ending) {
+  const std::size_t n = std::strlen(ending);
+  return text.size() >= n && strcasecmp(text.c_str() + text.size() - n, ending) == 0;
+}
+
+// TagLib with nothing around it: the class chosen by the name's ending, the
+// four text fields and the four properties read. Returns whether it parsed.
+bool ReadWithTagLib(const std::string& path, std::size_t& checksum) {
+  std::unique_ptr<TagLib::File> file;
+  constexpr auto style = TagLib::AudioProperties::Average;
+  if (EndsWith(path, ".mp3"))
+    file = std::make_unique<TagLib::MPEG::File>(path.c_str(), true, style);
+  else if (EndsWith(path, ".ogg"))
+    file = std::make_unique<TagLib::Ogg::Vorbis::File>(path.c_str(), true, style);
+  else if (EndsWith(path, ".wma"))
+    file = std::make_unique<TagLib::ASF::File>(path.c_str(), true, style);
+  if (!file || !file->isValid()) return false;
+  if (const TagLib::Tag* tag = file->tag()) {
+    checksum += tag->title().to8Bit(true).size() + tag->artist().to8Bit(true).size() +
+                tag->album().to8Bit(true).size() + tag->comment().to8Bit(true).size();
+  }
+  const TagLib::AudioProperties* audio = file->audioProperties();
+  if (!audio) return false;
+  checksum += static_cast<std::size_t>(audio->lengthInSeconds() + audio->bitrate() +
+                                       audio->sampleRate() + audio->channels());
+  return audio->bitrate() > 0;
+}
+
+// Files in the catalogue, and how many of them have their tags stored.
+void CheckCatalogue(MediaDB& db, const char* after, int expected, SizeResult& result) {
+  int files = 0;
+  int tagged = 0;
+  for (std::uint32_t vol : db.GetVolumeIds(-1)) {
+    for (const FileRow& row : db.GetVolumeFileRows(static_cast<int>(vol))) {
+      ++files;
+      if (row.ScanState == 2) ++tagged;
+    }
+  }
+  if (files != expected || tagged != expected) {
+    AddProblem(result, std::string(after) + ": " + std::to_string(files) + " files catalogued, " +
+                           std::to_string(tagged) + " tagged, " + std::to_string(expected) +
+                           " expected");
+  }
+}
+
+void RunSize(const std::string& folder, const std::string& fixtures, SizeResult& result) {
+  const int n = result.n;
+  bench::BenchLibrary library(folder, fixtures, n);
+  Measure(result, kBuild, n, [&] { library.Build(); });
+
+  std::size_t bytes = 0;
+  Measure(result, kWarm, n, [&] {
+    library.ForEachFile([&](const std::string& local, const std::string&) {
+      bytes += ReadWhole(local);
+    });
+  });
+
+  std::size_t checksum = 0;
+  Measure(result, kTagLib, n, [&] {
+    library.ForEachFile([&](const std::string& local, const std::string&) {
+      if (ReadWithTagLib(local, checksum)) ++result.floorParsed;
+    });
+  });
+  if (result.floorParsed != n)
+    AddProblem(result, "TagLib parsed " + std::to_string(result.floorParsed) + " files");
+
+  platform::LinuxDriveTable table(library.ProgramFolder());
+  platform::LinuxFileSystem fileSystem(table);
+  OkMessageBox messages;
+  CDriveServices drives(table, fileSystem, messages);
+  CTagReader reader(fileSystem);
+
+  int read = 0;
+  Measure(result, kGetTag, n, [&] {
+    library.ForEachFile([&](const std::string&, const std::string& drive) {
+      CMediaFile record;
+      reader.GetTag(drive, record);
+      if (record.BitRate > 0) ++read;
+    });
+  });
+  if (read != n) AddProblem(result, "GetTag read " + std::to_string(read) + " files");
+
+  MediaDB db;
+  CVolumeScanner scanner(db, drives, reader, messages);
+  const auto scan = [&] {
+    scanner.Prepare(3, bench::BenchLibrary::kScanRoot);
+    scanner.Run();
+  };
+  Measure(result, kFresh, n, [&] {
+    db.Open(library.ProgramFolder(), fileSystem);
+    scan();
+  });
+  CheckCatalogue(db, "fresh scan", n, result);
+  std::fprintf(stderr, "  (fresh scan: tag phase %.3f s of it)\n",
+               std::chrono::duration<double>(scanner.TagPhaseTime()).count());
+
+  Measure(result, kRescan, n, scan);
+  CheckCatalogue(db, "rescan", n, result);
+
+  library.ApplyChange();
+  result.removed = library.Removed();
+  result.added = library.Added();
+  Measure(result, kChanged, library.FileCount() - result.removed + result.added, scan);
+  CheckCatalogue(db, "rescan after change", n - result.removed + result.added, result);
+
+  if (messages.shown) AddProblem(result, std::to_string(messages.shown) + " message boxes");
+  if (bytes == 0 || checksum == 0) AddProblem(result, "nothing read");
+}
+
+// Runs one size in a child process; false when the child failed outright.
+bool RunSizeInChild(const std::string& folder, const std::string& fixtures, SizeResult& result) {
+  int channel[2];
+  if (::pipe(channel) != 0) return false;
+  std::fflush(nullptr);
+  const pid_t child = ::fork();
+  if (child < 0) return false;
+  if (child == 0) {
+    ::close(channel[0]);
+    try {
+      RunSize(folder, fixtures, result);
+    } catch (const std::exception& failure) {
+      AddProblem(result, std::string("failed: ") + failure.what());
+    }
+    const bool sent = ::write(channel[1], &result, sizeof result) == sizeof result;
+    ::close(channel[1]);
+    std::_Exit(sent ? 0 : 1);
+  }
+  ::close(channel[1]);
+  std::size_t got = 0;
+  auto* bytes = reinterpret_cast<char*>(&result);
+  ssize_t part;
+  while (got < sizeof result && (part = ::read(channel[0], bytes + got, sizeof result - got)) > 0)
+    got += static_cast<std::size_t>(part);
+  ::close(channel[0]);
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  return got == sizeof result && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+std::string CommandLine(int argc, char** argv) {
+  std::string line;
+  for (int i = 0; i < argc; ++i) {
+    const std::string arg = argv[i];
+    if (i) line += ' ';
+    line += arg.find_first_of(" \t'\"") == std::string::npos ? arg : "'" + arg + "'";
+  }
+  return line;
+}
+
+double Mb(long kb) { return kb < 0 ? -1 : kb / 1024.0; }
+
+void PrintSize(const SizeResult& r) {
+  for (int p = 0; p < kPhaseCount; ++p) {
+    const PhaseResult& phase = r.phase[p];
+    std::printf("%8d  %-24s %8d %9.3f %10.0f %8.1f\n", r.n, kPhaseNames[p], phase.files,
+                phase.seconds, phase.seconds > 0 ? phase.files / phase.seconds : 0.0,
+                Mb(phase.peakKb));
+  }
+  const double taglib = r.phase[kTagLib].seconds;
+  const double getTag = r.phase[kGetTag].seconds;
+  const double fresh = r.phase[kFresh].seconds;
+  std::printf("%8d  fresh/floor: %.2fx (TagLib), %.2fx (GetTag); process peak %.1f MB; "
+              "change -%d +%d\n",
+              r.n, taglib > 0 ? fresh / taglib : 0.0, getTag > 0 ? fresh / getTag : 0.0,
+              Mb(r.processPeakKb), r.removed, r.added);
+  if (r.problems[0]) std::printf("%8d  PROBLEMS: %s\n", r.n, r.problems);
+}
+
+void PrintTargets(const SizeResult& r) {
+  const double ratio = r.phase[kFresh].seconds / r.phase[kTagLib].seconds;
+  const double rescan = r.phase[kRescan].seconds;
+  const double peak = Mb(r.processPeakKb);
+  std::printf("targets at N=%d: fresh <= 2x floor: %.2fx %s | rescan <= 1.5 s: %.3f s %s | "
+              "peak < 64 MB: %.1f MB %s\n",
+              r.n, ratio, ratio <= 2.0 ? "ok" : "MISSED", rescan, rescan <= 1.5 ? "ok" : "MISSED",
+              peak, peak >= 0 && peak < 64 ? "ok" : "MISSED");
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  CLI::App app{"Times a whole scan against TagLib alone, and rescans, on made-up libraries."};
+  std::vector<int> sizes{10000, 100000};
+  std::string work;
+  std::string fixtures = VANTRELLE_SOURCE_DIR "/tests/fixtures/audio";
+  bool keep = false;
+  app.add_option("-n,--sizes", sizes, "Library sizes in files, comma separated")
+      ->delimiter(',')
+      ->check(CLI::Range(1, 10000000));
+  app.add_option("-w,--work", work, "Work folder (default: a new folder under /tmp, removed)");
+  app.add_option("--fixtures", fixtures, "Folder of the audio fixtures")->check(CLI::ExistingDirectory);
+  app.add_flag("--keep", keep, "Keep the libraries and catalogues");
+  CLI11_PARSE(app, argc, argv);
+
+  bool madeWork = false;
+  if (work.empty()) {
+    std::string pattern = (fs::temp_directory_path() / "vantrelle-scan-bench-XXXXXX").string();
+    if (!::mkdtemp(pattern.data())) {
+      std::perror("mkdtemp");
+      return 1;
+    }
+    work = pattern;
+    madeWork = true;
+  } else {
+    fs::create_directories(work);
+  }
+  work = fs::canonical(work).string();
+
+  std::printf("command: %s\nwork folder: %s\n\n", CommandLine(argc, argv).c_str(), work.c_str());
+  std::printf("%8s  %-24s %8s %9s %10s %8s\n", "N", "phase", "files", "time s", "files/s",
+              "peak MB");
+
+  std::vector<SizeResult> results;
+  bool allOk = true;
+  for (int n : sizes) {
+    const std::string folder = work + "/n" + std::to_string(n);
+    std::error_code ignored;
+    fs::remove_all(folder, ignored);
+    SizeResult result;
+    result.n = n;
+    const bool ran = RunSizeInChild(folder, fixtures, result);
+    if (!ran) AddProblem(result, "the child process failed");
+    allOk = allOk && ran && !result.problems[0];
+    PrintSize(result);
+    std::fflush(stdout);
+    results.push_back(result);
+    if (!keep) fs::remove_all(folder, ignored);
+  }
+  if (!results[0].peaksPerPhase)
+    std::printf("\n(peaks are since the child started: /proc/self/clear_refs refused)\n");
+  std::printf("\n");
+  for (const SizeResult& r : results) PrintTargets(r);
+
+  if (madeWork && !keep) {
+    std::error_code ignored;
+    fs::remove_all(work, ignored);
+  }
+  return allOk ? 0 : 1;
+}
