@@ -11,7 +11,8 @@ CLibraryApp::CLibraryApp(std::string programFolder, PlatformServices services)
       player_(services.mediaControl, 1),  // the one player of the program is device 1
       playback_(db_, drives_, settings_, player_),
       tagReader_(services.files),
-      scanner_(db_, drives_, tagReader_, services.messages) {}
+      scanner_(db_, drives_, tagReader_, services.messages),
+      playList_(db_) {}
 
 CLibraryApp::StartResult CLibraryApp::Start() {
   const bool created = db_.Open(settings_.programFolder, platform_.files) == 1;

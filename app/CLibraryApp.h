@@ -10,6 +10,7 @@
 #include "catalogue/MediaDB.h"
 #include "playback/CMciPlayer.h"
 #include "playback/CPlaybackControl.h"
+#include "playlists/CPlayListModel.h"
 #include "scan/CDriveServices.h"
 #include "scan/CVolumeScanner.h"
 #include "tags/CTagReader.h"
@@ -58,6 +59,7 @@ class CLibraryApp {
   CMciPlayer& Player() { return player_; }
   CPlaybackControl& Playback() { return playback_; }
   CVolumeScanner& Scanner() { return scanner_; }
+  CPlayListModel& PlayList() { return playList_; }
   const PlatformServices& Platform() const { return platform_; }
 
  private:
@@ -72,4 +74,5 @@ class CLibraryApp {
   CPlaybackControl playback_;
   CTagReader tagReader_;
   CVolumeScanner scanner_;
+  CPlayListModel playList_;
 };

@@ -13,6 +13,7 @@
 #include "cli/DrivesCommand.h"
 #include "cli/OptionsCommand.h"
 #include "cli/PlayCommand.h"
+#include "cli/PlayListCommands.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
 #include "platform/ProgramFolder.h"
@@ -76,6 +77,9 @@ int RunConsole(int argc, char** argv) {
   commands.push_back(std::make_unique<OptionsCommand>(cli));
   commands.push_back(std::make_unique<DrivesCommand>(cli));
   commands.push_back(std::make_unique<PlayCommand>(cli));
+  commands.push_back(std::make_unique<SavePlayListCommand>(cli));
+  commands.push_back(std::make_unique<CopyCommand>(cli));
+  commands.push_back(std::make_unique<ClearCacheCommand>(cli));
 
   try {
     cli.parse(argc, argv);

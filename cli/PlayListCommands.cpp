@@ -1,0 +1,76 @@
+#include "cli/PlayListCommands.h"
+
+#include <CLI/CLI.hpp>
+
+#include "app/CLibraryApp.h"
+#include "cli/ConsolePlayListWindow.h"
+
+namespace {
+
+// The ids as the main window would hand them over; throws UsageError for an
+// id with no file row, before anything has been done.
+IdList CataloguedFiles(CLibraryApp& app, const std::vector<int>& fileIds) {
+  IdList ids;
+  for (int id : fileIds) {
+    if (!app.Db().GetFile(id))
+      throw UsageError("no file with FileID " + std::to_string(id) + " in the catalogue");
+    ids.push_back(static_cast<std::uint32_t>(id));
+  }
+  return ids;
+}
+
+}  // namespace
+
+SavePlayListCommand::SavePlayListCommand(CLI::App& parent)
+    : command_(parent.add_subcommand("save-playlist", "Store files as a named play list")) {
+  command_->add_option("NAME", name_, "The play list's name")->required();
+  command_->add_option("FILEID", fileIds_, "The files, in play list order");
+}
+
+bool SavePlayListCommand::Chosen() const { return command_->parsed(); }
+
+int SavePlayListCommand::Run(CLibraryApp& app, std::FILE*) {
+  const IdList ids = CataloguedFiles(app, fileIds_);
+  ConsolePlayListWindow window(app);
+  window.Add(ids);
+  window.WillType(name_);
+  window.Press(CPlayListDlg::kSavePlayList);
+  return 0;
+}
+
+CopyCommand::CopyCommand(CLI::App& parent)
+    : command_(parent.add_subcommand("copy", "Copy files to the cache folder or to a folder")) {
+  auto* target = command_->add_option_group("target", "Where the copies go");
+  target->add_flag("--cache", toCache_, "Copy to the cache folder");
+  target->add_option("--to", folder_,
+                     "Copy to this folder: a Linux path, or a drive path such as C:\\Out");
+  target->require_option(1);
+  command_->add_option("FILEID", fileIds_, "The files to copy");
+}
+
+bool CopyCommand::Chosen() const { return command_->parsed(); }
+
+int CopyCommand::Run(CLibraryApp& app, std::FILE*) {
+  const std::string target = folder_ ? FolderArgument(app, *folder_) : "";
+  const IdList ids = CataloguedFiles(app, fileIds_);
+  ConsolePlayListWindow window(app);
+  window.Add(ids);
+  if (folder_) {
+    window.WillPick(target);
+    window.Press(CPlayListDlg::kCopyAllTo);
+  } else {
+    window.Press(CPlayListDlg::kCache);
+  }
+  return 0;
+}
+
+ClearCacheCommand::ClearCacheCommand(CLI::App& parent)
+    : command_(parent.add_subcommand("clear-cache", "Delete the files in the cache folder")) {}
+
+bool ClearCacheCommand::Chosen() const { return command_->parsed(); }
+
+int ClearCacheCommand::Run(CLibraryApp& app, std::FILE*) {
+  ConsolePlayListWindow window(app);
+  window.Press(CPlayListDlg::kClearCache);
+  return 0;
+}

@@ -1,0 +1,58 @@
+#pragma once
+// A list control kept in memory: for windows whose rows a command fills and
+// reads but no one looks at (the console), and for tests, which read and
+// select its rows directly.
+
+#include <algorithm>
+#include <initializer_list>
+#include <vector>
+
+#include "platform/ListControl.h"
+
+namespace platform {
+
+class MemoryListControl : public ListControl {
+ public:
+  struct Row {
+    std::vector<std::string> texts;
+    std::uint32_t value = 0;
+    bool selected = false;
+  };
+
+  std::vector<std::string> headings;  // "heading/width"
+  std::vector<Row> rows;
+  unsigned styles = 0;
+
+  void InsertColumn(int column, const std::string& heading, int width) override {
+    const auto at = static_cast<std::ptrdiff_t>(
+        std::min<std::size_t>(static_cast<std::size_t>(column), headings.size()));
+    headings.insert(headings.begin() + at, heading + "/" + std::to_string(width));
+    for (Row& row : rows) row.texts.insert(row.texts.begin() + at, "");
+  }
+  int AppendRow(const std::vector<std::string>& texts, std::uint32_t value) override {
+    Row row{texts, value, false};
+    row.texts.resize(headings.size());
+    rows.push_back(std::move(row));
+    return RowCount() - 1;
+  }
+  void DeleteRow(int row) override { rows.erase(rows.begin() + row); }
+  void DeleteAllRows() override { rows.clear(); }
+  int RowCount() const override { return static_cast<int>(rows.size()); }
+  std::uint32_t RowValue(int row) const override { return rows.at(row).value; }
+  std::string RowText(int row, int column) const override {
+    return rows.at(row).texts.at(static_cast<std::size_t>(column));
+  }
+  bool IsSelected(int row) const override { return rows.at(row).selected; }
+  void SetSelected(int row, bool selected) override { rows.at(row).selected = selected; }
+  void SelectAll() override { Select({}, true); }
+  unsigned ExtendedStyle() const override { return styles; }
+  void SetExtendedStyle(unsigned newStyles) override { styles = newStyles; }
+
+  // Selects exactly these rows (or every row).
+  void Select(std::initializer_list<int> selected, bool all = false) {
+    for (int row = 0; row < RowCount(); ++row)
+      rows[row].selected = all || std::count(selected.begin(), selected.end(), row) > 0;
+  }
+};
+
+}  // namespace platform

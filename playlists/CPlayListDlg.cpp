@@ -1,0 +1,73 @@
+#include "playlists/CPlayListDlg.h"
+
+#include "app/CAppSettings.h"
+#include "playback/CPlaybackControl.h"
+#include "playlists/CPlayListModel.h"
+#include "playlists/CopyCommands.h"
+#include "ui/CFolderDialog.h"
+#include "ui/CInputDlg.h"
+
+CPlayListDlg::CPlayListDlg(PlayListWindowParts parts, PlayListView& view)
+    : parts_(parts), view_(view) {}
+
+CPlayListDlg::~CPlayListDlg() { parts_.model.DetachList(); }
+
+void CPlayListDlg::OnInitDialog() {
+  view_.MoveWindow(10, 10, 180, 300);
+  view_.AddButtons(kButtons);
+  parts_.model.AttachList(view_.List());
+  parts_.model.InsertColumns();
+}
+
+void CPlayListDlg::OnSize(int clientWidth, int clientHeight) {
+  view_.MoveList(5, 25, clientWidth - 10, clientHeight - 30);
+}
+
+void CPlayListDlg::OnCommand(int command) {
+  switch (command) {
+    case kCache: parts_.copy.CopyToCache(); break;
+    case kClearCache: parts_.copy.ClearCache(); break;
+    case kPlay: PlaySelected(); break;
+    case kStop: parts_.playback.StopPlayback(); break;
+    case kSkipForward: parts_.playback.SkipForward(); break;
+    case kCopySelectionTo: CopyToPickedFolder(true); break;
+    case kCopyAllTo: CopyToPickedFolder(false); break;
+    case kSavePlayList: SavePlayList(); break;
+    default: break;
+  }
+}
+
+void CPlayListDlg::OnKeyReleased(Key key) {
+  if (key == Key::Delete) parts_.model.RemoveSelectedRows();
+}
+
+void CPlayListDlg::OnListKeyPressed(Key key, bool control) {
+  if (key == Key::A && control) parts_.model.SelectAllRows();
+}
+
+void CPlayListDlg::OnContextMenu(bool onList) {
+  if (onList) OnCommand(view_.TrackPopupMenu(kMenu));
+}
+
+void CPlayListDlg::PlaySelected() {
+  const IdList selected = parts_.model.GetFileIds(true);
+  if (!selected.empty()) parts_.playback.PlayFile(static_cast<int>(selected.front()));
+}
+
+void CPlayListDlg::CopyToPickedFolder(bool selectionOnly) {
+  CFolderDialog picker(parts_.picker, parts_.drives, kPickerTitle, parts_.settings.playListFolder);
+  if (picker.DoModal() != CFolderDialog::kChosen) return;
+  parts_.copy.CopyFiles(picker.ChosenPath(), selectionOnly);
+  parts_.settings.playListFolder = picker.ChosenPath();
+}
+
+void CPlayListDlg::SavePlayList() {
+  CInputDlg input(parts_.input);
+  input.caption = kSaveCaption;
+  input.prompt = kSavePrompt;
+  input.okLabel = kSaveButton;
+  // The answer is not looked at: Cancel saves too, under the empty name.
+  input.DoModal();
+  parts_.model.SavePlayList(input.text);
+  if (libraryChanged_) libraryChanged_();
+}

@@ -1,0 +1,59 @@
+#pragma once
+// The play list: the rows of the play list window's list, each carrying a
+// FileID, in the order they were added, no FileID twice. One object for the
+// application, bound to the window's list when the window opens. It also
+// holds the copy job (CopyJob.h). User-interface thread only; the copy
+// worker touches only the copy job.
+
+#include <string>
+
+#include "catalogue/MediaDB.h"
+#include "playlists/CopyJob.h"
+
+namespace platform {
+class ListControl;
+}
+
+// The row label of a file: "Artist - Title" from the user's texts, or the
+// tag's where those are empty; the file name when either part is missing or
+// the artist is exactly "Unknown Artist".
+std::string SongLabel(const CMediaFile& file);
+
+// The item values of a list's rows (all, or the selected ones), top to bottom.
+IdList GetFileIds(const platform::ListControl& list, bool selectedOnly);
+
+class CPlayListModel {
+ public:
+  static constexpr const char* kSongColumn = "Song";
+  static constexpr int kSongColumnWidth = 200;
+
+  explicit CPlayListModel(MediaDB& db);
+
+  // Binds the list (which must stay until DetachList or another AttachList)
+  // and turns on full-row selection and grid lines, keeping its other styles.
+  // Without a list the play list is empty and adding does nothing.
+  void AttachList(platform::ListControl& list);
+  void DetachList();
+
+  void InsertColumns();
+  bool Contains(std::uint32_t fileId) const;
+  void AddFile(const CMediaFile& file);
+  // "Add To PlayList": appends, in order, each file not in the list yet;
+  // ids without a file row are passed over.
+  void AddFiles(const IdList& fileIds);
+  IdList GetFileIds(bool selectedOnly) const;
+  // Removes the selected rows, one at a time, until none is selected.
+  void RemoveSelectedRows();
+  void SelectAllRows();
+
+  // Stores every row, in order, as a new PlayLists row under the name (two
+  // saves under one name give two rows). Returns the PlayListID.
+  int SavePlayList(const std::string& name);
+
+  CopyJob& Copy() { return copy_; }
+
+ private:
+  MediaDB& db_;
+  platform::ListControl* list_ = nullptr;
+  CopyJob copy_;
+};

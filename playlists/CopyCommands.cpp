@@ -1,0 +1,34 @@
+#include "playlists/CopyCommands.h"
+
+#include "app/CAppSettings.h"
+#include "platform/MessageBox.h"
+#include "playlists/CCopyDlg.h"
+#include "playlists/CPlayListModel.h"
+#include "playlists/CopyWorker.h"
+#include "scan/CDriveServices.h"
+#include "scan/Paths.h"
+
+CopyCommands::CopyCommands(CPlayListModel& model, MediaDB& db, const CDriveServices& drives,
+                           const CAppSettings& settings, CopyDialogHost& dialogs)
+    : model_(model), db_(db), drives_(drives), settings_(settings), dialogs_(dialogs) {}
+
+void CopyCommands::CopyFiles(const std::string& targetFolder, bool selectionOnly) {
+  CopyJob& job = model_.Copy();
+  job.target = targetFolder;
+  job.selectionOnly = selectionOnly;
+  job.state.SetStatus("");
+  // The rows are read here, on the user-interface thread that owns the list;
+  // the modal dialog keeps them from changing while the worker runs.
+  const IdList fileIds = model_.GetFileIds(selectionOnly);
+  CopyWorker worker(db_, drives_, settings_.cdDrive, job);
+  dialogs_.RunCopyDialog(worker, fileIds);
+}
+
+void CopyCommands::CopyToCache() { CopyFiles(settings_.cacheFolder, false); }
+
+void CopyCommands::ClearCache() {
+  if (drives_.Messages().Show(kClearCacheQuestion, platform::Buttons::OkCancel,
+                              platform::Icon::Information) != platform::Answer::Ok)
+    return;
+  drives_.DeleteFilesInFolder(NormalizeFolder(settings_.cacheFolder));
+}

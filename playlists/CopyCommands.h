@@ -1,0 +1,36 @@
+#pragma once
+// Copying the play list's files ("Cache", "Copy Selection To ..", "Copy All
+// To ..") behind the modal "Copying Files" dialog, and clearing the cache.
+// User-interface thread only. The referenced objects must outlive this one.
+
+#include <string>
+
+class CAppSettings;
+class CDriveServices;
+class CPlayListModel;
+class CopyDialogHost;
+class MediaDB;
+
+class CopyCommands {
+ public:
+  static constexpr const char* kClearCacheQuestion = "Delete all files in cache?";
+
+  CopyCommands(CPlayListModel& model, MediaDB& db, const CDriveServices& drives,
+               const CAppSettings& settings, CopyDialogHost& dialogs);
+
+  // Copies all rows, or the selected ones, into the folder (a drive path);
+  // returns when the dialog has closed and the worker has ended.
+  void CopyFiles(const std::string& targetFolder, bool selectionOnly);
+  void CopyToCache();
+
+  // Asks first; then deletes the files in the cache folder, leaving its
+  // sub-folders and everything in them. Failures are passed over.
+  void ClearCache();
+
+ private:
+  CPlayListModel& model_;
+  MediaDB& db_;
+  const CDriveServices& drives_;
+  const CAppSettings& settings_;
+  CopyDialogHost& dialogs_;
+};

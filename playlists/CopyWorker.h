@@ -1,0 +1,47 @@
+#pragma once
+// Copies play list files out of the library into one folder, on the copy
+// worker's thread. Files are taken volume by volume, the volumes in the order
+// of their first file in the list, and within a volume in list order; before
+// a CD's files the user is asked for the disc. Every file lands directly in
+// the target folder and never replaces a file there. Nothing is reported:
+// a file that cannot be read or written is passed over.
+//
+// The catalogue is read from the worker thread; the modal copy dialog keeps
+// the user-interface thread away from it meanwhile. The disc prompt is shown
+// from the worker through the drive services' message boxes.
+
+#include <string>
+
+#include "catalogue/MediaDB.h"
+
+class CDriveServices;
+class CMediaVolume;
+struct CopyJob;
+
+class CopyWorker {
+ public:
+  static constexpr const char* kInsertDisc = "Please insert '%s' into drive %s:";
+
+  // cdDrive: the application's CD drive, named in the disc prompt and waited on.
+  CopyWorker(MediaDB& db, const CDriveServices& drives, std::string cdDrive, CopyJob& job);
+
+  // The whole copy; sets the job's done at the end, even after Cancel.
+  void Run(const IdList& fileIds);
+
+  // Copies the listed files of one volume, through the volume's stored drive,
+  // until the job is cancelled. Progress counts 100 per file copied here,
+  // divided by the number of all listed files.
+  void CopyVolumeFiles(const IdList& fileIds, int volId);
+
+  CopyJob& Job() { return job_; }
+
+ private:
+  // False when the user gave up waiting for a CD.
+  bool VolumePresent(const CMediaVolume& volume) const;
+  void CopyFile(const std::string& drive, int fileId);
+
+  MediaDB& db_;
+  const CDriveServices& drives_;
+  std::string cdDrive_;
+  CopyJob& job_;
+};

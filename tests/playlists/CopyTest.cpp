@@ -1,0 +1,143 @@
+#include <sys/mount.h>
+
+#include <atomic>
+#include <thread>
+
+#include "playlists/CopyCommands.h"
+#include "playlists/CopyWorker.h"
+#include "playlists/FileIds.h"
+#include "tests/platform/ScopedTmpfs.h"
+#include "tests/playlists/PlayListFixture.h"
+#include "tests/support/CopyDialogDriver.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using Strings = std::vector<std::string>;
+using platform::Answer;
+
+void WaitFor(const std::function<bool()>& condition) {
+  while (!condition()) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+}
+
+class CopyTest : public PlayListTest {
+ protected:
+  void Hold(const IdList& ids) {
+    list.rows.clear();
+    app->PlayList().AddFiles(ids);
+  }
+  CopyJob& Job() { return app->PlayList().Copy(); }
+
+  testing_support::CopyDialogDriver dialogs{messages};
+  CopyCommands copy{app->PlayList(), app->Db(), app->Drives(), app->Settings(), dialogs};
+};
+
+TEST_F(CopyTest, TwoCdsAndADiskGoVolumeByVolumeAskingForEachDiscOnce) {
+  const int jazz = AddVolume(5, "Jazz 1", 0x1111), rock = AddVolume(5, "Rock 1", 0x2222);
+  const IdList ids = {AddFile("j.mp3", "jazz", jazz, "\\", "Jazz 1"), AddFile("same.mp3", "disk"),
+                      AddFile("r.mp3", "rock", rock, "\\", "Rock 1"),
+                      AddFile("same.mp3", "jazz", jazz, "\\Set\\", "Jazz 1/Set")};
+  fs::permissions(Local("Jazz 1/j.mp3"), fs::perms::owner_read);  // as files on a CD are
+  Hold(ids);
+  messages.Script({Answer::Ok, Answer::Ok});
+  messages.OnShow([&](const testing_support::ShownMessage& shown) {
+    drives.InsertDisc('E', Local(shown.text.find("Jazz") != std::string::npos ? "Jazz 1" : "Rock 1"));
+  });
+
+  copy.CopyToCache();
+  EXPECT_EQ(messages.Texts(), (Strings{"Please insert 'Jazz 1' into drive E:",
+                                       "Please insert 'Rock 1' into drive E:", "File Copy Complete."}));
+  EXPECT_EQ(Read("c/QORCache/same.mp3"), "jazz");  // the Jazz disc went before the disk
+  EXPECT_EQ(Read("c/QORCache/j.mp3") + Read("c/QORCache/r.mp3"), "jazzrock");
+  EXPECT_NE(fs::status(Local("c/QORCache/j.mp3")).permissions() & fs::perms::owner_write, fs::perms::none);
+  EXPECT_EQ(dialogs.statusText, "E:\\r.mp3");
+  EXPECT_EQ(Job().state.progress, 25);  // counted again from 0 for the last volume
+  EXPECT_EQ(dialogs.timerPeriodMs, 500);
+  EXPECT_EQ(app->Db().GetPlayList(app->PlayList().SavePlayList("Trip"))->FileIDs, BuildIdList(ids));
+
+  // Cancel at the first disc prompt skips that disc and every later volume.
+  drives.Eject('E');
+  messages.OnShow(nullptr);
+  copy.CopyFiles("C:\\Elsewhere", false);
+  EXPECT_EQ(Read("c/Elsewhere/same.mp3"), "");
+  EXPECT_EQ(messages.Texts().back(), "File Copy Complete.");
+}
+
+TEST_F(CopyTest, ProgressCountsEveryListedFileAndStartsWhereTheLastCopyLeftIt) {
+  const int other = AddVolume(3, "Other", 2);
+  const IdList ids = {AddFile("a.mp3"), AddFile("b.mp3"), AddFile("c.mp3", "", other)};
+  CopyWorker worker(app->Db(), app->Drives(), "E", Job());
+  Job().target = "C:\\Out";
+  worker.CopyVolumeFiles(ids, disk);
+  EXPECT_EQ(Job().state.progress, 66);
+  worker.CopyVolumeFiles(ids, other);
+  EXPECT_EQ(Job().state.progress, 33);
+  worker.CopyVolumeFiles({ids[0], ids[1]}, disk);
+  EXPECT_EQ(Job().state.progress, 100);
+
+  // The disc prompt holds the worker until the dialog has shown its bar.
+  Hold({AddFile("d.mp3", "", AddVolume(5, "Disc", 7), "\\", "Disc")});
+  std::atomic<bool> shown{false};
+  dialogs.beforeTick = [&](CCopyDlg&, int tick) { shown = tick > 0; };
+  messages.OnShow([&](const testing_support::ShownMessage&) { WaitFor([&] { return shown.load(); }); });
+  copy.CopyToCache();
+  EXPECT_EQ(dialogs.position, 100);
+  EXPECT_EQ(messages.Texts().back(), "File Copy Complete.");
+}
+
+TEST_F(CopyTest, CancelClosesAtOnceAndTheWorkerStopsBeforeTheNextFile) {
+  Hold({AddFile("a.mp3"), AddFile("b.mp3", "disc", AddVolume(5, "Disc", 7), "\\", "Disc")});
+  std::atomic<bool> prompted{false};
+  messages.Script({Answer::Ok});
+  messages.OnShow([&](const testing_support::ShownMessage&) {
+    prompted = true;
+    WaitFor([&] { return Job().state.cancel.load(); });
+    drives.InsertDisc('E', Local("Disc"));  // too late: the dialog has gone
+  });
+  dialogs.beforeTick = [&](CCopyDlg& dialog, int) {
+    WaitFor([&] { return prompted.load(); });
+    dialog.OnCancel();
+  };
+  copy.CopyToCache();
+  EXPECT_EQ(dialogs.endedWith, 0);
+  EXPECT_TRUE(Job().state.done);  // the worker was waited for
+  EXPECT_EQ(messages.Texts(), Strings{"Please insert 'Disc' into drive E:"});
+  EXPECT_EQ(Read("c/QORCache/a.mp3") + Read("c/QORCache/b.mp3"), "data");
+}
+
+TEST_F(CopyTest, NothingThatExistsIsOverwrittenAndBadSourcesArePassedOver) {
+  folder.WriteFile("c/QORCache/a.mp3", "mine");
+  fs::permissions(Local("c/QORCache/a.mp3"), fs::perms::owner_read);
+  const std::uint32_t gone = AddFile("gone.mp3"), removedRow = AddFile("removed.mp3");
+  fs::remove(Local("c/Music/gone.mp3"));
+  Hold({AddFile("a.mp3", "new"), gone, AddFile("b.mp3", "first"), removedRow,
+        AddFile("b.mp3", "second", 0, "\\Other\\", "c/Other")});
+  app->Db().DeletePathFiles(app->Db().GetFile(static_cast<int>(removedRow))->PathID);
+
+  copy.CopyToCache();
+  EXPECT_EQ(Read("c/QORCache/a.mp3") + Read("c/QORCache/b.mp3"), "minefirst");
+  EXPECT_NE(fs::status(Local("c/QORCache/a.mp3")).permissions() & fs::perms::owner_write, fs::perms::none);
+  EXPECT_FALSE(fs::exists(Local("c/QORCache/gone.mp3")) || fs::exists(Local("c/QORCache/removed.mp3")));
+  copy.CopyFiles("C:\\Missing\\Folder", false);
+  EXPECT_EQ(messages.Texts(), Strings(2, "File Copy Complete."));
+}
+
+TEST_F(CopyTest, ATargetThatFillsUpOrTurnsReadOnlyLosesNothing) {
+  const std::string small = folder.MakeFolder("c/Small");
+  platform_tests::ScopedTmpfs tmpfs(small, "64k");
+  if (!tmpfs.Mounted()) GTEST_SKIP() << "mounting a tmpfs is not allowed here";
+  folder.WriteFile("c/Small/keep.mp3", "kept");
+  const std::string big(40 * 1024, 'x');
+  Hold({AddFile("one.mp3", big), AddFile("two.mp3", big), AddFile("three.mp3", "small")});
+  const auto target = [&] { return Read("c/Small/one.mp3") + Read("c/Small/three.mp3") + Read("c/Small/keep.mp3"); };
+
+  copy.CopyFiles("C:\\Small", false);
+  EXPECT_FALSE(fs::exists(small + "/two.mp3"));  // no half-written copy stays
+  EXPECT_EQ(target(), big + "smallkept");
+  ASSERT_EQ(mount("tmpfs", small.c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr), 0);
+  copy.CopyFiles("C:\\Small", false);
+  EXPECT_EQ(target(), big + "smallkept");
+  EXPECT_EQ(messages.Texts(), Strings(2, "File Copy Complete."));
+}
+
+}  // namespace

@@ -1,0 +1,111 @@
+#include "app/CAppSettings.h"
+#include "playlists/CPlayListDlg.h"
+#include "playlists/CopyCommands.h"
+#include "tests/playlists/PlayListFixture.h"
+#include "tests/support/CopyDialogDriver.h"
+#include "tests/support/ScriptedFolderPicker.h"
+#include "tests/support/ScriptedInputDialog.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+using Strings = std::vector<std::string>;
+using Key = CPlayListDlg::Key;
+
+class PlayListWindowTest : public PlayListTest, private PlayListView {
+ protected:
+  PlayListWindowTest() {
+    window.OnInitDialog();
+    window.OnLibraryChanged([this] { ++rebuilds; });
+    app->PlayList().AddFiles({AddFile("a.mp3"), AddFile("b.mp3"), AddFile("c.mp3")});
+  }
+  std::size_t FilesIn(const std::string& relative) const {
+    return std::distance(fs::directory_iterator(Local(relative)), fs::directory_iterator());
+  }
+
+  platform::ListControl& List() override { return list; }
+  void MoveWindow(int, int, int, int) override {}
+  void MoveList(int, int, int, int) override {}
+  void AddButtons(std::span<const PlayListButton>) override {}
+  int TrackPopupMenu(std::span<const PlayListMenuEntry>) override { return CPlayListDlg::kSavePlayList; }
+
+  testing_support::CopyDialogDriver copyDialogs{messages};
+  CopyCommands copy{app->PlayList(), app->Db(), app->Drives(), app->Settings(), copyDialogs};
+  testing_support::ScriptedFolderPicker picker;
+  testing_support::ScriptedInputDialog input;
+  CPlayListDlg window{{app->PlayList(), app->Playback(), copy, app->Settings(), app->Drives(), picker, input},
+                      *this};
+  int rebuilds = 0;
+};
+
+TEST_F(PlayListWindowTest, PlaysTheFirstSelectedRowAndKeysChangeRowsOnly) {
+  window.OnCommand(CPlayListDlg::kPlay);
+  EXPECT_TRUE(media.Commands().empty());
+  list.Select({2, 1});
+  window.OnCommand(CPlayListDlg::kPlay);
+  ASSERT_FALSE(media.Commands().empty());
+  EXPECT_EQ(media.Commands()[0], "open \"C:\\Music\\b.mp3\" type mpegvideo alias QL_MCI_DEV_1");
+
+  window.OnListKeyPressed(Key::A, false);
+  window.OnKeyReleased(Key::Delete);
+  EXPECT_EQ(app->PlayList().GetFileIds(false), IdList{1});
+  EXPECT_TRUE(fs::exists(Local("c/Music/b.mp3")));
+  list.AppendRow({"d"}, 4);
+  window.OnListKeyPressed(Key::A, true);
+  EXPECT_EQ(app->PlayList().GetFileIds(true).size(), 2u);
+}
+
+TEST_F(PlayListWindowTest, SaveStoresARowWhicheverWayTheDialogClosed) {
+  window.OnContextMenu(false);  // not on the list: no menu
+  input.typed = "Evening";
+  window.OnContextMenu(true);
+  EXPECT_EQ(input.caption + "|" + input.prompt + "|" + input.okLabel, "Save Playlist|Save Playlist as ..|Save");
+  input.press = platform::InputDialog::kCancel;
+  window.OnContextMenu(true);
+  const IdList stored = app->Db().GetPlayListIds();
+  ASSERT_EQ(stored.size(), 2u);
+  EXPECT_EQ(app->Db().GetPlayList(stored[0])->Name, "Evening");
+  EXPECT_EQ(app->Db().GetPlayList(stored[1])->Name, "");
+  EXPECT_EQ(app->Db().GetPlayList(stored[1])->FileIDs, "1,2,3");
+  EXPECT_EQ(rebuilds, 2);
+}
+
+TEST_F(PlayListWindowTest, CopyToStartsInTheLastConfirmedFolderAndRemembersIt) {
+  app->Settings().playListFolder = "C:\\Start";
+  window.OnCommand(CPlayListDlg::kCopyAllTo);  // cancelled
+  EXPECT_EQ(picker.title, "Select Folder");
+  picker.answer = platform::FolderPicker::kChosen;
+  picker.folder = folder.MakeFolder("c/Out");
+  list.Select({1, 2});
+  window.OnCommand(CPlayListDlg::kCopySelectionTo);
+  EXPECT_EQ(FilesIn("c/Out"), 2u);
+  window.OnCommand(CPlayListDlg::kCopyAllTo);
+  EXPECT_EQ(FilesIn("c/Out"), 3u);
+  EXPECT_EQ(picker.startedAt, (Strings{Local("c/Start"), Local("c/Start"), Local("c/Out")}));
+  EXPECT_EQ(app->Settings().playListFolder, "C:\\Out");
+}
+
+TEST_F(PlayListWindowTest, ClearingTheCacheAsksThenDeletesItsFilesButNotItsSubFolders) {
+  window.OnCommand(CPlayListDlg::kCache);
+  folder.WriteFile("c/QORCache/Keep/inner.mp3", "x");
+  window.OnCommand(CPlayListDlg::kClearCache);  // Cancel
+  EXPECT_EQ(FilesIn("c/QORCache"), 4u);
+  messages.Script({platform::Answer::Ok});
+  window.OnCommand(CPlayListDlg::kClearCache);
+  EXPECT_EQ(FilesIn("c/QORCache"), 1u);
+  EXPECT_TRUE(fs::exists(Local("c/QORCache/Keep/inner.mp3")));
+  EXPECT_EQ(messages.Texts(), (Strings{"File Copy Complete.", "Delete all files in cache?",
+                                       "Delete all files in cache?"}));
+  EXPECT_EQ(messages.Shown()[1].icon, platform::Icon::Information);
+
+  // An empty setting deletes nothing, not even in the working folder.
+  app->Settings().cacheFolder = "";
+  const fs::path workingFolder = fs::current_path();
+  fs::current_path(Local("c/Music"));
+  messages.Script({platform::Answer::Ok});
+  window.OnCommand(CPlayListDlg::kClearCache);
+  fs::current_path(workingFolder);
+  EXPECT_EQ(FilesIn("c/Music"), 3u);
+}
+
+}  // namespace
