@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <string>
 
+#include "cli/ConsoleProgressLine.h"
 #include "scan/CScanDlg.h"
 #include "scan/ScanCommands.h"
 
@@ -25,14 +26,9 @@ class ConsoleScanDialog : public ScanDialogHost, private ScanDialogView {
   void StartTimer(int id, int periodMs) override;
   void StopTimer(int id) override;
   void EndDialog(int result) override;
-  void Draw();
 
   platform::MessageBox& messages_;
-  std::FILE* err_;
-  bool terminal_;
-  int timerPeriodMs_ = 0;
+  ConsoleProgressLine line_;
+  int timerPeriodMs_ = CScanDlg::kTimerPeriodMs;
   bool ended_ = false;
-  std::string status_;
-  int position_ = 0;
-  std::string lastDrawn_;
 };
