@@ -1,5 +1,6 @@
 #include "catalogue/MediaDB.h"
 
+#include <limits>
 
 #include "catalogue/CatalogueFailure.h"
 #include "catalogue/CppSQLite3SqlText.h"
@@ -25,6 +26,34 @@ constexpr const char* kCreateTables[] = {
 // Write-ahead logging makes a commit per folder cheap while a committed
 // transaction still survives a killed process.
 constexpr const char* kJournalSettings = "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;";
+
+// The files' rows with their volumes'; LEFT JOIN keeps MediaFiles the outer
+// loop, so the rows come in the order of the plain FileID queries.
+std::string MediaListRowsWhere(const char* condition) {
+  return std::string(
+             "SELECT f.FileID,f.Title,f.id3Title,f.Artist,f.id3Artist,f.FileName,f.Rating,"
+             "f.Length,v.VolType,v.DisplayName,v.DrvLtr FROM MediaFiles f LEFT JOIN MediaVolumes v "
+             "ON v.VolID=f.VolID WHERE ") +
+         condition;
+}
+
+std::string TextAt(const CppSQLite3ResultSet& row, int column) {
+  const char* text = row.FieldText(column);
+  return text ? text : "";
+}
+
+// A NULL ParentID matches no folder's PathID, as in "ParentID=%d".
+constexpr int kNoParent = std::numeric_limits<std::int32_t>::min();
+
+void LoadRecord(const CppSQLite3ResultSet& row, PathNodeRow& path) {
+  path = {row.FieldInt(0, 0), row.FieldInt(1, kNoParent), row.FieldInt(2, 0), TextAt(row, 3)};
+}
+
+void LoadRecord(const CppSQLite3ResultSet& row, MediaListRow& file) {
+  file = {row.FieldInt(0, 0), TextAt(row, 1), TextAt(row, 2), TextAt(row, 3), TextAt(row, 4),
+          TextAt(row, 5),     row.FieldInt(6, 0), row.FieldInt(7, 0), row.FieldInt(8, 0),
+          TextAt(row, 9),     TextAt(row, 10)};
+}
 
 }  // namespace
 
@@ -113,6 +142,17 @@ std::unique_ptr<Record> MediaDB::QueryRecord(const char* format, int id) {
   auto record = std::make_unique<Record>();
   LoadRecord(result, *record);
   return record;
+}
+
+template <class Row, class... Values>
+std::vector<Row> MediaDB::QueryRows(const char* format, Values... values) {
+  CppSQLite3SqlText sql;
+  sql.Format(format, values...);
+  CppSQLite3ResultSet result;
+  RunQuery(sql, result);
+  std::vector<Row> rows;
+  for (; !result.AtEnd(); result.NextRow()) LoadRecord(result, rows.emplace_back());
+  return rows;
 }
 
 void MediaDB::Begin() { ExecuteChange("BEGIN"); }
@@ -420,6 +460,30 @@ std::string MediaDB::GetConfig(int configId) {
   RunQuery(sql, result);
   const char* value = result.FieldText("Value");
   return value ? value : "";
+}
+
+std::vector<CMediaVolume> MediaDB::GetVolumesOfType(int volType) {
+  return QueryRows<CMediaVolume>("SELECT * FROM MediaVolumes WHERE VolType=%d;", volType);
+}
+
+std::vector<PathNodeRow> MediaDB::GetPathNodeRows() {
+  return QueryRows<PathNodeRow>("SELECT PathID,ParentID,VolID,Name FROM MediaPaths;");
+}
+
+std::vector<CPlayList> MediaDB::GetPlayLists() {
+  return QueryRows<CPlayList>("SELECT * FROM PlayLists;");
+}
+
+std::vector<MediaListRow> MediaDB::GetFolderListRows(int pathId) {
+  return QueryRows<MediaListRow>(MediaListRowsWhere("f.PathID=%d;").c_str(), pathId);
+}
+
+std::vector<MediaListRow> MediaDB::SearchListRows(const std::string& text) {
+  const char* t = text.c_str();
+  const std::string format = MediaListRowsWhere(
+      "f.FileName LIKE '%%%q%%' OR f.Title LIKE '%%%q%%' OR f.Artist LIKE '%%%q%%' OR "
+      "f.id3Title LIKE '%%%q%%' OR f.id3Artist LIKE '%%%q%%';");
+  return QueryRows<MediaListRow>(format.c_str(), t, t, t, t, t);
 }
 
 void MediaDB::ObserveStatements(std::function<void(const char*)> observer) {

@@ -25,6 +25,30 @@ class FileSystem;
 
 using IdList = std::vector<std::uint32_t>;
 
+// What the library tree shows of a folder.
+struct PathNodeRow {
+  std::int32_t PathID = 0;
+  std::int32_t ParentID = 0;
+  std::int32_t VolID = 0;
+  std::string Name;
+};
+
+// What the media list shows of a file: its own columns and its volume's. A
+// file whose volume row is missing has VolType 0 and empty volume texts.
+struct MediaListRow {
+  std::int32_t FileID = 0;
+  std::string Title;
+  std::string id3Title;
+  std::string Artist;
+  std::string id3Artist;
+  std::string FileName;
+  std::int32_t Rating = 0;
+  std::int32_t Length = 0;
+  std::int32_t VolType = 0;
+  std::string DisplayName;
+  std::string DrvLtr;
+};
+
 class MediaDB {
  public:
   static constexpr const char* kFileName = "Quillora.db";
@@ -120,6 +144,16 @@ class MediaDB {
   int SetConfig(int configId, const std::string& value, bool insert);
   std::string GetConfig(int configId);
 
+  // Whole rows in one statement each, for the tree and the list, in the order
+  // of the id lists above: the volumes of a type (GetVolumeIds), every folder
+  // (the tree groups them by ParentID itself), every play list, a folder's
+  // files (GetPathFileIds) and the quick search's files (SearchFiles).
+  std::vector<CMediaVolume> GetVolumesOfType(int volType);
+  std::vector<PathNodeRow> GetPathNodeRows();
+  std::vector<CPlayList> GetPlayLists();
+  std::vector<MediaListRow> GetFolderListRows(int pathId);
+  std::vector<MediaListRow> SearchListRows(const std::string& text);
+
   // See CppSQLite3Database::ObserveStatements.
   void ObserveStatements(std::function<void(const char*)> observer);
 
@@ -138,6 +172,8 @@ class MediaDB {
   std::string QueryFirstText(const char* sql);
   template <class Record>
   std::unique_ptr<Record> QueryRecord(const char* format, int id);
+  template <class Row, class... Values>
+  std::vector<Row> QueryRows(const char* format, Values... values);
 
   CppSQLite3Database db_;
 };
