@@ -1,0 +1,61 @@
+#pragma once
+// "File Info": one file's texts and rating to edit, with its audio
+// properties shown as the four "MPEG Info" texts. The caller fills the
+// fields, runs DoModal and, on Update, decides what to write back.
+// Created on the caller's stack for one run; user-interface thread.
+
+#include <cstdint>
+#include <string>
+
+#include "ui/DialogResult.h"
+
+struct FileInfoForm {
+  std::string fileName;  // read-only
+  std::string title;
+  std::string artist;
+  std::string album;
+  std::string comment;
+  std::string length;  // the "MPEG Info" texts
+  std::string bitRate;
+  std::string sampleRate;
+  std::string channels;
+  int checkedRating = 0;  // the checked radio button, 1 to 5 left to right, or 0 for none
+};
+
+// The dialog's controls.
+class FileInfoView {
+ public:
+  virtual ~FileInfoView() = default;
+  // Shows the form until the user presses "Update" or "Cancel"; on Update
+  // the form holds the four editable texts and the checked button.
+  virtual int RunModal(FileInfoForm& form) = 0;
+};
+
+class CFileInfoDlg {
+ public:
+  static constexpr const char* kCaption = "File Info";
+  static constexpr int kNoRating = -1;
+
+  explicit CFileInfoDlg(FileInfoView& view);
+
+  std::string fileName;
+  std::string title;
+  std::string artist;
+  std::string album;
+  std::string comment;
+  std::int32_t length = 0;  // seconds
+  std::int32_t bitRate = 0;
+  std::int32_t sampleRate = 0;
+  std::int32_t channels = 0;
+  std::int32_t rating = 0;  // 1 to 5 checks that button; anything else none
+
+  // kDialogOk (Update) takes back title, artist, album and comment, and the
+  // rating of the checked button or kNoRating; kDialogCancel changes nothing.
+  int DoModal();
+
+  // The form as the dialog opens with the fields.
+  FileInfoForm OpeningForm() const;
+
+ private:
+  FileInfoView& view_;
+};

@@ -1,0 +1,36 @@
+#include "ui/COptionsDlg.h"
+
+#include "app/CAppSettings.h"
+#include "platform/DriveTable.h"
+#include "scan/CDriveServices.h"
+#include "ui/CFolderDialog.h"
+
+COptionsDlg::COptionsDlg(CAppSettings& settings, const CDriveServices& drives,
+                         platform::FolderPicker& picker, OptionsView& view)
+    : settings_(settings), drives_(drives), picker_(picker), view_(view) {}
+
+OptionsForm COptionsDlg::OpeningForm() const {
+  OptionsForm form{settings_.cacheFolder, {}, -1};
+  // The drive list is in letter order, so positions match the sorted drop-down.
+  for (const std::string& letter : drives_.GetDriveList(platform::kDriveCdRom)) {
+    if (letter == settings_.cdDrive) form.selectedDrive = static_cast<int>(form.drives.size());
+    form.drives.push_back(letter + ":\\");
+  }
+  if (form.selectedDrive == -1 && !form.drives.empty()) form.selectedDrive = 0;
+  return form;
+}
+
+void COptionsDlg::Browse(OptionsForm& form) {
+  CFolderDialog picker(picker_, drives_, kPickerTitle);
+  if (picker.DoModal() == CFolderDialog::kChosen) form.cachePath = picker.ChosenPath();
+}
+
+int COptionsDlg::DoModal() {
+  OptionsForm form = OpeningForm();
+  const int result = view_.RunModal(form, [&] { Browse(form); });
+  if (result != kDialogOk) return result;
+  const bool selected = form.selectedDrive >= 0 && form.selectedDrive < static_cast<int>(form.drives.size());
+  settings_.cacheFolder = form.cachePath;
+  settings_.cdDrive = selected ? form.drives[static_cast<std::size_t>(form.selectedDrive)].substr(0, 1) : "";
+  return result;
+}
