@@ -12,7 +12,9 @@ CLibraryApp::CLibraryApp(std::string programFolder, PlatformServices services)
       playback_(db_, drives_, settings_, player_),
       tagReader_(services.files),
       scanner_(db_, drives_, tagReader_, services.messages),
-      playList_(db_) {}
+      playList_(db_),
+      list_(db_, playList_),
+      tree_(db_, settings_, drives_, list_) {}
 
 CLibraryApp::StartResult CLibraryApp::Start() {
   const bool created = db_.Open(settings_.programFolder, platform_.files) == 1;

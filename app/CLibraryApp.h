@@ -14,6 +14,8 @@
 #include "scan/CDriveServices.h"
 #include "scan/CVolumeScanner.h"
 #include "tags/CTagReader.h"
+#include "ui/CLibraryTree.h"
+#include "ui/CMediaList.h"
 
 namespace platform {
 class DriveTable;
@@ -60,6 +62,9 @@ class CLibraryApp {
   CPlaybackControl& Playback() { return playback_; }
   CVolumeScanner& Scanner() { return scanner_; }
   CPlayListModel& PlayList() { return playList_; }
+  // Bound to their controls by the main window (or a console command).
+  CLibraryTree& Tree() { return tree_; }
+  CMediaList& List() { return list_; }
   const PlatformServices& Platform() const { return platform_; }
 
  private:
@@ -75,4 +80,6 @@ class CLibraryApp {
   CTagReader tagReader_;
   CVolumeScanner scanner_;
   CPlayListModel playList_;
+  CMediaList list_;
+  CLibraryTree tree_;
 };

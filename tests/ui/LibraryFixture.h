@@ -1,0 +1,123 @@
+#pragma once
+// A whole application in a temporary program folder (disk C, CD drive E,
+// the CD drive of the settings) whose tree and media list are bound to
+// in-memory controls, with scripted menus, dialogs and message boxes, and a
+// scan dialog that records the roots it scanned.
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <memory>
+
+#include "app/CLibraryApp.h"
+#include "platform/LinuxDriveTable.h"
+#include "platform/LinuxFileSystem.h"
+#include "platform/MemoryListControl.h"
+#include "platform/MemoryTreeControl.h"
+#include "scan/CVolumeScanner.h"
+#include "scan/Paths.h"
+#include "scan/ScanCommands.h"
+#include "tests/support/RecordingMediaControl.h"
+#include "tests/support/ScanDialogDriver.h"
+#include "tests/support/ScriptedFolderPicker.h"
+#include "tests/support/ScriptedMessageBox.h"
+#include "tests/support/ScriptedViews.h"
+#include "tests/support/TempFolder.h"
+
+class RecordingScanHost : public testing_support::ScanDialogDriver {
+ public:
+  using ScanDialogDriver::ScanDialogDriver;
+  std::vector<std::string> scanned;  // "kind root", scan by scan
+
+  void RunScanDialog(CVolumeScanner& scanner) override {
+    scanned.push_back(std::to_string(scanner.RequestedKind()) + " " + scanner.ScanRoot());
+    ScanDialogDriver::RunScanDialog(scanner);
+  }
+};
+
+class LibraryTest : public ::testing::Test {
+ protected:
+  LibraryTest() {
+    drives.AddFixed('C', folder.MakeFolder("c"));
+    drives.AddCd('E');
+    app->Start();
+    app->PlayList().AttachList(playList);
+    app->Tree().Bind({tree, menu, volumeInfo, scans});
+    app->List().Bind({list, menu, fileInfo});
+    app->List().CreateColumns();
+  }
+
+  int AddVolume(int volType, const std::string& displayName, const std::string& drive = "C",
+                const std::string& serial = "1") {
+    CMediaVolume volume;
+    volume.VolType = volType;
+    volume.DrvLtr = drive;
+    volume.SerialNo = serial;
+    volume.Name = "LABEL";
+    volume.DisplayName = displayName;
+    return app->Db().AddVolume(volume);
+  }
+
+  int AddFolder(int volId, const std::string& fullPath, int parentId = -1) {
+    CMediaPath path;
+    path.VolID = volId;
+    path.ParentID = parentId;
+    path.FullPath = fullPath;
+    path.Name = GetFolderName(fullPath);
+    return app->Db().AddPath(path);
+  }
+
+  int AddFile(int pathId, const std::string& fileName) {
+    CMediaFile file;
+    file.PathID = pathId;
+    file.VolID = app->Db().GetPathVolume(pathId);
+    file.FileName = fileName;
+    return app->Db().AddFile(file);
+  }
+
+  int Exec(const std::string& sql) { return app->Db().ExecuteChange(sql.c_str()); }
+
+  // One line per node: depth shown by two blanks, label, value, "+" when
+  // expanded and "*" when bold.
+  std::string Dump(platform::TreeItem parent = 0, int depth = 0) const {
+    std::string text;
+    for (platform::TreeItem node : tree.Children(parent)) {
+      const auto& item = tree.At(node);
+      text += std::string(2 * depth, ' ') + item.label + "=" + std::to_string(item.value) +
+              (item.expanded ? "+" : "") + (item.bold ? "*" : "") + "\n";
+      text += Dump(node, depth + 1);
+    }
+    return text;
+  }
+
+  // The list's rows, texts joined by "|".
+  std::vector<std::string> Rows() const {
+    std::vector<std::string> rows;
+    for (const auto& row : list.rows) {
+      std::string line = std::to_string(row.value);
+      for (const std::string& text : row.texts) line += "|" + text;
+      rows.push_back(line);
+    }
+    return rows;
+  }
+
+  platform::TreeItem Node(std::int32_t value) const { return tree.Find(value); }
+
+  testing_support::TempFolder folder;
+  testing_support::TestDrives drives{folder.Path()};
+  platform::LinuxDriveTable table{folder.Path()};
+  platform::LinuxFileSystem files{table};
+  testing_support::ScriptedMessageBox messages;
+  testing_support::RecordingMediaControl media;
+  testing_support::ScriptedFolderPicker picker;
+  testing_support::ScriptedPopupMenu menu;
+  testing_support::ScriptedVolumeInfo volumeInfo;
+  testing_support::ScriptedFileInfo fileInfo;
+  RecordingScanHost scanHost{messages};
+  std::unique_ptr<CLibraryApp> app = std::make_unique<CLibraryApp>(
+      folder.Path() + "/", PlatformServices{table, files, messages, media});
+  ScanCommands scans{app->Scanner(), app->Drives(), app->Settings(), picker, scanHost};
+  platform::MemoryTreeControl tree;
+  platform::MemoryListControl list;
+  platform::MemoryListControl playList;
+};

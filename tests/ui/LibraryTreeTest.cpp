@@ -1,0 +1,175 @@
+#include <limits>
+
+#include "tests/ui/LibraryFixture.h"
+#include "ui/NodeValue.h"
+
+namespace {
+
+using Strings = std::vector<std::string>;
+
+TEST(NodeValue, DecodesTheFiveRangesAndNothingOutsideThem) {
+  const std::pair<std::int32_t, std::string> cases[] = {
+      {0, "-1 -1"},        {-7, "-1 -1"},        {80000000, "-1 -1"},   {1, "0 1"},
+      {49999999, "0 49999999"}, {50000000, "1 0"}, {59999999, "1 9999999"}, {60000005, "2 5"},
+      {70000003, "3 3"},   {79999999, "3 9999999"}, {80000001, "4 1"},
+      {std::numeric_limits<std::int32_t>::max(), "4 2067483647"}};
+  for (const auto& [value, expected] : cases) {
+    const DecodedNode node = DecodeItemValue(value);
+    EXPECT_EQ(std::to_string(static_cast<int>(node.kind)) + " " + std::to_string(node.id), expected) << value;
+  }
+}
+
+class LibraryTreeTest : public LibraryTest {
+ protected:
+  LibraryTreeTest() {
+    cd = AddVolume(5, "Jazz 1", "E", "305419896");
+    const int disc = AddFolder(cd, "\\Disc\\");
+    AddFolder(cd, "\\Disc\\Side A\\", disc);
+    disk = AddVolume(3, "Music", "D");
+    music = AddFolder(disk, "\\Music\\");
+    rock = AddFolder(disk, "\\Music\\Rock\\", music);
+    AddFolder(disk, "\\Music\\Pop\\", music);
+    live = AddFolder(disk, "\\Music\\Rock\\Live\\", rock);
+    AddFolder(disk, "\\Audio\\");
+    const int network = AddVolume(4, "Net");
+    AddFolder(network, "\\Net\\");
+    rockFile = AddFile(rock, "a.mp3");
+    liveFile = AddFile(live, "b.mp3");
+    Exec("INSERT INTO PlayLists(Name,FileIDs) VALUES ('Evening','" + std::to_string(liveFile) +
+         ",99," + std::to_string(liveFile) + "');");
+    app->Tree().Rebuild();
+  }
+  std::string Count(const std::string& rows) {
+    return std::to_string(app->Db().QueryInt(("SELECT count(*) FROM " + rows).c_str()));
+  }
+
+  int cd = 0, disk = 0, music = 0, rock = 0, live = 0, rockFile = 0, liveFile = 0;
+};
+
+TEST_F(LibraryTest, AnEmptyCatalogueShowsTheSevenFixedNodes) {
+  app->Tree().Rebuild();
+  EXPECT_EQ(Dump(),
+            "All Media=70000002+\n"
+            "  CDs=60000005+\n"
+            "  Local Disks=60000003+\n"
+            "=70000001\n"
+            "Search Results=70000003\n"
+            "=70000001\n"
+            "Play Lists=70000004+\n");
+}
+
+TEST_F(LibraryTreeTest, VolumesFoldersAndPlayListsInCatalogueOrderCollapsed) {
+  EXPECT_EQ(Dump(),
+            "All Media=70000002+\n"
+            "  CDs=60000005+\n"
+            "    Jazz 1=50000001\n"
+            "      Disc=1\n"
+            "        Side A=2\n"
+            "  Local Disks=60000003+\n"
+            "    [D:] Music=50000002\n"
+            "      Music=3\n"
+            "        Rock=4\n"
+            "          Live=6\n"
+            "        Pop=5\n"
+            "      Audio=7\n"
+            "=70000001\n"
+            "Search Results=70000003\n"
+            "=70000001\n"
+            "Play Lists=70000004+\n"
+            "  Evening=80000001\n");
+}
+
+TEST_F(LibraryTreeTest, SelectingFillsTheListAndMovesTheBold) {
+  CLibraryTree& libraryTree = app->Tree();
+  libraryTree.SelectNode(Node(rock));
+  EXPECT_EQ(Rows().size(), 1u);
+  libraryTree.SelectNode(Node(80000001));  // an id without a file row is passed over
+  ASSERT_EQ(list.rows.size(), 2u);
+  EXPECT_EQ(list.rows[0].value + list.rows[1].value, 2u * liveFile);
+  libraryTree.SelectNode(Node(ItemValue(NodeKind::Volume, disk)));
+  EXPECT_TRUE(Rows().empty());
+  const std::string dump = Dump();
+  EXPECT_EQ(std::count(dump.begin(), dump.end(), '*'), 1);
+  EXPECT_NE(dump.find("[D:] Music=50000002*"), std::string::npos);
+}
+
+TEST_F(LibraryTreeTest, EachKindHasItsMenuAndOtherNodesOnlyGetSelected) {
+  CLibraryTree& libraryTree = app->Tree();
+  libraryTree.SelectNode(Node(rock));
+  libraryTree.OnContextMenu(platform::TreeControl::kNoItem);
+  EXPECT_EQ(tree.selected, Node(rock));
+  libraryTree.OnContextMenu(Node(60000003));
+  EXPECT_EQ(tree.selected, Node(60000003));
+  EXPECT_TRUE(Rows().empty());
+  EXPECT_TRUE(menu.shown.empty());
+  for (std::int32_t value : {50000001, rock, 80000001}) libraryTree.OnContextMenu(Node(value));
+  EXPECT_EQ(menu.shown, (std::vector<Strings>{{"Vol Info / Edit", "remove", "rescan"},
+                                               {"remove", "rescan"},
+                                               {"remove"}}));
+}
+
+TEST_F(LibraryTreeTest, RemovalAsksFirstAndCascadesByPathPrefix) {
+  const int oldRoot = AddFolder(disk, "\\Music\\Rock\\Old\\");  // no child of Rock, same prefix
+  AddFile(oldRoot, "c.mp3");
+  AddFolder(disk, "\\Music\\ROCK\\", music);
+  std::vector<std::string> statements;
+  app->Db().ObserveStatements([&](const char* sql) { statements.push_back(sql); });
+  CLibraryTree& libraryTree = app->Tree();
+
+  libraryTree.RemoveAndRebuild(Node(60000005));  // a group: no question
+  libraryTree.RemoveAndRebuild(Node(rock));      // Cancel
+  EXPECT_EQ(Count("MediaPaths") + Count("MediaFiles"), "103");
+  messages.Script({platform::Answer::Ok, platform::Answer::Ok, platform::Answer::Ok});
+  statements.clear();
+  libraryTree.RemoveAndRebuild(Node(rock));
+  EXPECT_EQ(statements.front(), "BEGIN");
+  const auto commit = std::find(statements.begin(), statements.end(), "COMMIT");
+  EXPECT_LT(commit, std::find(statements.begin(), statements.end(), "SELECT * FROM PlayLists;"));
+  EXPECT_EQ(Count("MediaPaths") + Count("MediaFiles"), "70");
+  EXPECT_EQ(Node(rock), platform::TreeControl::kNoItem);
+  EXPECT_NE(Dump().find("        ROCK=10\n"), std::string::npos);
+
+  libraryTree.RemoveAndRebuild(Node(50000002));
+  EXPECT_EQ(Count("MediaVolumes") + Count("MediaPaths") + Count("MediaFiles"), "230");
+  statements.clear();
+  libraryTree.RemoveAndRebuild(Node(80000001));
+  EXPECT_EQ(Count("PlayLists"), "0");
+  EXPECT_EQ(statements.front(), "DELETE FROM PlayLists WHERE PlayListID=1;");
+  EXPECT_EQ(messages.Texts(), (Strings{"Remove Path from database?", "Remove Path from database?",
+                                       "Remove volume from database?", "Remove PlayList from database?"}));
+}
+
+TEST_F(LibraryTreeTest, VolumeInfoWritesDisplayNameAndDescriptionOnUpdateOnly) {
+  menu.choice = CLibraryTree::kVolumeInfo;
+  volumeInfo.edit = [](VolumeInfoForm& form) { form = {"Jazz One", "EDITED", "Blue Note"}; };
+  volumeInfo.press = kDialogCancel;
+  app->Tree().OnContextMenu(Node(50000001));
+  EXPECT_EQ(volumeInfo.opened->displayName + "|" + volumeInfo.opened->volumeName, "Jazz 1|LABEL");
+  volumeInfo.press = kDialogOk;
+  app->Tree().OnContextMenu(Node(50000001));
+  const auto volume = app->Db().GetVolume(cd);
+  EXPECT_EQ(volume->DisplayName + "|" + volume->Name + "|" + volume->Description, "Jazz One|LABEL|Blue Note");
+  EXPECT_NE(Dump().find("    Jazz One=50000001\n"), std::string::npos);
+}
+
+TEST_F(LibraryTreeTest, RescanAsksForTheDiscAndScansThroughTheEntryPoint) {
+  menu.choice = CLibraryTree::kRescan;
+  CLibraryTree& libraryTree = app->Tree();
+  libraryTree.OnContextMenu(Node(50000001));  // no disc: Cancel
+  libraryTree.OnContextMenu(Node(1));
+  EXPECT_TRUE(scanHost.scanned.empty());
+  EXPECT_EQ(messages.Texts(), (Strings{"Please insert correct CD.", "Please Insert CD: Jazz 1"}));
+
+  const std::string disc = folder.MakeFolder("disc/Disc");
+  std::filesystem::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/id3v1.mp3", disc + "/new.mp3");
+  testing_support::LabelDisc(folder.Path() + "/disc", "JAZZ", 305419896);
+  drives.InsertDisc('E', folder.Path() + "/disc");
+  libraryTree.OnContextMenu(Node(50000001));
+  libraryTree.OnContextMenu(Node(ItemValue(NodeKind::Volume, disk)));
+  libraryTree.OnContextMenu(Node(2));
+  EXPECT_EQ(scanHost.scanned, (Strings{"5 E:\\", "3 D:\\Music\\", "3 D:\\Audio\\", "5 E:\\Disc\\Side A\\"}));
+  EXPECT_EQ(app->Db().GetPathFileIds(1).size(), 1u);
+  EXPECT_NE(Dump().find("      Disc=1\n"), std::string::npos) << "rebuilt after the scans";
+}
+
+}  // namespace

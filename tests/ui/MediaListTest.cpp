@@ -1,0 +1,92 @@
+#include "tests/ui/LibraryFixture.h"
+#include "ui/QuickSearch.h"
+
+namespace {
+
+using Strings = std::vector<std::string>;
+
+class MediaListTest : public LibraryTest {
+ protected:
+  MediaListTest() {
+    const int cd = AddVolume(5, "Jazz 1", "D");
+    const int disk = AddVolume(3, "Music", "E");
+    folderId = AddFolder(disk, "\\Music\\");
+    AddFile(folderId, "a.mp3");
+    AddFile(folderId, "b.mp3");
+    AddFile(folderId, "c.mp3");
+    AddFile(AddFolder(cd, "\\Disc\\"), "d.mp3");
+    Exec("UPDATE MediaFiles SET id3Title='Song A',id3Artist='Quartet',Rating=3,Length=245 WHERE FileID=1;");
+    Exec("UPDATE MediaFiles SET Title='Mine',id3Title='Song B',Artist='Me',Rating=-1,Length=59 WHERE FileID=2;");
+    Exec("UPDATE MediaFiles SET Rating=12,Length=6000 WHERE FileID=3;");
+    Exec("UPDATE MediaFiles SET Title='It''s  abc',Length=600 WHERE FileID=4;");
+    Exec("INSERT INTO PlayLists(Name,FileIDs) VALUES ('All','4,1,2,3');");
+    app->Tree().Rebuild();
+  }
+  Strings Search(const std::string& text) {
+    QuickSearch(app->Tree(), app->List(), text);
+    Strings ids;
+    for (const auto& row : list.rows) ids.push_back(std::to_string(row.value));
+    return ids;
+  }
+
+  int folderId = 0;
+};
+
+TEST_F(MediaListTest, RowsShowUserTextsOverTagsRatingsLengthsAndVolumes) {
+  EXPECT_EQ(list.headings, (Strings{"Song/100", "Artist/100", "FileName/160", "Rating/50", "Length/50",
+                                    "Volume/80"}));
+  app->List().FillWithFolder(folderId);
+  const Strings folderRows{"1|Song A|Quartet|a.mp3|***       | 4:05|[drive E:]",
+                           "2|Mine|Me|b.mp3|          | 0:59|[drive E:]",
+                           "3|||c.mp3|**********|100:00|[drive E:]"};
+  EXPECT_EQ(Rows(), folderRows);
+  // A play list's rows are loaded file by file, and look the same.
+  app->Tree().SelectNode(Node(80000001));
+  EXPECT_EQ(Rows(), (Strings{"4|It's  abc||d.mp3|          |10:00|Jazz 1", folderRows[0], folderRows[1],
+                             folderRows[2]}));
+}
+
+TEST_F(MediaListTest, QuickSearchTrimsTrailingBlanksOnlyAndSelectsSearchResults) {
+  EXPECT_EQ(Search("  abc  "), Strings{"4"});
+  EXPECT_EQ(Search("   abc"), Strings{});
+  EXPECT_EQ(Search("'s"), Strings{"4"});
+  EXPECT_EQ(Search("SONG"), (Strings{"1", "2"}));
+  EXPECT_EQ(Search("%"), (Strings{"1", "2", "3", "4"}));
+  app->Tree().SelectNode(Node(folderId));
+  EXPECT_EQ(Search(" \t"), Strings{});
+  EXPECT_EQ(tree.selected, Node(70000003));
+  EXPECT_TRUE(tree.At(Node(70000003)).bold);
+}
+
+TEST_F(MediaListTest, FileInfoKeepsUserTextsUnlessTheEditDiffersFromTheTag) {
+  Exec("UPDATE MediaFiles SET Album='Mine',id3Album='Tag',id3Artist='Band',id3Comment='Note',BitRate=128,"
+       "SampleRate=44100,Channels=2 WHERE FileID=2;");
+  app->List().FillWithFolder(folderId);
+  EXPECT_FALSE(app->List().EditFileInfo());  // no row selected
+  list.Select({1});
+  fileInfo.edit = [](FileInfoForm& form) {
+    form.title = "Song B";  // the tag's title typed back: the user's title stays
+    form.artist = "";       // emptied: stored empty, so the tag shows again
+    form.album = "Tag";
+    form.checkedRating = 0;
+  };
+  EXPECT_TRUE(app->List().EditFileInfo());
+  const FileInfoForm& opened = *fileInfo.opened;
+  EXPECT_EQ(opened.title + "|" + opened.comment + "|" + opened.length + "|" + opened.bitRate + "|" +
+                opened.sampleRate + "|" + opened.channels,
+            "Mine|Note|Length:  0:59|Bit Rate: 128 kb/s|Sample Rate: 44100 Hz|Channels: 2");
+  EXPECT_EQ(opened.checkedRating, 0);
+  const auto file = app->Db().GetFile(2);
+  EXPECT_EQ(file->Title + "|" + file->Artist + "|" + file->Album + "|" + file->Comment, "Mine||Mine|");
+  EXPECT_EQ(file->Rating, -1);
+
+  fileInfo.edit = [](FileInfoForm& form) { form.checkedRating = 5; };
+  list.Select({0});
+  EXPECT_TRUE(app->List().EditFileInfo());
+  EXPECT_EQ(fileInfo.opened->checkedRating, 3);
+  EXPECT_EQ(app->Db().GetFile(1)->Title + "|" + std::to_string(app->Db().GetFile(1)->Rating), "|5");
+  fileInfo.press = kDialogCancel;
+  EXPECT_FALSE(app->List().EditFileInfo());
+}
+
+}  // namespace

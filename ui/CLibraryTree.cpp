@@ -1,0 +1,248 @@
+#include "ui/CLibraryTree.h"
+
+#include <span>
+#include <unordered_map>
+
+#include "app/CAppSettings.h"
+#include "catalogue/MediaDB.h"
+#include "platform/MessageBox.h"
+#include "scan/CDriveServices.h"
+#include "scan/MessageText.h"
+#include "scan/Paths.h"
+#include "scan/ScanCommands.h"
+#include "ui/CMediaList.h"
+#include "ui/CVolumeInfoDlg.h"
+
+namespace {
+
+constexpr int kCdVolume = 5;
+constexpr int kDiskVolume = 3;
+constexpr platform::TreeItem kNoItem = platform::TreeControl::kNoItem;
+
+}  // namespace
+
+// Every folder of the catalogue, read in one statement and grouped as the
+// per-node statements would return them: a volume's root folders, and the
+// folders whose ParentID is a given PathID, each in the catalogue's order.
+class CLibraryTree::FolderIndex {
+ public:
+  using Folders = std::span<const PathNodeRow* const>;
+
+  explicit FolderIndex(std::vector<PathNodeRow> rows) : rows_(std::move(rows)) {
+    for (const PathNodeRow& row : rows_) {
+      if (row.ParentID == -1) roots_[row.VolID].push_back(&row);
+      children_[row.ParentID].push_back(&row);
+    }
+  }
+
+  Folders RootsOf(int volId) const { return Find(roots_, volId); }
+  Folders ChildrenOf(int pathId) const { return Find(children_, pathId); }
+
+ private:
+  using Groups = std::unordered_map<int, std::vector<const PathNodeRow*>>;
+
+  static Folders Find(const Groups& groups, int key) {
+    const auto found = groups.find(key);
+    return found == groups.end() ? Folders() : Folders(found->second);
+  }
+
+  std::vector<PathNodeRow> rows_;
+  Groups roots_;
+  Groups children_;
+};
+
+CLibraryTree::CLibraryTree(MediaDB& db, const CAppSettings& settings, const CDriveServices& drives,
+                           CMediaList& list)
+    : db_(db), settings_(settings), drives_(drives), list_(list) {}
+
+void CLibraryTree::Bind(const LibraryTreeControls& controls) {
+  controls_.emplace(controls);
+  controls.scans.OnLibraryChanged([this] { Rebuild(); });
+}
+
+void CLibraryTree::Clear() {
+  Control().DeleteAllItems();
+  current_ = kNoItem;
+}
+
+void CLibraryTree::Rebuild() {
+  Clear();
+  BuildRoots();
+  const FolderIndex folders(db_.GetPathNodeRows());
+  AddVolumesOfType(kCdVolume, folders);
+  AddVolumesOfType(kDiskVolume, folders);
+  AddPlayLists();
+  for (TreeItem node : {allMedia_, cds_, localDisks_, playLists_}) Control().Expand(node);
+}
+
+platform::TreeItem CLibraryTree::Insert(TreeItem parent, const std::string& label, NodeKind kind,
+                                        int id) {
+  return Control().InsertItem(parent, label, ItemValue(kind, id));
+}
+
+void CLibraryTree::BuildRoots() {
+  allMedia_ = Insert(kNoItem, kAllMedia, NodeKind::Root, kAllMediaRoot);
+  cds_ = Insert(allMedia_, kCds, NodeKind::Group, kCdsGroup);
+  localDisks_ = Insert(allMedia_, kLocalDisks, NodeKind::Group, kLocalDisksGroup);
+  Insert(kNoItem, "", NodeKind::Root, kSpacerRoot);
+  searchResults_ = Insert(kNoItem, kSearchResults, NodeKind::Root, kSearchResultsRoot);
+  Insert(kNoItem, "", NodeKind::Root, kSpacerRoot);
+  playLists_ = Insert(kNoItem, kPlayLists, NodeKind::Root, kPlayListsRoot);
+}
+
+void CLibraryTree::AddVolumesOfType(int volType, const FolderIndex& folders) {
+  // The group follows the type asked for, not the row's own VolType.
+  const bool cd = volType == kCdVolume;
+  for (const CMediaVolume& volume : db_.GetVolumesOfType(volType)) {
+    const std::string label =
+        cd ? volume.DisplayName : FillMessage(kDiskVolumeLabel, {volume.DrvLtr, volume.DisplayName});
+    const TreeItem node = Insert(cd ? cds_ : localDisks_, label, NodeKind::Volume, volume.VolID);
+    AddFolders(node, folders.RootsOf(volume.VolID), folders);
+  }
+}
+
+void CLibraryTree::AddFolders(TreeItem parent, std::span<const PathNodeRow* const> folders,
+                              const FolderIndex& index) {
+  for (const PathNodeRow* folder : folders) {
+    const TreeItem node = Insert(parent, folder->Name, NodeKind::Folder, folder->PathID);
+    AddFolders(node, index.ChildrenOf(folder->PathID), index);
+  }
+}
+
+void CLibraryTree::AddPlayLists() {
+  for (const CPlayList& playList : db_.GetPlayLists())
+    Insert(playLists_, playList.Name, NodeKind::PlayList, playList.PlayListID);
+}
+
+DecodedNode CLibraryTree::Decode(TreeItem node) const {
+  return node == kNoItem ? DecodedNode{} : DecodeItemValue(Control().ItemValue(node));
+}
+
+platform::TreeItem CLibraryTree::SelectedNode() const { return Control().SelectedItem(); }
+
+void CLibraryTree::MarkCurrent(TreeItem node) {
+  if (current_ != kNoItem) Control().SetBold(current_, false);
+  if (node != kNoItem) Control().SetBold(node, true);
+  current_ = node;
+}
+
+void CLibraryTree::OnSelectionChanged(TreeItem node) {
+  MarkCurrent(node);
+  const DecodedNode decoded = Decode(node);
+  list_.Clear();
+  if (decoded.kind == NodeKind::Folder) list_.FillWithFolder(decoded.id);
+  if (decoded.kind == NodeKind::PlayList) list_.FillWithPlayList(decoded.id);
+}
+
+void CLibraryTree::SelectNode(TreeItem node) {
+  Control().Select(node);
+  OnSelectionChanged(node);
+}
+
+void CLibraryTree::SelectSearchResults() { SelectNode(searchResults_); }
+
+void CLibraryTree::OnContextMenu(TreeItem hit) {
+  context_ = hit;
+  if (hit == kNoItem) return;
+  SelectNode(hit);
+  std::span<const platform::MenuEntry> entries;
+  switch (Decode(hit).kind) {
+    case NodeKind::Volume: entries = kVolumeMenu; break;
+    case NodeKind::Folder: entries = kFolderMenu; break;
+    case NodeKind::PlayList: entries = kPlayListMenu; break;
+    default: return;
+  }
+  RunCommand(controls_->menu.Track(entries));
+}
+
+void CLibraryTree::RunCommand(int command) {
+  switch (command) {
+    case kVolumeInfo: EditVolumeInfo(); break;
+    case kRemove: RemoveAndRebuild(context_); break;
+    case kRescan: Rescan(); break;
+    default: break;
+  }
+}
+
+bool CLibraryTree::Confirm(const char* question) const {
+  return drives_.Messages().Show(question, platform::Buttons::OkCancel,
+                                 platform::Icon::Information) == platform::Answer::Ok;
+}
+
+bool CLibraryTree::RemoveNode(TreeItem node) {
+  const DecodedNode decoded = Decode(node);
+  const int id = decoded.id;
+  switch (decoded.kind) {
+    case NodeKind::Volume: return RemoveInTransaction(kRemoveVolume, [&] { db_.DeleteVolume(id); });
+    case NodeKind::Folder: return RemoveInTransaction(kRemovePath, [&] { db_.DeletePathTree(id); });
+    case NodeKind::PlayList:
+      if (!Confirm(kRemovePlayList)) return false;
+      db_.DeletePlayList(id);  // a single statement, outside any transaction
+      return true;
+    default: return false;
+  }
+}
+
+bool CLibraryTree::RemoveInTransaction(const char* question, const std::function<void()>& remove) {
+  if (!Confirm(question)) return false;
+  db_.Begin();
+  remove();
+  db_.Commit();
+  return true;
+}
+
+void CLibraryTree::RemoveAndRebuild(TreeItem node) {
+  if (!RemoveNode(node)) return;
+  list_.Clear();
+  Rebuild();
+}
+
+bool CLibraryTree::EditVolumeInfo() {
+  const DecodedNode decoded = Decode(context_);
+  if (decoded.kind != NodeKind::Volume) return false;
+  const auto volume = db_.GetVolume(decoded.id);
+  if (!volume) return false;
+  CVolumeInfoDlg dialog(controls_->volumeInfo);
+  dialog.fields = {volume->DisplayName, volume->Name, volume->Description};
+  if (dialog.DoModal() != kDialogOk) return false;
+  volume->DisplayName = dialog.fields.displayName;
+  volume->Description = dialog.fields.description;
+  db_.UpdateVolumeInfo(*volume);
+  Rebuild();
+  return true;
+}
+
+void CLibraryTree::Rescan() {
+  const DecodedNode decoded = Decode(context_);
+  if (decoded.kind == NodeKind::Volume) RescanVolume(decoded.id);
+  if (decoded.kind == NodeKind::Folder) RescanFolder(decoded.id);
+}
+
+// Each scan goes through the scan entry point, which rebuilds the tree when
+// its dialog closes; so the last rebuild follows the last scan.
+void CLibraryTree::RescanVolume(int volId) {
+  const int volType = db_.GetVolumeType(volId);
+  if (volType == kCdVolume) {
+    const std::string& drive = settings_.cdDrive;
+    if (drives_.WaitForVolume(drive, db_.GetVolumeSerial(volId), kInsertCorrectCd) == -1) return;
+    controls_->scans.ScanVolume(kCdVolume, MakeFullPath(drive, "\\", ""));
+  } else if (volType == kDiskVolume) {
+    // The roots are read before the first scan changes the catalogue.
+    const std::string drive = db_.GetVolumeDrive(volId);
+    std::vector<std::string> roots;
+    for (std::uint32_t pathId : db_.GetVolumeRootPathIds(volId))
+      roots.push_back(MakeFullPath(drive, db_.GetPathFullPath(static_cast<int>(pathId)), ""));
+    for (const std::string& root : roots) controls_->scans.ScanVolume(kDiskVolume, root);
+  }
+}
+
+void CLibraryTree::RescanFolder(int pathId) {
+  const auto volume = db_.GetVolume(db_.GetPathVolume(pathId));
+  if (!volume) return;
+  const bool cd = volume->VolType == kCdVolume;
+  if (cd && drives_.WaitForVolume(settings_.cdDrive, volume->SerialNo,
+                                  FillMessage(kInsertNamedCd, {volume->DisplayName})) == -1)
+    return;
+  const std::string& drive = cd ? settings_.cdDrive : volume->DrvLtr;
+  controls_->scans.ScanVolume(volume->VolType, MakeFullPath(drive, db_.GetPathFullPath(pathId), ""));
+}

@@ -1,0 +1,131 @@
+#pragma once
+// The library tree: the main window's left pane. Seven fixed nodes ("All
+// Media" with "CDs" and "Local Disks", a spacer, "Search Results", a spacer,
+// "Play Lists"), the CD and disk volumes with their folders, and the stored
+// play lists. Each node's item value tells what it stands for (NodeValue.h).
+// The tree keeps no catalogue rows: it is rebuilt whole after every change
+// and never updated in place, which also collapses it to its default
+// expansion. One object for the process, bound to its controls by the main
+// window. User-interface thread only; catalogue failures end the process.
+
+#include <array>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+
+#include "platform/PopupMenu.h"
+#include "platform/TreeControl.h"
+#include "ui/NodeValue.h"
+
+class CAppSettings;
+class CDriveServices;
+class CMediaList;
+class MediaDB;
+class ScanCommands;
+class VolumeInfoView;
+struct PathNodeRow;
+
+// What the tree works on; all must outlive the binding.
+struct LibraryTreeControls {
+  platform::TreeControl& tree;
+  platform::PopupMenu& menu;
+  VolumeInfoView& volumeInfo;
+  ScanCommands& scans;  // the scan entry point, for "rescan"
+};
+
+class CLibraryTree {
+ public:
+  enum Command : int { kVolumeInfo = 9001, kRemove = 9002, kRescan = 9003 };
+  using TreeItem = platform::TreeItem;
+
+  static constexpr const char* kAllMedia = "All Media";
+  static constexpr const char* kCds = "CDs";
+  static constexpr const char* kLocalDisks = "Local Disks";
+  static constexpr const char* kSearchResults = "Search Results";
+  static constexpr const char* kPlayLists = "Play Lists";
+  static constexpr const char* kDiskVolumeLabel = "[%s:] %s";
+  static constexpr const char* kInsertCorrectCd = "Please insert correct CD.";
+  static constexpr const char* kInsertNamedCd = "Please Insert CD: %s";
+  static constexpr const char* kRemoveVolume = "Remove volume from database?";
+  static constexpr const char* kRemovePath = "Remove Path from database?";
+  static constexpr const char* kRemovePlayList = "Remove PlayList from database?";
+
+  static constexpr std::array<platform::MenuEntry, 3> kVolumeMenu{{
+      {kVolumeInfo, "Vol Info / Edit"}, {kRemove, "remove"}, {kRescan, "rescan"}}};
+  static constexpr std::array<platform::MenuEntry, 2> kFolderMenu{{{kRemove, "remove"}, {kRescan, "rescan"}}};
+  static constexpr std::array<platform::MenuEntry, 1> kPlayListMenu{{{kRemove, "remove"}}};
+
+  // list: the media list that a selection fills. drives also asks its
+  // questions. settings.cdDrive is read at each rescan.
+  CLibraryTree(MediaDB& db, const CAppSettings& settings, const CDriveServices& drives,
+               CMediaList& list);
+
+  // Every other operation needs the controls bound first. Also points the
+  // scan entry point's library-changed seam at Rebuild, so that every scan
+  // (Add CD, Add HD, a rescan) ends with the tree rebuilt.
+  void Bind(const LibraryTreeControls& controls);
+
+  void Clear();
+  void Rebuild();
+
+  DecodedNode Decode(TreeItem node) const;
+  TreeItem SelectedNode() const;
+  TreeItem CurrentNode() const { return current_; }
+  // Bold moves to the node, which becomes current.
+  void MarkCurrent(TreeItem node);
+
+  // The control's selection changed (TVN_SELCHANGED): the node becomes
+  // current, the list is emptied and, for a folder or a play list, filled.
+  void OnSelectionChanged(TreeItem node);
+  // Selects the node and runs the selection steps.
+  void SelectNode(TreeItem node);
+  void SelectSearchResults();
+
+  // A context-menu request with the node hit, or kNoItem: the node becomes
+  // the context node, is selected, and its kind's menu (if any) is shown and
+  // the choice carried out.
+  void OnContextMenu(TreeItem hit);
+  void RunCommand(int command);
+
+  // Asks the kind's question and, on OK, removes the node's rows. Groups,
+  // roots and kNoItem ask nothing. Returns whether anything was removed.
+  bool RemoveNode(TreeItem node);
+  // RemoveNode, then, when removed, the list emptied and the tree rebuilt
+  // (the Delete key on the selected node, "remove" on the context node).
+  void RemoveAndRebuild(TreeItem node);
+  // "Vol Info / Edit" on the context node; on Update writes the display name
+  // and description and rebuilds. Returns whether Update was pressed.
+  bool EditVolumeInfo();
+  // "rescan" on the context node: a CD volume after asking for its disc in
+  // the CD drive, a disk volume root folder by root folder, or one folder.
+  void Rescan();
+
+ private:
+  class FolderIndex;
+
+  void BuildRoots();
+  void AddVolumesOfType(int volType, const FolderIndex& folders);
+  void AddFolders(TreeItem parent, std::span<const PathNodeRow* const> folders,
+                  const FolderIndex& index);
+  void AddPlayLists();
+  TreeItem Insert(TreeItem parent, const std::string& label, NodeKind kind, int id);
+  bool Confirm(const char* question) const;
+  bool RemoveInTransaction(const char* question, const std::function<void()>& remove);
+  void RescanVolume(int volId);
+  void RescanFolder(int pathId);
+  platform::TreeControl& Control() const { return controls_->tree; }
+
+  MediaDB& db_;
+  const CAppSettings& settings_;
+  const CDriveServices& drives_;
+  CMediaList& list_;
+  std::optional<LibraryTreeControls> controls_;
+  TreeItem allMedia_ = platform::TreeControl::kNoItem;
+  TreeItem cds_ = platform::TreeControl::kNoItem;
+  TreeItem localDisks_ = platform::TreeControl::kNoItem;
+  TreeItem searchResults_ = platform::TreeControl::kNoItem;
+  TreeItem playLists_ = platform::TreeControl::kNoItem;
+  TreeItem context_ = platform::TreeControl::kNoItem;
+  TreeItem current_ = platform::TreeControl::kNoItem;
+};
