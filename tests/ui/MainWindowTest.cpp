@@ -1,0 +1,151 @@
+#include "playlists/CopyCommands.h"
+#include "tests/support/CopyDialogDriver.h"
+#include "tests/support/ScriptedInputDialog.h"
+#include "tests/ui/LibraryFixture.h"
+#include "ui/CMainDlg.h"
+
+namespace {
+
+using Strings = std::vector<std::string>;
+
+// The main window with an outer rectangle (40, 100)-(540, 500) and a client
+// area of 490 by 370; it records where the panes went.
+class MainWindowTest : public LibraryTest, private MainWindowView, private PlayListView {
+ protected:
+  MainWindowTest() {
+    const int folderId = AddFolder(AddVolume(3, "Music"), "\\Music\\");
+    AddFile(folderId, "abc.mp3");
+    AddFile(folderId, "xyz.mp3");
+    window.OnInitDialog();
+  }
+  bool Key(MessageKind kind, KeyCode key, MessageTarget target) {
+    return window.PreTranslateMessage({kind, target, key, 0, 0});
+  }
+  void UserSelects(std::int32_t value) {
+    tree.selected = Node(value);
+    window.OnTreeSelectionChanged(tree.selected);
+  }
+  void Mouse(MessageKind kind, int x, MessageTarget target = MessageTarget::Window) {
+    window.PreTranslateMessage({kind, target, KeyCode::Other, x, 100});
+  }
+
+  void AttachToolTips(std::span<const MainControl>) override {}
+  void MoveWindow(int, int, int, int) override {}
+  Rect OuterRect() const override { return {40, 100, 540, 500}; }
+  Rect ClientRect() const override { return {0, 0, 490, 370}; }
+  void MoveTree(int x, int y, int width, int height) override {
+    panes = std::to_string(x) + "," + std::to_string(y) + "," + std::to_string(width) + "," +
+            std::to_string(height);
+  }
+  void MoveList(int, int, int, int) override {}
+  void SetSizingCursor() override { ++sizingCursors; }
+  void CaptureMouse() override { captured = true; }
+  void ReleaseMouse() override { captured = false; }
+  std::string FindText() const override { return findText; }
+  void SetFindText(const std::string& text) override { findText = text; }
+  void ShowAbout() override {}
+  bool IsPlayListVisible() const override { return playListVisible; }
+  void ShowPlayList(bool show) override { playListVisible = show; }
+  void MovePlayList(int, int, int, int) override {}
+  Rect PlayListRect() const override { return {550, 100, 760, 500}; }
+
+  platform::ListControl& List() override { return playList; }
+  void AddButtons(std::span<const PlayListButton>) override {}
+  int TrackPopupMenu(std::span<const PlayListMenuEntry>) override { return 0; }
+
+  std::string panes, findText;
+  int sizingCursors = 0;
+  bool captured = false, playListVisible = false;
+  testing_support::CopyDialogDriver copyDialogs{messages};
+  CopyCommands copy{app->PlayList(), app->Db(), app->Drives(), app->Settings(), copyDialogs};
+  testing_support::ScriptedInputDialog input;
+  testing_support::ScriptedOptions options;
+  CMainDlg window{{app->Tree(), app->List(), {tree, menu, volumeInfo, scans}, {list, menu, fileInfo}, scans,
+                   app->Playback(), app->Settings(), app->Drives(), picker, options,
+                   {app->PlayList(), app->Playback(), copy, app->Settings(), app->Drives(), picker, input},
+                   *this},
+                  *this};
+};
+
+TEST_F(MainWindowTest, TheSplitterDragsOnlyFromItsBandAndStopsAtTheLimits) {
+  EXPECT_EQ(panes, "5,30,95,330");
+  Mouse(MessageKind::LeftButtonDown, 102, MessageTarget::Tree);
+  Mouse(MessageKind::LeftButtonDown, 99);
+  Mouse(MessageKind::MouseMove, 300);
+  EXPECT_EQ(panes, "5,30,95,330");
+  EXPECT_EQ(sizingCursors, 0);
+  Mouse(MessageKind::MouseMove, 104);
+  Mouse(MessageKind::LeftButtonDown, 104);
+  EXPECT_TRUE(captured && window.OnSetCursor());
+  Mouse(MessageKind::MouseMove, 0);
+  EXPECT_EQ(panes, "5,30,35,330");
+  Mouse(MessageKind::MouseMove, 1000);
+  EXPECT_EQ(window.Splitter(), 500 - 70);  // the outer width, not the client's
+  Mouse(MessageKind::LeftButtonUp, 1000, MessageTarget::List);
+  Mouse(MessageKind::MouseMove, 200);
+  EXPECT_EQ(window.Splitter(), 430);
+  EXPECT_FALSE(captured || window.OnSetCursor());
+  EXPECT_EQ(sizingCursors, 2);
+  window.OnDestroy();
+  const CAppSettings& settings = app->Settings();
+  EXPECT_EQ(std::to_string(settings.splitter) + " " + std::to_string(settings.mainWidth) + " " +
+                std::to_string(settings.mainHeight) + " " + std::to_string(settings.playListWidth),
+            "430 500 400 210");
+}
+
+TEST_F(MainWindowTest, EnterAndEscapeNeverCloseTheWindowAndActOnlyInTheFindField) {
+  findText = "abc  ";
+  EXPECT_TRUE(Key(MessageKind::KeyDown, KeyCode::Enter, MessageTarget::List));
+  EXPECT_EQ(tree.selected, platform::TreeControl::kNoItem);
+  EXPECT_TRUE(Key(MessageKind::KeyDown, KeyCode::Escape, MessageTarget::Tree));
+  EXPECT_TRUE(Key(MessageKind::KeyDown, KeyCode::Enter, MessageTarget::FindField));
+  EXPECT_EQ(Rows().size(), 1u);
+  EXPECT_EQ(tree.selected, Node(70000003));
+  EXPECT_TRUE(Key(MessageKind::KeyDown, KeyCode::Escape, MessageTarget::FindField));
+  EXPECT_EQ(findText, "");
+  EXPECT_EQ(Rows().size(), 1u);
+  EXPECT_FALSE(Key(MessageKind::KeyDown, KeyCode::A, MessageTarget::List));
+}
+
+TEST_F(MainWindowTest, KeysMenusAndThePlayListToggleGoWhereTheyBelong) {
+  EXPECT_TRUE(playListVisible);
+  window.OnCommand(CMainDlg::kTogglePlayList);
+  EXPECT_FALSE(playListVisible);
+
+  UserSelects(1);
+  Key(MessageKind::KeyDown, KeyCode::A, MessageTarget::List);
+  Key(MessageKind::KeyDown, KeyCode::Control, MessageTarget::Tree);
+  Key(MessageKind::KeyDown, KeyCode::A, MessageTarget::Tree);
+  EXPECT_TRUE(app->List().SelectedFileIds().empty());
+  Key(MessageKind::KeyDown, KeyCode::A, MessageTarget::List);
+  EXPECT_EQ(app->List().SelectedFileIds().size(), 2u);
+  window.OnListDoubleClick();
+  window.OnListDoubleClick();
+  EXPECT_EQ(playList.RowCount(), 2);
+
+  // An edit refreshes a folder's rows, never the search results' rows.
+  menu.choice = CMediaList::kFileInfo;
+  fileInfo.edit = [](FileInfoForm& form) { form.title = "New"; };
+  window.OnListContextMenu();
+  EXPECT_EQ(list.rows[0].texts[0], "New");
+  window.OnCommand(CMainDlg::kGo);  // an empty Find field
+  EXPECT_TRUE(Rows().empty());
+  findText = "abc";
+  window.OnCommand(CMainDlg::kGo);
+  fileInfo.edit = [](FileInfoForm& form) { form.title = "Newer"; };
+  list.Select({0});
+  window.OnListContextMenu();
+  EXPECT_EQ(list.rows[0].texts[0], "New");
+
+  UserSelects(60000003);
+  Key(MessageKind::KeyUp, KeyCode::Delete, MessageTarget::Tree);  // a group: nothing asked
+  UserSelects(1);
+  messages.Script({platform::Answer::Ok});
+  Key(MessageKind::KeyUp, KeyCode::Delete, MessageTarget::List);
+  Key(MessageKind::KeyUp, KeyCode::Delete, MessageTarget::Tree);
+  EXPECT_EQ(messages.Texts(), Strings{"Remove Path from database?"});
+  EXPECT_TRUE(Rows().empty());
+  EXPECT_EQ(Node(1), platform::TreeControl::kNoItem);
+}
+
+}  // namespace

@@ -1,0 +1,126 @@
+#pragma once
+// The logic of the main window: it routes every button, key and menu request
+// to the part that carries it out, drags the splitter between the tree and
+// the list, lays out the panes, shows and hides the play list window (which
+// it owns), and puts the windows' geometry into the settings at exit. The
+// front end supplies the controls (MainWindowView and the parts' controls)
+// and calls the On* handlers on its user-interface thread.
+
+#include <array>
+
+#include "playlists/CPlayListDlg.h"
+#include "ui/CLibraryTree.h"
+#include "ui/CMediaList.h"
+#include "ui/MainWindowView.h"
+
+class CAppSettings;
+class CDriveServices;
+class CPlaybackControl;
+class OptionsView;
+class ScanCommands;
+
+namespace platform {
+class FolderPicker;
+}
+
+// What the window works with; all must outlive it.
+struct MainWindowParts {
+  CLibraryTree& tree;
+  CMediaList& list;
+  LibraryTreeControls treeControls;
+  MediaListControls listControls;
+  ScanCommands& scans;  // Add CD and Add HD
+  CPlaybackControl& playback;
+  CAppSettings& settings;  // geometry read at start-up and written at exit
+  const CDriveServices& drives;
+  platform::FolderPicker& picker;  // the Options dialog's "..."
+  OptionsView& options;
+  PlayListWindowParts playList;
+  PlayListView& playListView;
+};
+
+class CMainDlg {
+ public:
+  static constexpr const char* kCaption = "Tandrelo Vantrelle";
+
+  enum Command : int {
+    kAddCd = 2001,
+    kAddHd,
+    kTogglePlayList,
+    kOptions,
+    kAbout,
+    kFindField,
+    kGo,
+    kPlay,
+    kStop,
+    kSkipForward,
+  };
+  enum PlayListShow : int { kShow = 1, kHide = 2 };
+
+  static constexpr std::array<MainControl, 10> kControls{{
+      {kAddCd, "Add CD", "Scan CD and Store in Library"},
+      {kAddHd, "Add HD", "Scan a Local Path (on HD) and Store in Library"},
+      {kTogglePlayList, "PL", "Toggle Play List"},
+      {kOptions, "Op", "Options"},
+      {kAbout, "?", ""},
+      {kFindField, "", "Quick Search (All Media)"},
+      {kGo, "Go", "Search"},
+      {kPlay, "|>", "Play"},
+      {kStop, "[]", "Stop"},
+      {kSkipForward, "|>|>", "Skip Forward"},
+  }};
+
+  static constexpr int kBandWidth = 5;
+  static constexpr int kLeftmostSplitter = 40;
+  // How far the splitter stays from the window's outer right edge.
+  static constexpr int kRightMargin = 70;
+
+  CMainDlg(const MainWindowParts& parts, MainWindowView& view);
+  CMainDlg(const CMainDlg&) = delete;
+  CMainDlg& operator=(const CMainDlg&) = delete;
+
+  // Binds the tree and the list, opens the play list window, restores the
+  // stored geometry, lays out and builds the tree.
+  void OnInitDialog();
+  void OnCommand(int command);
+  void OnSize(int clientWidth, int clientHeight);
+  // Every message to the window or its children passes here first (after the
+  // tool tips saw it); returns true when it is consumed.
+  bool PreTranslateMessage(const WindowMessage& message);
+  // The platform asks for the cursor; true (handled, no default processing)
+  // while dragging keeps the sizing arrow on screen.
+  bool OnSetCursor() const { return dragging_; }
+  void OnTreeSelectionChanged(platform::TreeItem node);
+  void OnTreeContextMenu(platform::TreeItem hit);
+  void OnListContextMenu();
+  void OnListDoubleClick();
+  // Puts both windows' geometry and the splitter into the settings; the
+  // front end then ends the run with CLibraryApp::Exit, which writes them.
+  void OnDestroy();
+
+  // kShow shows a hidden play list window, kHide hides a visible one.
+  void ShowPlayList(int how);
+  void Layout();
+  void Layout(int clientWidth, int clientHeight);
+
+  int Splitter() const { return splitter_; }
+  const Rect& SplitterBand() const { return band_; }
+  CPlayListDlg& PlayListWindow() { return playListWindow_; }
+
+ private:
+  void OnMouseMove(const WindowMessage& message);
+  void OnKeyDown(const WindowMessage& message);
+  void OnKeyUp(const WindowMessage& message);
+  void Search();
+  void PlaySelected();
+  void RunOptions();
+
+  MainWindowParts parts_;
+  MainWindowView& view_;
+  CPlayListDlg playListWindow_;
+  int splitter_;
+  Rect band_;
+  bool dragging_ = false;
+  bool controlHeld_ = false;
+  bool panesBound_ = false;
+};
