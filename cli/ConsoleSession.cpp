@@ -9,8 +9,11 @@
 #include "app/CLibraryApp.h"
 #include "catalogue/CppSQLite3Exception.h"
 #include "cli/AddCommands.h"
+#include "cli/BrowseCommands.h"
 #include "cli/ConsoleMessageBox.h"
 #include "cli/DrivesCommand.h"
+#include "cli/FileInfoCommand.h"
+#include "cli/NodeCommands.h"
 #include "cli/OptionsCommand.h"
 #include "cli/PlayCommand.h"
 #include "cli/PlayListCommands.h"
@@ -18,6 +21,7 @@
 #include "platform/LinuxFileSystem.h"
 #include "platform/ProgramFolder.h"
 #include "platform/mci/GstMediaControl.h"
+#include "ui/CLibraryTree.h"
 #include "playback/DeferredMediaControl.h"
 
 namespace {
@@ -80,6 +84,17 @@ int RunConsole(int argc, char** argv) {
   commands.push_back(std::make_unique<SavePlayListCommand>(cli));
   commands.push_back(std::make_unique<CopyCommand>(cli));
   commands.push_back(std::make_unique<ClearCacheCommand>(cli));
+  commands.push_back(std::make_unique<TreeCommand>(cli));
+  commands.push_back(std::make_unique<ListCommand>(cli));
+  commands.push_back(std::make_unique<SearchCommand>(cli));
+  commands.push_back(std::make_unique<FileInfoCommand>(cli));
+  commands.push_back(std::make_unique<VolumeInfoCommand>(cli));
+  commands.push_back(std::make_unique<TreeMenuCommand>(
+      cli, "rescan", "Rescan a volume or a folder of the library", CLibraryTree::kRescan,
+      std::initializer_list<std::string>{"volume", "folder"}));
+  commands.push_back(std::make_unique<TreeMenuCommand>(
+      cli, "remove", "Remove a volume, a folder or a play list from the library (asks first)",
+      CLibraryTree::kRemove, std::initializer_list<std::string>{"volume", "folder", "playlist"}));
 
   try {
     cli.parse(argc, argv);

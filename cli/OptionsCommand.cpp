@@ -5,7 +5,37 @@
 #include <cctype>
 
 #include "app/CLibraryApp.h"
-#include "platform/DriveTable.h"
+#include "cli/NoFolderPicker.h"
+#include "ui/COptionsDlg.h"
+
+namespace {
+
+// Types the given edits into the dialog and presses OK; with none, Cancel.
+class ConsoleOptionsView : public OptionsView {
+ public:
+  ConsoleOptionsView(std::optional<std::string> cachePath, std::optional<std::string> cdDrive)
+      : cachePath_(std::move(cachePath)), cdDrive_(std::move(cdDrive)) {}
+
+  int RunModal(OptionsForm& form, const std::function<void()>&) override {
+    if (!cachePath_ && !cdDrive_) return kDialogCancel;
+    if (cdDrive_) SelectDrive(form, *cdDrive_);
+    if (cachePath_) form.cachePath = *cachePath_;
+    return kDialogOk;
+  }
+
+ private:
+  static void SelectDrive(OptionsForm& form, const std::string& letter) {
+    const auto entry = std::find(form.drives.begin(), form.drives.end(), letter + ":\\");
+    if (entry == form.drives.end())
+      throw UsageError("drive " + letter + ": is not a CD drive of the drive table");
+    form.selectedDrive = static_cast<int>(entry - form.drives.begin());
+  }
+
+  std::optional<std::string> cachePath_;
+  std::optional<std::string> cdDrive_;
+};
+
+}  // namespace
 
 OptionsCommand::OptionsCommand(CLI::App& parent)
     : command_(parent.add_subcommand("options", "Show or change the cache folder and the CD drive")) {
@@ -16,25 +46,22 @@ OptionsCommand::OptionsCommand(CLI::App& parent)
 
 bool OptionsCommand::Chosen() const { return command_->parsed(); }
 
-std::string OptionsCommand::CdDriveLetter(CLibraryApp& app) const {
+std::string OptionsCommand::CdDriveLetter() const {
   std::string letter = *cdDrive_;
-  // "E", "e", "E:" and "E:\" all name drive E.
   if (letter.size() > 1 && letter[1] == ':') letter.resize(1);
   if (letter.size() != 1) throw UsageError("--cd-drive takes a drive letter, not '" + *cdDrive_ + "'");
   letter[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(letter[0])));
-  const auto cdDrives = app.Drives().GetDriveList(platform::kDriveCdRom);
-  if (std::find(cdDrives.begin(), cdDrives.end(), letter) == cdDrives.end())
-    throw UsageError("drive " + letter + ": is not a CD drive of the drive table");
   return letter;
 }
 
 int OptionsCommand::Run(CLibraryApp& app, std::FILE* out) {
-  CAppSettings& settings = app.Settings();
-  // Check both arguments before changing either, as the dialog's OK takes both.
-  const std::string cachePath = cachePath_ ? FolderArgument(app, *cachePath_) : settings.cacheFolder;
-  const std::string cdDrive = cdDrive_ ? CdDriveLetter(app) : settings.cdDrive;
-  settings.cacheFolder = cachePath;
-  settings.cdDrive = cdDrive;
+  // Both arguments are checked before OK takes either.
+  std::optional<std::string> cachePath;
+  if (cachePath_) cachePath = FolderArgument(app, *cachePath_);
+  ConsoleOptionsView view(cachePath, cdDrive_ ? std::optional(CdDriveLetter()) : std::nullopt);
+  NoFolderPicker picker;
+  COptionsDlg(app.Settings(), app.Drives(), picker, view).DoModal();
+  const CAppSettings& settings = app.Settings();
   std::fprintf(out, "Cache Path: %s\n", OneLine(settings.cacheFolder).c_str());
   std::fprintf(out, "CD Drive: %s\n", OneLine(settings.cdDrive).c_str());
   return 0;

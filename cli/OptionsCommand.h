@@ -4,8 +4,9 @@
 
 #include "cli/ConsoleCommand.h"
 
-// `options [--cache-path PATH] [--cd-drive LETTER]`: shows the two settings
-// of the Options dialog; with options, changes them as OK in the dialog does.
+// `options [--cache-path PATH] [--cd-drive LETTER]`: the Options dialog.
+// Prints the two settings; with options, types those edits into it and
+// presses OK. Only a CD drive the dialog offers can be chosen.
 class OptionsCommand : public ConsoleCommand {
  public:
   explicit OptionsCommand(CLI::App& parent);
@@ -13,7 +14,8 @@ class OptionsCommand : public ConsoleCommand {
   int Run(CLibraryApp& app, std::FILE* out) override;
 
  private:
-  std::string CdDriveLetter(CLibraryApp& app) const;
+  // The letter of "E", "e", "E:" or "E:\".
+  std::string CdDriveLetter() const;
 
   CLI::App* command_;
   std::optional<std::string> cachePath_;

@@ -1,0 +1,44 @@
+#include "cli/BrowseCommands.h"
+
+#include <CLI/CLI.hpp>
+
+#include "cli/ConsoleLibraryWindow.h"
+
+TreeCommand::TreeCommand(CLI::App& parent)
+    : command_(parent.add_subcommand("tree", "Print the library tree with each node's item value")) {}
+
+bool TreeCommand::Chosen() const { return command_->parsed(); }
+
+int TreeCommand::Run(CLibraryApp& app, std::FILE* out) {
+  ConsoleLibraryWindow(app).PrintTree(out);
+  return 0;
+}
+
+ListCommand::ListCommand(CLI::App& parent)
+    : command_(parent.add_subcommand("list", "Print the files of a folder or a play list")) {
+  command_->add_option("KIND", kind_, "folder or playlist")->required()->check(CLI::IsMember({"folder", "playlist"}));
+  command_->add_option("ID", id_, "The PathID or PlayListID")->required();
+}
+
+bool ListCommand::Chosen() const { return command_->parsed(); }
+
+int ListCommand::Run(CLibraryApp& app, std::FILE* out) {
+  ConsoleLibraryWindow window(app);
+  window.Select(window.Node(kind_, id_));
+  window.PrintList(out);
+  return 0;
+}
+
+SearchCommand::SearchCommand(CLI::App& parent)
+    : command_(parent.add_subcommand("search", "Quick search: files whose name, title or artist holds TEXT")) {
+  command_->add_option("TEXT", text_, "The text typed into the Find field")->required();
+}
+
+bool SearchCommand::Chosen() const { return command_->parsed(); }
+
+int SearchCommand::Run(CLibraryApp& app, std::FILE* out) {
+  ConsoleLibraryWindow window(app);
+  window.Search(text_);
+  window.PrintList(out);
+  return 0;
+}

@@ -1,0 +1,65 @@
+#pragma once
+// The main window's tree and media list on a terminal: the application's
+// CLibraryTree and CMediaList bound to controls in memory, which a command
+// drives as a user would (select a node, right-click it and pick an entry,
+// search) and then prints. The editing dialogs are answered by the command's
+// own user, and scans run in the console's "Scan Volume" dialog.
+
+#include <cstdint>
+#include <cstdio>
+#include <functional>
+#include <string>
+
+#include "cli/ConsoleScanDialog.h"
+#include "catalogue/Records.h"
+#include "cli/NoFolderPicker.h"
+#include "platform/MemoryListControl.h"
+#include "platform/MemoryTreeControl.h"
+#include "platform/PopupMenu.h"
+#include "scan/ScanCommands.h"
+#include "ui/CFileInfoDlg.h"
+#include "ui/CVolumeInfoDlg.h"
+
+class CLibraryApp;
+
+class ConsoleLibraryWindow : private platform::PopupMenu,
+                             private VolumeInfoView,
+                             private FileInfoView {
+ public:
+  // Binds the application's tree and list and builds the tree.
+  explicit ConsoleLibraryWindow(CLibraryApp& app);
+
+  // Who fills in the editing dialogs: edits the form and returns the button.
+  std::function<int(VolumeInfoForm&)> volumeInfoUser;
+  std::function<int(FileInfoForm&)> fileInfoUser;
+
+  // The node of a "volume", "folder" or "playlist" with that id; throws
+  // UsageError when the tree does not show one.
+  platform::TreeItem Node(const std::string& kind, int id) const;
+  void Select(platform::TreeItem node);
+  // A right-click on the node, then the menu entry with this command.
+  void ChooseFromMenu(platform::TreeItem node, int command);
+  // The Find field holding the text, then "Go".
+  void Search(const std::string& findText);
+  // "File Info / Edit" with the file as the list's one selected row.
+  void EditFileInfo(const CMediaFile& file);
+
+  // One node a line: two blanks a level, the label, a tab, the item value.
+  void PrintTree(std::FILE* out) const;
+  // A heading, then one line a row: the FileID and the six texts, by tabs.
+  void PrintList(std::FILE* out) const;
+
+ private:
+  int Track(std::span<const platform::MenuEntry> entries) override;
+  int RunModal(VolumeInfoForm& form) override;
+  int RunModal(FileInfoForm& form) override;
+  void PrintNodes(std::FILE* out, platform::TreeItem parent, int depth) const;
+
+  CLibraryApp& app_;
+  platform::MemoryTreeControl tree_;
+  platform::MemoryListControl list_;
+  NoFolderPicker picker_;
+  ConsoleScanDialog scanDialog_;
+  ScanCommands scans_;
+  int menuChoice_ = 0;
+};

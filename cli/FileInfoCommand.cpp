@@ -1,0 +1,59 @@
+#include "cli/FileInfoCommand.h"
+
+#include <CLI/CLI.hpp>
+
+#include "app/CLibraryApp.h"
+#include "cli/ConsoleLibraryWindow.h"
+
+namespace {
+
+void Print(std::FILE* out, const char* label, const std::string& text) {
+  std::fprintf(out, "%s%s\n", label, OneLine(text).c_str());
+}
+
+void PrintForm(std::FILE* out, const FileInfoForm& form) {
+  Print(out, "File: ", form.fileName);
+  Print(out, "Title: ", form.title);
+  Print(out, "Artist: ", form.artist);
+  Print(out, "Album: ", form.album);
+  Print(out, "Comment: ", form.comment);
+  Print(out, "Rating: ", form.checkedRating > 0 ? std::to_string(form.checkedRating) : "");
+  for (const std::string* info : {&form.length, &form.bitRate, &form.sampleRate, &form.channels})
+    Print(out, "", *info);
+}
+
+}  // namespace
+
+FileInfoCommand::FileInfoCommand(CLI::App& parent)
+    : command_(parent.add_subcommand("file-info", "Show or edit a file's texts and rating")) {
+  command_->add_option("FILEID", fileId_, "The file")->required();
+  command_->add_option("--title", title_, "Type this title");
+  command_->add_option("--artist", artist_, "Type this artist");
+  command_->add_option("--album", album_, "Type this album");
+  command_->add_option("--comment", comment_, "Type this comment");
+  auto* rating = command_->add_option("--rating", rating_, "Check this rating button")->check(CLI::Range(1, 5));
+  command_->add_flag("--no-rating", noRating_, "Check no rating button")->excludes(rating);
+}
+
+bool FileInfoCommand::Chosen() const { return command_->parsed(); }
+
+bool FileInfoCommand::Edits() const {
+  return title_ || artist_ || album_ || comment_ || rating_ || noRating_;
+}
+
+int FileInfoCommand::Run(CLibraryApp& app, std::FILE* out) {
+  const auto file = app.Db().GetFile(fileId_);
+  if (!file) throw UsageError("no file with FileID " + std::to_string(fileId_) + " in the catalogue");
+  ConsoleLibraryWindow window(app);
+  window.fileInfoUser = [&](FileInfoForm& form) {
+    for (auto [edit, field] : {std::pair{&title_, &form.title}, {&artist_, &form.artist},
+                               {&album_, &form.album}, {&comment_, &form.comment}})
+      if (*edit) *field = **edit;
+    if (rating_) form.checkedRating = *rating_;
+    if (noRating_) form.checkedRating = 0;
+    PrintForm(out, form);
+    return Edits() ? kDialogOk : kDialogCancel;
+  };
+  window.EditFileInfo(*file);
+  return 0;
+}

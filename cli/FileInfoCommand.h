@@ -1,0 +1,28 @@
+#pragma once
+#include <optional>
+#include <string>
+
+#include "cli/ConsoleCommand.h"
+
+// `file-info FILEID [--title T] [--artist A] [--album B] [--comment C]
+// [--rating 1..5 | --no-rating]`: "File Info / Edit" on the file; prints the
+// dialog's fields and its "MPEG Info" texts and, with options, presses
+// Update with those edits (the other fields as the dialog showed them).
+class FileInfoCommand : public ConsoleCommand {
+ public:
+  explicit FileInfoCommand(CLI::App& parent);
+  bool Chosen() const override;
+  int Run(CLibraryApp& app, std::FILE* out) override;
+
+ private:
+  bool Edits() const;
+
+  CLI::App* command_;
+  int fileId_ = 0;
+  std::optional<std::string> title_;
+  std::optional<std::string> artist_;
+  std::optional<std::string> album_;
+  std::optional<std::string> comment_;
+  std::optional<int> rating_;
+  bool noRating_ = false;
+};

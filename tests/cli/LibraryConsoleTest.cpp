@@ -1,0 +1,66 @@
+// The library tree, the media list and the editing dialogs from the console.
+#include "tests/cli/ConsoleFixture.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class LibraryConsoleTest : public ConsoleFixture {
+ protected:
+  LibraryConsoleTest() {
+    fs::create_directories(home + "/Music/Rock");
+    fs::create_directories(home + "/Music/Pop");
+    fs::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/id3v1.mp3", home + "/Music/Rock/a.mp3");
+    fs::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/vorbis.ogg", home + "/Music/Pop/b.ogg");
+    Run("add-hd " + home + "/Music");
+    Query("INSERT INTO PlayLists(Name,FileIDs) VALUES ('Mix\tTape','2,9,2');");
+  }
+};
+
+TEST_F(LibraryConsoleTest, TreeListsAndSearchPrintWhatTheWindowShows) {
+  EXPECT_EQ(Run("tree").out,
+            "All Media\t70000002\n  CDs\t60000005\n  Local Disks\t60000003\n"
+            "    [C:] home\t50000001\n      Music\t1\n        Pop\t2\n        Rock\t3\n"
+            "\t70000001\nSearch Results\t70000003\n\t70000001\nPlay Lists\t70000004\n"
+            "  Mix Tape\t80000001\n");
+  const std::string heading = "FileID\tSong\tArtist\tFileName\tRating\tLength\tVolume\n";
+  const std::string rock = "2\tCafé Müller\tDara O'Neill\ta.mp3\t          \t 0:01\t[drive C:]\n";
+  EXPECT_EQ(Run("list folder 3").out, heading + rock);
+  const Outcome playList = Run("list playlist 1");
+  EXPECT_EQ(std::count(playList.out.begin(), playList.out.end(), '\n'), 3);
+  EXPECT_EQ(Run("search \"'Neill  \"").out, heading + rock);
+  EXPECT_EQ(Run("search '  '").out, heading);
+  Outcome missing = Run("list folder 50000001");
+  EXPECT_EQ(missing.status, 2);
+  EXPECT_EQ(missing.err, "vantrelle-cli: no folder with PathID 50000001 in the library tree\n");
+}
+
+TEST_F(LibraryConsoleTest, EditsAndRemovalsChangeTheCatalogueOnlyWhenConfirmed) {
+  const Outcome shown = Run("file-info 2");
+  EXPECT_EQ(shown.out.substr(0, shown.out.find("Comment")),
+            "File: a.mp3\nTitle: Café Müller\nArtist: Dara O'Neill\nAlbum: First Light\n");
+  EXPECT_NE(shown.out.find("Rating: \nLength:  0:01\nBit Rate: "), std::string::npos) << shown.out;
+  EXPECT_EQ(Query("SELECT Title, Artist FROM MediaFiles WHERE FileID=2;"), "=;");
+  Run("file-info 2 --artist Dara --rating 4");
+  EXPECT_EQ(Query("SELECT Title, Artist, Rating FROM MediaFiles WHERE FileID=2;"), "=Dara=4;");
+  Run("file-info 2 --no-rating");
+  EXPECT_EQ(Query("SELECT Rating FROM MediaFiles WHERE FileID=2;"), "-1;");
+
+  EXPECT_EQ(Run("volume-info 1 --description 'Home disk'").out,
+            "Display Name: home\nVolume Name: home\nDescription: Home disk\n");
+  EXPECT_EQ(Query("SELECT DisplayName, Description FROM MediaVolumes;"), "home=Home disk;");
+
+  fs::remove(home + "/Music/Rock/a.mp3");
+  EXPECT_EQ(Run("rescan folder 3").out, "Scan Complete.\n");
+  EXPECT_EQ(Query("SELECT FileName FROM MediaFiles;"), "b.ogg;");
+
+  EXPECT_EQ(Run("remove folder 1").out, "Remove Path from database?\n");
+  EXPECT_EQ(Query("SELECT count(*) FROM MediaPaths;"), "2;");
+  Run("--yes remove folder 1");
+  EXPECT_EQ(Query("SELECT count(*) FROM MediaPaths;") + Query("SELECT count(*) FROM MediaFiles;"), "0;0;");
+  Run("--yes remove playlist 1");
+  EXPECT_EQ(Query("SELECT count(*) FROM PlayLists;"), "0;");
+  EXPECT_EQ(Run("file-info 9").status, 2);
+}
+
+}  // namespace
