@@ -1,10 +1,22 @@
 #include "scan/CVolumeScanner.h"
 
+#include <thread>
+
 #include "catalogue/MediaDB.h"
+
+namespace {
+
+// One reader per core: TagLib's parsing is what a fresh scan waits for.
+unsigned ReaderThreads() {
+  const unsigned cores = std::thread::hardware_concurrency();
+  return cores == 0 ? 1 : cores;
+}
+
+}  // namespace
 
 CVolumeScanner::CVolumeScanner(MediaDB& db, CDriveServices& drives, TagReader& reader,
                                platform::MessageBox& messages)
-    : db_(db), discovery_(db, drives, progress_), tags_(db, reader, messages, progress_) {}
+    : db_(db), discovery_(db, drives, progress_), tags_(db, reader, messages, progress_, ReaderThreads()) {}
 
 void CVolumeScanner::Prepare(int kind, const std::string& root) {
   progress_.progress = 0;

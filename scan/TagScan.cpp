@@ -6,6 +6,7 @@
 #include "catalogue/Records.h"
 #include "platform/MessageBox.h"
 #include "scan/Paths.h"
+#include "scan/TagReadAhead.h"
 #include "scan/VolumeIndex.h"
 #include "scan/WorkerProgress.h"
 #include "tags/TagReader.h"
@@ -22,32 +23,68 @@ bool LeftUnread(const std::string& fileName) {
   return fileName.size() >= 3 && fileName.compare(fileName.size() - 3, 3, "wma") == 0;
 }
 
+void CopyTagsAndProperties(const CMediaFile& read, CMediaFile& file) {
+  file.id3Title = read.id3Title;
+  file.id3Artist = read.id3Artist;
+  file.id3Album = read.id3Album;
+  file.id3Comment = read.id3Comment;
+  file.Length = read.Length;
+  file.BitRate = read.BitRate;
+  file.SampleRate = read.SampleRate;
+  file.Channels = read.Channels;
+}
+
 }  // namespace
 
 TagScan::TagScan(MediaDB& db, TagReader& reader, platform::MessageBox& messages,
-                 WorkerProgress& progress)
-    : db_(db), reader_(reader), messages_(messages), progress_(progress) {}
+                 WorkerProgress& progress, unsigned readerThreads)
+    : db_(db),
+      reader_(reader),
+      messages_(messages),
+      progress_(progress),
+      readerThreads_(readerThreads) {}
+
+bool TagScan::ToRead(const FileRow& row) {
+  return row.ScanState == kTagsNotRead && !LeftUnread(row.FileName);
+}
 
 void TagScan::Run(const std::string& root, int volId, VolumeIndex& index) {
   const std::string drive = root.substr(0, 1);
   const int rootId = index.FindPath(GetFolderPart(root));
   if (rootId == -1) return;
-  for (std::uint32_t pathId : db_.GetSubtreePathIds(rootId)) {
+  const IdList subtree = db_.GetSubtreePathIds(rootId);
+
+  // The files to read, in the order the loop below stores them.
+  std::vector<std::string> toRead;
+  for (std::uint32_t pathId : subtree) {
+    const PathRow* folder = index.Path(pathId);
+    for (int fileId : index.FilesOf(pathId)) {
+      const FileRow* row = index.File(fileId);
+      if (folder && ToRead(*row)) toRead.push_back(MakeFullPath(drive, folder->FullPath, row->FileName));
+    }
+  }
+  TagReadAhead readAhead(reader_, std::move(toRead), readerThreads_);
+  std::size_t taken = 0;
+
+  for (std::uint32_t pathId : subtree) {
     progress_.progress = 0;
     const PathRow* folder = index.Path(pathId);
     const std::vector<int> fileIds = index.FilesOf(pathId);
     const int n = static_cast<int>(fileIds.size());
     for (int i = 0; i < n; ++i) {
-      if (progress_.cancel) break;
+      if (progress_.cancel) {
+        readAhead.Stop();
+        break;
+      }
       FileRow* row = index.File(fileIds[i]);
-      if (row->ScanState == kTagsNotRead && !LeftUnread(row->FileName) && folder) {
+      if (folder && ToRead(*row)) {
         // An unread row holds no tags yet: a fresh record stands for it.
         CMediaFile record;
         record.FileID = row->FileID;
         record.PathID = row->PathID;
         record.VolID = volId;
         record.FileName = row->FileName;
-        ScanFileTags(record, drive, folder->FullPath);
+        ScanFileTags(record, [&](CMediaFile& file) { CopyTagsAndProperties(readAhead.Take(taken++), file); });
         row->ScanState = kStored;
       }
       progress_.progress = 100 * i / n;
@@ -55,13 +92,11 @@ void TagScan::Run(const std::string& root, int volId, VolumeIndex& index) {
   }
 }
 
-void TagScan::ScanFileTags(CMediaFile& record, const std::string& drive,
-                           const std::string& folder) {
-  const std::string fullPath = MakeFullPath(drive, folder, record.FileName);
+void TagScan::ScanFileTags(CMediaFile& record, const std::function<void(CMediaFile&)>& read) {
   progress_.SetStatus(record.FileName);
   db_.SetFileScanState(record.FileID, kReading);
   try {
-    reader_.GetTag(fullPath, record);
+    read(record);
   } catch (...) {
     EndAfterReaderFailure();
   }

@@ -5,11 +5,14 @@
 // ends the program after a message, with that transaction never committed.
 //
 // Runs on the scan worker. Reads the cancel flag, writes the status text and
-// the progress value (0 to 99 within each folder).
+// the progress value (0 to 99 within each folder). The files' tags are read
+// ahead on reader threads; only the worker writes to the catalogue.
 
+#include <functional>
 #include <string>
 
 class CMediaFile;
+struct FileRow;
 class MediaDB;
 class TagReader;
 class VolumeIndex;
@@ -23,19 +26,23 @@ class TagScan {
  public:
   static constexpr const char* kReaderFailure = "**** GetTag() EXCEPTION ****";
 
+  // readerThreads: how many threads read tags ahead of the worker.
   TagScan(MediaDB& db, TagReader& reader, platform::MessageBox& messages,
-          WorkerProgress& progress);
+          WorkerProgress& progress, unsigned readerThreads);
 
   void Run(const std::string& root, int volId, VolumeIndex& index);
 
-  // Reads one file's tags into the record and stores them.
-  void ScanFileTags(CMediaFile& record, const std::string& drive, const std::string& folder);
+  // Reads one file's tags into the record (through read, which may throw) and
+  // stores them, marking the row as being read first.
+  void ScanFileTags(CMediaFile& record, const std::function<void(CMediaFile&)>& read);
 
  private:
   [[noreturn]] void EndAfterReaderFailure();
+  static bool ToRead(const FileRow& row);
 
   MediaDB& db_;
   TagReader& reader_;
   platform::MessageBox& messages_;
   WorkerProgress& progress_;
+  unsigned readerThreads_;
 };

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <functional>
 #include <map>
+#include <mutex>
 
 #include "catalogue/MediaDB.h"
 #include "platform/LinuxDriveTable.h"
@@ -17,19 +18,24 @@
 #include "tests/support/ScriptedMessageBox.h"
 #include "tests/support/TempFolder.h"
 
-// Reads through the real reader, calling a hook first (to cancel, to throw, to
-// look at the progress).
+// Reads through the real reader, calling a hook first (to throw, to block, to
+// see which files are read). Scans read on several threads at once: the hook
+// must be safe to call from them.
 class WatchedReader : public TagReader {
  public:
   explicit WatchedReader(TagReader& real) : real_(real) {}
   std::function<void(const std::string& fullPath)> beforeRead;
   int GetTag(std::string fullPath, CMediaFile& file) override {
-    if (beforeRead) beforeRead(fullPath);
+    if (beforeRead) {
+      std::lock_guard lock(mutex_);
+      beforeRead(fullPath);
+    }
     return real_.GetTag(fullPath, file);
   }
 
  private:
   TagReader& real_;
+  std::mutex mutex_;
 };
 
 class ScanTest : public ::testing::Test {

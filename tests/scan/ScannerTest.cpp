@@ -143,28 +143,32 @@ TEST_F(ScanTest, CancelDuringRecordingStillSweepsWhatWasNotVisited) {
   EXPECT_EQ(discovery.FindOrAddFile("C:\\Music\\A\\gone.mp3", 1, volId), -1);
 }
 
-TEST_F(ScanTest, CancelDuringTheTagPhaseKeepsWhatWasReadAndProgressRunsPerFolder) {
+TEST_F(ScanTest, CancelDuringTheTagPhaseKeepsWhatWasStoredAndProgressRunsPerFolder) {
   for (const char* name : {"1.mp3", "2.mp3", "3.mp3", "4.mp3"}) Put(std::string("c/Four/") + name, "id3v1.mp3");
+  // Tags are read ahead on other threads; what counts is when the worker stores them.
+  std::function<void()> onStore;
+  db.ObserveStatements([&](const char* sql) {
+    if (std::string(sql).starts_with("UPDATE MediaFiles SET id3Title=") && onStore) onStore();
+  });
   std::vector<int> progressSeen;
-  reader.beforeRead = [&](const std::string&) {
-    progressSeen.push_back(scanner.Progress().progress);
-  };
+  onStore = [&] { progressSeen.push_back(scanner.Progress().progress); };
   Scan(3, "C:\\Four\\");
   EXPECT_EQ(progressSeen, (std::vector<int>{0, 0, 25, 50}));
   EXPECT_EQ(scanner.Progress().progress, 75);
 
   for (const char* name : {"5.mp3", "6.mp3", "7.mp3"}) Put(std::string("c/Four/") + name, "id3v1.mp3");
-  int reads = 0;
-  reader.beforeRead = [&](const std::string&) {
-    if (++reads == 1) scanner.Progress().cancel = true;
+  int stored = 0;
+  onStore = [&] {
+    if (++stored == 1) scanner.Progress().cancel = true;
   };
   Scan(3, "C:\\Four\\");
-  EXPECT_EQ(reads, 1);
+  EXPECT_EQ(stored, 1);
   EXPECT_EQ(db.QueryInt("SELECT count(*) FROM MediaFiles WHERE ScanState=2;"), 5);
   EXPECT_EQ(db.QueryInt("SELECT count(*) FROM MediaFiles WHERE ScanState=0;"), 2);
-  reader.beforeRead = nullptr;
+  onStore = nullptr;
   Scan(3, "C:\\Four\\");  // the next scan completes it
   EXPECT_EQ(db.QueryInt("SELECT count(*) FROM MediaFiles WHERE ScanState=2;"), 7);
+  db.ObserveStatements(nullptr);
 }
 
 TEST_F(ScanTest, BrokenAudioFilesGetNoTagsAndDoNotStopTheScan) {
