@@ -94,9 +94,12 @@ int DiscoveryScan::ScanFolder(const std::string& folder, int parentId, int volId
     else if (GetFileType(entry.name) != kNotMedia)
       names.push_back(entry.name);
   }
+  // The folder is resolved to a Linux path once, for all of its new files.
+  const std::string localFolder = drives_.Files().LocalPath(folder);
   IdList seenAgain;
   for (const std::string& name : names) {
-    const int fileId = FindOrAddFile(MakeFullPath("", folder, name), pathId, volId);
+    const std::string localPath = localFolder.empty() ? "" : localFolder + name;
+    const int fileId = FindOrAddFile(MakeFullPath("", folder, name), pathId, volId, localPath);
     FileRow* file = fileId == -1 ? nullptr : index_.File(fileId);
     if (file && file->DirtyBit != 0) {
       seenAgain.push_back(fileId);
@@ -127,10 +130,11 @@ int DiscoveryScan::FindOrAddPath(const std::string& folder, int parentId, int vo
   return path.PathID;
 }
 
-int DiscoveryScan::FindOrAddFile(const std::string& fullPath, int pathId, int volId) {
+int DiscoveryScan::FindOrAddFile(const std::string& fullPath, int pathId, int volId,
+                                 const std::string& localPath) {
   const int found = index_.FindFile(pathId, GetFileNamePart(fullPath));
   if (found != -1) return found;
-  auto file = drives_.MakeFileRecord(fullPath);
+  auto file = drives_.MakeFileRecord(localPath.empty() ? fullPath : localPath);
   if (!file) return -1;
   file->VolID = volId;
   file->PathID = pathId;
