@@ -5,7 +5,7 @@
 #include <CLI/CLI.hpp>
 
 #include "app/CLibraryApp.h"
-#include "cli/ConsoleScanDialog.h"
+#include "cli/ConsoleProgressDialog.h"
 #include "platform/FolderPicker.h"
 #include "scan/ScanCommands.h"
 
@@ -20,7 +20,7 @@ class NoFolderPicker : public platform::FolderPicker {
 template <class Action>
 int RunScanCommand(CLibraryApp& app, Action action) {
   NoFolderPicker picker;
-  ConsoleScanDialog dialog(app.Platform().messages, stderr, isatty(STDERR_FILENO) == 1);
+  ConsoleProgressDialog dialog(app.Platform().messages, stderr, isatty(STDERR_FILENO) == 1);
   ScanCommands commands(app.Scanner(), app.Drives(), app.Settings(), picker, dialog);
   action(commands);
   return 0;

@@ -10,7 +10,7 @@
 #include <functional>
 #include <string>
 
-#include "cli/ConsoleScanDialog.h"
+#include "cli/ConsoleProgressDialog.h"
 #include "catalogue/Records.h"
 #include "cli/NoFolderPicker.h"
 #include "platform/MemoryListControl.h"
@@ -59,7 +59,7 @@ class ConsoleLibraryWindow : private platform::PopupMenu,
   platform::MemoryTreeControl tree_;
   platform::MemoryListControl list_;
   NoFolderPicker picker_;
-  ConsoleScanDialog scanDialog_;
+  ConsoleProgressDialog scanDialog_;
   ScanCommands scans_;
   int menuChoice_ = 0;
 };

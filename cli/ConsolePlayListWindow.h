@@ -7,7 +7,7 @@
 #include <string>
 
 #include "catalogue/MediaDB.h"
-#include "cli/ConsoleCopyDialog.h"
+#include "cli/ConsoleProgressDialog.h"
 #include "platform/MemoryListControl.h"
 #include "platform/FolderPicker.h"
 #include "platform/InputDialog.h"
@@ -49,7 +49,7 @@ class ConsolePlayListWindow : private PlayListView,
 
   CLibraryApp& app_;
   platform::MemoryListControl list_;
-  ConsoleCopyDialog copyDialog_;
+  ConsoleProgressDialog copyDialog_;
   CopyCommands copy_;
   CPlayListDlg window_;
   std::string pickedFolder_;

@@ -1,0 +1,40 @@
+#include "cli/ConsoleProgressDialog.h"
+
+#include <chrono>
+#include <thread>
+
+ConsoleProgressDialog::ConsoleProgressDialog(platform::MessageBox& messages, std::FILE* err,
+                                             bool terminal)
+    : messages_(messages), line_(err, terminal) {}
+
+template <class Dialog>
+void ConsoleProgressDialog::RunModal(Dialog& dialog, int timerId) {
+  ended_ = false;
+  dialog.OnInitDialog();
+  while (!ended_) {
+    std::this_thread::sleep_for(std::chrono::milliseconds(timerPeriodMs_));
+    dialog.OnTimer(timerId);
+  }
+  dialog.OnDestroy();
+}
+
+void ConsoleProgressDialog::RunScanDialog(CVolumeScanner& scanner) {
+  CScanDlg dialog(scanner, messages_, static_cast<ScanDialogView&>(*this));
+  RunModal(dialog, CScanDlg::kTimerId);
+}
+
+void ConsoleProgressDialog::RunCopyDialog(CopyWorker& worker, const IdList& fileIds) {
+  CCopyDlg dialog(worker, fileIds, messages_, static_cast<CopyDialogView&>(*this));
+  RunModal(dialog, CCopyDlg::kTimerId);
+}
+
+void ConsoleProgressDialog::SetStatusText(const std::string& text) { line_.SetStatus(text); }
+void ConsoleProgressDialog::SetProgressPos(int position) { line_.SetPosition(position); }
+void ConsoleProgressDialog::StartTimer(int, int periodMs) { timerPeriodMs_ = periodMs; }
+// The line ends before the closing message is printed after it.
+void ConsoleProgressDialog::StopTimer(int) { line_.Finish(); }
+
+void ConsoleProgressDialog::EndDialog(int) {
+  ended_ = true;
+  line_.Finish();
+}

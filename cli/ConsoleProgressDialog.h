@@ -1,0 +1,42 @@
+#pragma once
+// The "Scan Volume" and "Copying Files" dialogs on a terminal: the status text
+// and a progress bar on standard error while the worker runs, the timer ticked
+// by sleeping for its period.
+
+#include <cstdio>
+
+#include "cli/ConsoleProgressLine.h"
+#include "playlists/CCopyDlg.h"
+#include "scan/CScanDlg.h"
+#include "scan/ScanCommands.h"
+
+namespace platform {
+class MessageBox;
+}
+
+class ConsoleProgressDialog : public ScanDialogHost,
+                              public CopyDialogHost,
+                              private ScanDialogView,
+                              private CopyDialogView {
+ public:
+  ConsoleProgressDialog(platform::MessageBox& messages, std::FILE* err, bool terminal);
+
+  void RunScanDialog(CVolumeScanner& scanner) override;
+  void RunCopyDialog(CopyWorker& worker, const IdList& fileIds) override;
+
+ private:
+  // Both dialogs' views are the same controls.
+  void SetStatusText(const std::string& text) override;
+  void SetProgressPos(int position) override;
+  void StartTimer(int id, int periodMs) override;
+  void StopTimer(int id) override;
+  void EndDialog(int result) override;
+
+  template <class Dialog>
+  void RunModal(Dialog& dialog, int timerId);
+
+  platform::MessageBox& messages_;
+  ConsoleProgressLine line_;
+  int timerPeriodMs_ = 500;
+  bool ended_ = false;
+};
