@@ -1,10 +1,7 @@
 #include "catalogue/MediaDB.h"
 
-#include <limits>
-
 #include "catalogue/CatalogueFailure.h"
-#include "catalogue/CppSQLite3SqlText.h"
-#include "catalogue/RecordLoader.h"
+#include "catalogue/MediaDBStatements.h"
 #include "platform/FileSystem.h"
 
 namespace {
@@ -26,34 +23,6 @@ constexpr const char* kCreateTables[] = {
 // Write-ahead logging makes a commit per folder cheap while a committed
 // transaction still survives a killed process.
 constexpr const char* kJournalSettings = "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;";
-
-// The files' rows with their volumes'; LEFT JOIN keeps MediaFiles the outer
-// loop, so the rows come in the order of the plain FileID queries.
-std::string MediaListRowsWhere(const char* condition) {
-  return std::string(
-             "SELECT f.FileID,f.Title,f.id3Title,f.Artist,f.id3Artist,f.FileName,f.Rating,"
-             "f.Length,v.VolType,v.DisplayName,v.DrvLtr FROM MediaFiles f LEFT JOIN MediaVolumes v "
-             "ON v.VolID=f.VolID WHERE ") +
-         condition;
-}
-
-std::string TextAt(const CppSQLite3ResultSet& row, int column) {
-  const char* text = row.FieldText(column);
-  return text ? text : "";
-}
-
-// A NULL ParentID matches no folder's PathID, as in "ParentID=%d".
-constexpr int kNoParent = std::numeric_limits<std::int32_t>::min();
-
-void LoadRecord(const CppSQLite3ResultSet& row, PathNodeRow& path) {
-  path = {row.FieldInt(0, 0), row.FieldInt(1, kNoParent), row.FieldInt(2, 0), TextAt(row, 3)};
-}
-
-void LoadRecord(const CppSQLite3ResultSet& row, MediaListRow& file) {
-  file = {row.FieldInt(0, 0), TextAt(row, 1), TextAt(row, 2), TextAt(row, 3), TextAt(row, 4),
-          TextAt(row, 5),     row.FieldInt(6, 0), row.FieldInt(7, 0), row.FieldInt(8, 0),
-          TextAt(row, 9),     TextAt(row, 10)};
-}
 
 }  // namespace
 
@@ -112,47 +81,6 @@ std::string MediaDB::QueryFirstText(const char* sql) {
   // Read without testing for the end: no row reads as the empty text.
   const char* text = result.FieldText(0);
   return text ? text : "";
-}
-
-template <class... Values>
-int MediaDB::ExecuteChangeF(const char* format, Values... values) {
-  CppSQLite3SqlText sql;
-  return ExecuteChange(sql.Format(format, values...));
-}
-
-template <class... Values>
-int MediaDB::QueryIntF(const char* format, Values... values) {
-  CppSQLite3SqlText sql;
-  return QueryInt(sql.Format(format, values...));
-}
-
-template <class... Values>
-IdList MediaDB::QueryIdListF(const char* format, Values... values) {
-  CppSQLite3SqlText sql;
-  return QueryIdList(sql.Format(format, values...));
-}
-
-template <class Record>
-std::unique_ptr<Record> MediaDB::QueryRecord(const char* format, int id) {
-  CppSQLite3SqlText sql;
-  sql.Format(format, id);
-  CppSQLite3ResultSet result;
-  RunQuery(sql, result);
-  if (result.AtEnd()) return nullptr;
-  auto record = std::make_unique<Record>();
-  LoadRecord(result, *record);
-  return record;
-}
-
-template <class Row, class... Values>
-std::vector<Row> MediaDB::QueryRows(const char* format, Values... values) {
-  CppSQLite3SqlText sql;
-  sql.Format(format, values...);
-  CppSQLite3ResultSet result;
-  RunQuery(sql, result);
-  std::vector<Row> rows;
-  for (; !result.AtEnd(); result.NextRow()) LoadRecord(result, rows.emplace_back());
-  return rows;
 }
 
 void MediaDB::Begin() { ExecuteChange("BEGIN"); }
@@ -377,75 +305,6 @@ int MediaDB::DeletePlayList(int playListId) {
   return ExecuteChangeF("DELETE FROM PlayLists WHERE PlayListID=%d;", playListId);
 }
 
-std::vector<PathRow> MediaDB::GetVolumePathRows(int volId) {
-  CppSQLite3SqlText sql;
-  sql.Format("SELECT PathID,ParentID,FullPath,DirtyBit FROM MediaPaths WHERE VolID=%d;", volId);
-  CppSQLite3ResultSet result;
-  RunQuery(sql, result);
-  std::vector<PathRow> rows;
-  for (; !result.AtEnd(); result.NextRow()) {
-    const char* fullPath = result.FieldText(2);
-    rows.push_back({result.FieldInt(0, 0), result.FieldInt(1, 0), fullPath ? fullPath : "",
-                    result.FieldInt(3, 0)});
-  }
-  return rows;
-}
-
-std::vector<FileRow> MediaDB::GetVolumeFileRows(int volId) {
-  CppSQLite3SqlText sql;
-  sql.Format("SELECT FileID,PathID,FileName,ScanState,DirtyBit FROM MediaFiles WHERE VolID=%d;",
-             volId);
-  CppSQLite3ResultSet result;
-  RunQuery(sql, result);
-  std::vector<FileRow> rows;
-  for (; !result.AtEnd(); result.NextRow()) {
-    const char* name = result.FieldText(2);
-    rows.push_back({result.FieldInt(0, 0), result.FieldInt(1, 0), name ? name : "",
-                    result.FieldInt(3, 0), result.FieldInt(4, 0)});
-  }
-  return rows;
-}
-
-namespace {
-
-// Long id lists go in pieces, so that SQLite never has to parse one huge statement.
-constexpr std::size_t kIdsPerStatement = 1000;
-
-std::string JoinIds(const IdList& ids, std::size_t from, std::size_t count) {
-  std::string list;
-  for (std::size_t i = from; i < from + count && i < ids.size(); ++i) {
-    if (!list.empty()) list += ',';
-    list += std::to_string(static_cast<std::int32_t>(ids[i]));
-  }
-  return list;
-}
-
-}  // namespace
-
-template <class... Values>
-int MediaDB::ExecuteForIds(const char* format, const IdList& ids, Values... values) {
-  int result = 0;
-  for (std::size_t from = 0; from < ids.size(); from += kIdsPerStatement)
-    result = ExecuteChangeF(format, values..., JoinIds(ids, from, kIdsPerStatement).c_str());
-  return result;
-}
-
-int MediaDB::SetPathsDirtyBit(const IdList& pathIds, int bit) {
-  return ExecuteForIds("UPDATE MediaPaths SET DirtyBit=%d WHERE PathID IN (%s);", pathIds, bit);
-}
-
-int MediaDB::SetFilesDirtyBit(const IdList& fileIds, int bit) {
-  return ExecuteForIds("UPDATE MediaFiles SET DirtyBit=%d WHERE FileID IN (%s);", fileIds, bit);
-}
-
-int MediaDB::DeleteFiles(const IdList& fileIds) {
-  return ExecuteForIds("DELETE FROM MediaFiles WHERE FileID IN (%s);", fileIds);
-}
-
-int MediaDB::DeletePaths(const IdList& pathIds) {
-  return ExecuteForIds("DELETE FROM MediaPaths WHERE PathID IN (%s);", pathIds);
-}
-
 int MediaDB::SetConfig(int configId, const std::string& value, bool insert) {
   if (insert)
     return ExecuteChangeF("INSERT INTO Configs(ConfigID,Value) VALUES(%d,%Q);", configId,
@@ -460,30 +319,6 @@ std::string MediaDB::GetConfig(int configId) {
   RunQuery(sql, result);
   const char* value = result.FieldText("Value");
   return value ? value : "";
-}
-
-std::vector<CMediaVolume> MediaDB::GetVolumesOfType(int volType) {
-  return QueryRows<CMediaVolume>("SELECT * FROM MediaVolumes WHERE VolType=%d;", volType);
-}
-
-std::vector<PathNodeRow> MediaDB::GetPathNodeRows() {
-  return QueryRows<PathNodeRow>("SELECT PathID,ParentID,VolID,Name FROM MediaPaths;");
-}
-
-std::vector<CPlayList> MediaDB::GetPlayLists() {
-  return QueryRows<CPlayList>("SELECT * FROM PlayLists;");
-}
-
-std::vector<MediaListRow> MediaDB::GetFolderListRows(int pathId) {
-  return QueryRows<MediaListRow>(MediaListRowsWhere("f.PathID=%d;").c_str(), pathId);
-}
-
-std::vector<MediaListRow> MediaDB::SearchListRows(const std::string& text) {
-  const char* t = text.c_str();
-  const std::string format = MediaListRowsWhere(
-      "f.FileName LIKE '%%%q%%' OR f.Title LIKE '%%%q%%' OR f.Artist LIKE '%%%q%%' OR "
-      "f.id3Title LIKE '%%%q%%' OR f.id3Artist LIKE '%%%q%%';");
-  return QueryRows<MediaListRow>(format.c_str(), t, t, t, t, t);
 }
 
 void MediaDB::ObserveStatements(std::function<void(const char*)> observer) {

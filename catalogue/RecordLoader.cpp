@@ -1,5 +1,7 @@
 #include "catalogue/RecordLoader.h"
 
+#include <limits>
+
 namespace {
 
 int Int(const CppSQLite3ResultSet& row, const char* column) { return row.FieldInt(column, 0); }
@@ -57,4 +59,26 @@ void LoadRecord(const CppSQLite3ResultSet& row, CPlayList& playList) {
   playList.PlayListID = Int(row, "PlayListID");
   playList.Name = Text(row, "Name");
   playList.FileIDs = Text(row, "FileIDs");
+}
+
+namespace {
+
+std::string TextAt(const CppSQLite3ResultSet& row, int column) {
+  const char* text = row.FieldText(column);
+  return text ? text : "";
+}
+
+// A NULL ParentID matches no folder's PathID, as in "ParentID=%d".
+constexpr int kNoParent = std::numeric_limits<std::int32_t>::min();
+
+}  // namespace
+
+void LoadRecord(const CppSQLite3ResultSet& row, PathNodeRow& path) {
+  path = {row.FieldInt(0, 0), row.FieldInt(1, kNoParent), row.FieldInt(2, 0), TextAt(row, 3)};
+}
+
+void LoadRecord(const CppSQLite3ResultSet& row, MediaListRow& file) {
+  file = {row.FieldInt(0, 0), TextAt(row, 1), TextAt(row, 2), TextAt(row, 3), TextAt(row, 4),
+          TextAt(row, 5),     row.FieldInt(6, 0), row.FieldInt(7, 0), row.FieldInt(8, 0),
+          TextAt(row, 9),     TextAt(row, 10)};
 }

@@ -10,3 +10,6 @@ void LoadRecord(const CppSQLite3ResultSet& row, CMediaFile& file);
 void LoadRecord(const CppSQLite3ResultSet& row, CMediaPath& path);
 void LoadRecord(const CppSQLite3ResultSet& row, CMediaVolume& volume);
 void LoadRecord(const CppSQLite3ResultSet& row, CPlayList& playList);
+// The rows the tree and the list read many at a time.
+void LoadRecord(const CppSQLite3ResultSet& row, PathNodeRow& path);
+void LoadRecord(const CppSQLite3ResultSet& row, MediaListRow& file);

@@ -89,3 +89,27 @@ struct FileRow {
   std::int32_t ScanState = 0;
   std::int32_t DirtyBit = 0;
 };
+
+// What the library tree shows of a folder.
+struct PathNodeRow {
+  std::int32_t PathID = 0;
+  std::int32_t ParentID = 0;
+  std::int32_t VolID = 0;
+  std::string Name;
+};
+
+// What the media list shows of a file: its own columns and its volume's. A
+// file whose volume row is missing has VolType 0 and empty volume texts.
+struct MediaListRow {
+  std::int32_t FileID = 0;
+  std::string Title;
+  std::string id3Title;
+  std::string Artist;
+  std::string id3Artist;
+  std::string FileName;
+  std::int32_t Rating = 0;
+  std::int32_t Length = 0;
+  std::int32_t VolType = 0;
+  std::string DisplayName;
+  std::string DrvLtr;
+};
