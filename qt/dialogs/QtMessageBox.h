@@ -1,0 +1,36 @@
+#pragma once
+// Message boxes as QMessageBox. Show may be called from any thread: on the
+// user-interface thread the box runs at once; from a worker it runs on the
+// user-interface thread and the worker waits for the answer, so that thread
+// must keep its event loop turning meanwhile (never block it on the worker).
+// Construct and set the parent on the user-interface thread.
+
+#include <QPointer>
+#include <QWidget>
+
+#include "platform/MessageBox.h"
+
+class QMessageBox;
+
+class QtMessageBox : public platform::MessageBox {
+ public:
+  static constexpr const char* kCaption = "Tandrelo Vantrelle";
+
+  explicit QtMessageBox(QWidget* parent = nullptr);
+
+  // The window the boxes belong to; may go away before this object.
+  void SetParent(QWidget* parent);
+
+  platform::Answer Show(const std::string& text, platform::Buttons buttons,
+                        platform::Icon icon) override;
+
+  // Gives a box the text, buttons, icon and caption used here.
+  static void Prepare(QMessageBox& box, const std::string& text, platform::Buttons buttons,
+                      platform::Icon icon);
+
+ private:
+  platform::Answer ShowHere(const std::string& text, platform::Buttons buttons,
+                            platform::Icon icon);
+
+  QPointer<QWidget> parent_;
+};

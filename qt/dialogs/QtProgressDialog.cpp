@@ -1,0 +1,113 @@
+#include "qt/dialogs/QtProgressDialog.h"
+
+#include <QEventLoop>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "qt/dialogs/QtDialogParts.h"
+#include "qt/dialogs/QtDialogUnits.h"
+#include "qt/dialogs/QtText.h"
+
+// The template: 224 x 62 dialog units; the status line 210 x 14 at the top,
+// the bar 205 x 10 under it, the 50 x 14 "Cancel" centred at the bottom.
+QtProgressDialog::QtProgressDialog(const char* caption, QWidget* parent)
+    : QDialog(parent),
+      status_(new QLabel(this)),
+      bar_(new QProgressBar(this)),
+      cancel_(MakeButton(*this, QStringLiteral("Cancel"), 50, 14)),
+      ticks_(new QTimer(this)),
+      waiting_(new QTimer(this)) {
+  setWindowTitle(QString::fromLatin1(caption));
+  status_->setAlignment(Qt::AlignCenter);
+  // Long paths are elided rather than widening the dialog.
+  status_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  status_->setMinimumHeight(DialogUnitsY(*this, 14));
+  bar_->setRange(0, 100);
+  bar_->setValue(0);
+  bar_->setTextVisible(false);
+  bar_->setFixedHeight(DialogUnitsY(*this, 10));
+  connect(cancel_, &QPushButton::clicked, this, &QtProgressDialog::reject);
+  connect(ticks_, &QTimer::timeout, this, [this] {
+    if (hooks_.tick) hooks_.tick(timerId_);
+  });
+  connect(waiting_, &QTimer::timeout, this, [this] {
+    if (hooks_.workerBusy()) return;
+    waiting_->stop();
+    done(result());
+  });
+
+  auto* column = new QVBoxLayout(this);
+  SetMarginsDu(*column, *this, 7, 7);
+  column->setSpacing(DialogUnitsY(*this, 5));
+  column->addWidget(status_);
+  column->addWidget(bar_);
+  column->addLayout(CentredRow(*this, {cancel_}, 0));
+  setFixedSize(DialogUnits(*this, 224, 62).expandedTo(sizeHint()));
+}
+
+int QtProgressDialog::Run(Hooks hooks) {
+  hooks_ = std::move(hooks);
+  cancel_->setEnabled(true);
+  hooks_.start();
+  const int result = exec();
+  // The run may have ended without the logic (its parent closing, say): the
+  // worker is still stopped and waited for.
+  hooks_.stopWorker();
+  WaitForWorker();
+  hooks_.finish();
+  StopTicking();
+  waiting_->stop();
+  hooks_ = {};
+  return result;
+}
+
+void QtProgressDialog::SetStatus(const std::string& text) {
+  const QString full = ToQString(text);
+  status_->setToolTip(full);
+  const int width = status_->isVisible() ? status_->width() : DialogUnitsX(*this, 210);
+  status_->setText(status_->fontMetrics().elidedText(full, Qt::ElideMiddle, width));
+}
+
+void QtProgressDialog::SetPosition(int position) { bar_->setValue(position); }
+
+void QtProgressDialog::StartTicking(int timerId, int periodMs) {
+  timerId_ = timerId;
+  ticks_->start(periodMs);
+}
+
+void QtProgressDialog::StopTicking() { ticks_->stop(); }
+
+void QtProgressDialog::End(int result) {
+  cancel_->setEnabled(false);
+  if (!hooks_.workerBusy || !hooks_.workerBusy()) {
+    done(result);
+    return;
+  }
+  // The window stays, as the logic's own wait would keep it, but the event
+  // loop keeps turning.
+  hooks_.stopWorker();
+  setResult(result);
+  waiting_->start(kWaitPollMs);
+}
+
+void QtProgressDialog::reject() {
+  if (hooks_.cancel)
+    hooks_.cancel();
+  else
+    QDialog::reject();
+}
+
+void QtProgressDialog::WaitForWorker() {
+  if (!hooks_.workerBusy()) return;
+  QEventLoop loop;
+  QTimer poll;
+  connect(&poll, &QTimer::timeout, &loop, [&] {
+    if (!hooks_.workerBusy()) loop.quit();
+  });
+  poll.start(kWaitPollMs);
+  // Input waits until the worker is gone; the worker's boxes open their own loops.
+  loop.exec(QEventLoop::ExcludeUserInputEvents);
+}

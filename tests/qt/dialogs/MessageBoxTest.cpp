@@ -1,0 +1,74 @@
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QTest>
+#include <atomic>
+#include <thread>
+
+#include "qt/dialogs/QtFolderPicker.h"
+#include "qt/dialogs/QtMessageBox.h"
+#include "tests/qt/dialogs/WhenShown.h"
+#include "tests/support/TempFolder.h"
+
+namespace {
+
+using platform::Answer;
+using platform::Buttons;
+using platform::Icon;
+
+TEST(QtMessageBox, AWorkersQuestionIsShownAndAnsweredOnTheUserInterfaceThread) {
+  QtMessageBox messages;
+  WhenShown<QMessageBox>([](QMessageBox& box) {
+    EXPECT_EQ(box.text(), "Please insert 'Jazz' into drive E:");
+    EXPECT_EQ(box.icon(), QMessageBox::Information);
+    EXPECT_EQ(box.standardButtons(), QMessageBox::Ok | QMessageBox::Cancel);
+    QTest::mouseClick(box.button(QMessageBox::Cancel), Qt::LeftButton);
+  });
+  std::atomic<bool> answered{false};
+  Answer answer = Answer::Ok;
+  std::thread worker([&] {
+    answer = messages.Show("Please insert 'Jazz' into drive E:", Buttons::OkCancel, Icon::Information);
+    answered = true;
+  });
+  const bool done = QTest::qWaitFor([&] { return answered.load(); }, 10000);
+  worker.join();
+  ASSERT_TRUE(done);
+  EXPECT_EQ(answer, Answer::Cancel);
+}
+
+TEST(QtMessageBox, RetryAndOkBoxesOnTheUserInterfaceThread) {
+  QtMessageBox messages;
+  WhenShown<QMessageBox>([](QMessageBox& box) {
+    EXPECT_EQ(box.standardButtons(), QMessageBox::Retry | QMessageBox::Cancel);
+    QTest::mouseClick(box.button(QMessageBox::Retry), Qt::LeftButton);
+  });
+  EXPECT_EQ(messages.Show("Please Insert CD into drive E:", Buttons::RetryCancel, Icon::Information),
+            Answer::Retry);
+  WhenShown<QMessageBox>([](QMessageBox& box) {
+    EXPECT_EQ(box.icon(), QMessageBox::Critical);
+    QTest::keyClick(&box, Qt::Key_Escape);
+  });
+  EXPECT_EQ(messages.Show("Failed.", Buttons::Ok, Icon::Error), Answer::Ok);
+}
+
+TEST(QtFolderPicker, StartsWhereAskedAndGivesTheChosenFolderOrCancel) {
+  testing_support::TempFolder temp;
+  const std::string music = temp.MakeFolder("Music");
+  QtFolderPicker picker;
+  std::string chosen;
+  WhenShown<QFileDialog>([&](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Select Folder");
+    EXPECT_EQ(dialog.directory(), QDir(QString::fromStdString(temp.Path())));
+    dialog.selectFile(QString::fromStdString(music));
+    static_cast<QDialog&>(dialog).accept();  // QFileDialog hides its own
+  });
+  EXPECT_EQ(picker.Browse("Select Folder", temp.Path(), chosen), platform::FolderPicker::kChosen);
+  EXPECT_EQ(chosen, music);
+
+  WhenShown<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+  EXPECT_EQ(picker.Browse("Select Folder", "", chosen), platform::FolderPicker::kCancelled);
+}
+
+}  // namespace

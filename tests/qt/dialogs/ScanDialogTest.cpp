@@ -1,0 +1,62 @@
+#include <gtest/gtest.h>
+
+#include <QLabel>
+#include <QMessageBox>
+#include <QTest>
+#include <optional>
+
+#include "qt/dialogs/QtMessageBox.h"
+#include "qt/dialogs/QtScanDialog.h"
+#include "qt/dialogs/QtScanDialogHost.h"
+#include "tests/qt/dialogs/WhenShown.h"
+#include "tests/scan/ScanFixture.h"
+
+namespace {
+
+class QtScanDialogTest : public ScanTest {
+ protected:
+  QtScanDialogTest() : host(messages) { Put("c/Music/a.mp3", "id3v1.mp3"); }
+
+  void ScanMusic() {
+    scanner.Prepare(3, "C:\\Music\\");
+    host.RunScanDialog(scanner);
+  }
+
+  QtScanDialogHost host;
+};
+
+TEST_F(QtScanDialogTest, ARealScanShowsItsLastFileAndEndsWithScanComplete) {
+  QString statusAtEnd;
+  messages.OnShow([&](const testing_support::ShownMessage&) {
+    if (auto* dialog = VisibleWindow<QtScanDialog>()) statusAtEnd = dialog->findChild<QLabel*>()->text();
+  });
+  ScanMusic();
+  EXPECT_EQ(messages.Texts(), std::vector<std::string>{"Scan Complete."});
+  EXPECT_EQ(statusAtEnd, "a.mp3");
+  EXPECT_EQ(CataloguedFiles().size(), 1u);
+}
+
+TEST_F(QtScanDialogTest, CancelKeepsTheDialogUpUntilTheWorkerEndsAndItsBoxesAreAnswered) {
+  QtMessageBox workerBoxes;
+  std::atomic<bool> reading{false};
+  std::optional<platform::Answer> workerAnswer;
+  reader.beforeRead = [&](const std::string&) {
+    reading = true;
+    while (!scanner.Progress().cancel) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    workerAnswer = workerBoxes.Show("Go on?", platform::Buttons::OkCancel, platform::Icon::Warning);
+  };
+  WhenShown<QtScanDialog>([&](QtScanDialog& dialog) {
+    ASSERT_TRUE(QTest::qWaitFor([&] { return reading.load(); }, 10000));
+    QTest::mouseClick(ButtonSaying(dialog, "Cancel"), Qt::LeftButton);
+    WhenShown<QMessageBox>([&dialog](QMessageBox& box) {
+      EXPECT_TRUE(dialog.isVisible());  // still up while the worker waits for the answer
+      QTest::mouseClick(box.button(QMessageBox::Ok), Qt::LeftButton);
+    });
+  });
+  ScanMusic();
+  EXPECT_EQ(workerAnswer, platform::Answer::Ok);
+  EXPECT_TRUE(messages.Texts().empty());  // no "Scan Complete." after Cancel
+  EXPECT_TRUE(scanner.Progress().done);
+}
+
+}  // namespace
