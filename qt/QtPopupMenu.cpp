@@ -1,0 +1,17 @@
+#include "qt/QtPopupMenu.h"
+
+#include <QCursor>
+#include <QMenu>
+
+int TrackPopupAtCursor(QWidget* parent, const std::vector<std::pair<int, const char*>>& entries) {
+  QMenu menu(parent);
+  for (const auto& [command, text] : entries) menu.addAction(QString::fromUtf8(text))->setData(command);
+  const QAction* chosen = menu.exec(QCursor::pos());
+  return chosen ? chosen->data().toInt() : 0;
+}
+
+int QtPopupMenu::Track(std::span<const platform::MenuEntry> entries) {
+  std::vector<std::pair<int, const char*>> items;
+  for (const platform::MenuEntry& entry : entries) items.emplace_back(entry.command, entry.text);
+  return TrackPopupAtCursor(parent_, items);
+}

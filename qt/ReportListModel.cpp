@@ -1,0 +1,76 @@
+#include "qt/ReportListModel.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "qt/dialogs/QtText.h"
+
+void ReportListModel::InsertColumn(int column, const std::string& heading) {
+  Flush();
+  const int at = std::clamp(column, 0, columnCount());
+  beginInsertColumns({}, at, at);
+  headings_.insert(headings_.begin() + at, heading);
+  for (Row& row : rows_) row.texts.insert(row.texts.begin() + at, std::string());
+  endInsertColumns();
+}
+
+int ReportListModel::AppendRow(std::vector<std::string> texts, std::uint32_t value) {
+  texts.resize(headings_.size());
+  appended_.push_back(Row{std::move(texts), value});
+  if (!flushQueued_) {
+    flushQueued_ = true;
+    QMetaObject::invokeMethod(this, &ReportListModel::Flush, Qt::QueuedConnection);
+  }
+  return static_cast<int>(rows_.size() + appended_.size()) - 1;
+}
+
+void ReportListModel::Flush() {
+  flushQueued_ = false;
+  if (appended_.empty()) return;
+  const int first = rowCount();
+  beginInsertRows({}, first, first + static_cast<int>(appended_.size()) - 1);
+  std::move(appended_.begin(), appended_.end(), std::back_inserter(rows_));
+  appended_.clear();
+  endInsertRows();
+}
+
+void ReportListModel::RemoveRow(int row) {
+  Flush();
+  beginRemoveRows({}, row, row);
+  rows_.erase(rows_.begin() + row);
+  endRemoveRows();
+}
+
+void ReportListModel::RemoveAllRows() {
+  appended_.clear();
+  if (rows_.empty()) return;
+  beginResetModel();
+  rows_.clear();
+  endResetModel();
+}
+
+const std::string& ReportListModel::Text(int row, int column) const {
+  return rows_.at(static_cast<std::size_t>(row)).texts.at(static_cast<std::size_t>(column));
+}
+
+int ReportListModel::rowCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+int ReportListModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : static_cast<int>(headings_.size());
+}
+
+QVariant ReportListModel::data(const QModelIndex& index, int role) const {
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
+    return {};
+  if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
+  return ToQString(Text(index.row(), index.column()));
+}
+
+QVariant ReportListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 ||
+      section >= columnCount())
+    return {};
+  return ToQString(headings_[static_cast<std::size_t>(section)]);
+}

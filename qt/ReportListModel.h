@@ -1,0 +1,45 @@
+#pragma once
+// The rows of a report-view list: column headings, and rows of texts (one per
+// column) that each carry an item value. Texts are kept as the logic gave
+// them and shown through ToQString. Rows are only appended or removed; the
+// model never sorts. Appended rows reach the views in one batch when the
+// event loop next turns, or at the next Flush, so that a fill of many rows
+// costs the views one insertion. User-interface thread only.
+
+#include <QAbstractTableModel>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+class ReportListModel final : public QAbstractTableModel {
+ public:
+  using QAbstractTableModel::QAbstractTableModel;
+
+  void InsertColumn(int column, const std::string& heading);
+  // Texts beyond the columns are dropped and missing ones are empty. Returns
+  // the row's number once it is shown.
+  int AppendRow(std::vector<std::string> texts, std::uint32_t value);
+  // Shows the rows appended since the last flush. The calls below need the
+  // rows they name shown.
+  void Flush();
+  void RemoveRow(int row);
+  void RemoveAllRows();
+
+  std::uint32_t Value(int row) const { return rows_.at(static_cast<std::size_t>(row)).value; }
+  const std::string& Text(int row, int column) const;
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+ private:
+  struct Row {
+    std::vector<std::string> texts;
+    std::uint32_t value = 0;
+  };
+  std::vector<std::string> headings_;
+  std::vector<Row> rows_;
+  std::vector<Row> appended_;  // not shown yet
+  bool flushQueued_ = false;
+};
