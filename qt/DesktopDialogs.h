@@ -1,0 +1,30 @@
+#pragma once
+// The dialogs and pickers that the windows open, handed in by the program
+// (the Qt dialogs) or by a test (scripted where a person would answer).
+// All must outlive the windows that use them.
+
+#include <functional>
+
+class CopyDialogHost;
+class FileInfoView;
+class OptionsView;
+class QWidget;
+class ScanDialogHost;
+class VolumeInfoView;
+
+namespace platform {
+class FolderPicker;
+class InputDialog;
+}  // namespace platform
+
+struct DesktopDialogs {
+  platform::FolderPicker& picker;
+  platform::InputDialog& input;
+  FileInfoView& fileInfo;
+  VolumeInfoView& volumeInfo;
+  OptionsView& options;
+  ScanDialogHost& scans;
+  CopyDialogHost& copies;
+  // Shows the About box modally over the window.
+  std::function<void(QWidget* over)> about;
+};

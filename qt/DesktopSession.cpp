@@ -1,0 +1,97 @@
+#include "qt/DesktopSession.h"
+
+#include <QApplication>
+#include <memory>
+
+#include "app/CLibraryApp.h"
+#include "catalogue/CppSQLite3Exception.h"
+#include "platform/LinuxDriveTable.h"
+#include "platform/LinuxFileSystem.h"
+#include "platform/ProgramFolder.h"
+#include "platform/mci/GstMediaControl.h"
+#include "playback/DeferredMediaControl.h"
+#include "qt/MainWindow.h"
+#include "qt/dialogs/QtAboutBox.h"
+#include "qt/dialogs/QtCopyDialogHost.h"
+#include "qt/dialogs/QtFileInfoDialog.h"
+#include "qt/dialogs/QtFolderPicker.h"
+#include "qt/dialogs/QtInputDialog.h"
+#include "qt/dialogs/QtMessageBox.h"
+#include "qt/dialogs/QtOptionsDialog.h"
+#include "qt/dialogs/QtScanDialogHost.h"
+#include "qt/dialogs/QtVolumeInfoDialog.h"
+
+namespace {
+
+constexpr int kDone = 0;
+constexpr int kCatalogueFailed = 1;
+
+// The dialogs of the run. They have no parent window: the main window
+// needs them before it exists, and modal dialogs block every window anyway.
+struct QtDialogs {
+  explicit QtDialogs(platform::MessageBox& messages) : scans(messages), copies(messages) {}
+
+  DesktopDialogs Services() {
+    return {picker, input, fileInfo, volumeInfo, options, scans, copies, ShowAboutBox};
+  }
+  void SetParent(QWidget* window) {
+    picker.SetParent(window);
+    scans.SetParent(window);
+    copies.SetParent(window);
+  }
+
+  QtFolderPicker picker;
+  QtInputDialog input;
+  QtFileInfoDialog fileInfo;
+  QtVolumeInfoDialog volumeInfo;
+  QtOptionsDialog options;
+  QtScanDialogHost scans;
+  QtCopyDialogHost copies;
+};
+
+// The main window from start-up to its close; a refused catalogue closes
+// it right after start-up. Either way the close puts the geometry into the
+// settings.
+void RunMainWindow(CLibraryApp& app, QtMessageBox& messages, bool refused) {
+  QtDialogs dialogs(messages);
+  MainWindow window(app, dialogs.Services());
+  messages.SetParent(&window);
+  dialogs.SetParent(&window);
+  window.onClosed = [] { QCoreApplication::quit(); };
+  window.Start();
+  if (refused) {
+    window.close();
+    return;
+  }
+  window.show();
+  QApplication::exec();
+}
+
+}  // namespace
+
+int RunDesktop() {
+  const std::string programFolder = platform::ProgramFolder();
+  platform::LinuxDriveTable::CreateDefaultIfMissing(programFolder);
+  platform::LinuxDriveTable drives(programFolder);
+  platform::LinuxFileSystem files(drives);
+  QtMessageBox messages;
+  // GStreamer starts when something is first played.
+  DeferredMediaControl media([&files] {
+    return std::make_unique<platform::mci::GstMediaControl>(platform::mci::AudioOutput::System,
+                                                            files);
+  });
+  CLibraryApp app(programFolder, PlatformServices{drives, files, messages, media});
+
+  CLibraryApp::StartResult started{};
+  try {
+    started = app.Start();
+  } catch (const CppSQLite3Exception& failure) {
+    messages.Show(std::string("Cannot open the catalogue: ") + failure.Message(), platform::Buttons::Ok,
+                  platform::Icon::Error);
+    return kCatalogueFailed;
+  }
+  RunMainWindow(app, messages, started == CLibraryApp::StartResult::Refused);
+  messages.SetParent(nullptr);
+  app.Exit();
+  return kDone;
+}

@@ -1,0 +1,279 @@
+#include "qt/MainWindow.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <algorithm>
+#include <cmath>
+
+#include "app/CLibraryApp.h"
+#include "playlists/CopyCommands.h"
+#include "qt/dialogs/QtText.h"
+#include "qt/PlayListWindow.h"
+#include "qt/PlaybackIcons.h"
+#include "qt/QtListControl.h"
+#include "qt/QtPopupMenu.h"
+#include "qt/QtTreeControl.h"
+#include "qt/WindowGeometry.h"
+#include "scan/ScanCommands.h"
+#include "ui/CMainDlg.h"
+
+namespace {
+
+// Where the controls of the row above the panes lie, in dialog units of the
+// window's font (a quarter of its average character width across, an eighth
+// of its height down).
+struct DialogRect {
+  int x, y, width, height;
+};
+
+constexpr DialogRect kFindLabel{144, 5, 15, 8};
+constexpr DialogRect kRowEnd{0, 0, 4, 0};  // room right of the last button
+constexpr int kMinimumHeight = 120;
+
+DialogRect PlaceOf(int command) {
+  switch (command) {
+    case CMainDlg::kAddCd: return {2, 2, 32, 12};
+    case CMainDlg::kAddHd: return {35, 2, 32, 12};
+    case CMainDlg::kTogglePlayList: return {83, 2, 16, 12};
+    case CMainDlg::kOptions: return {100, 2, 16, 12};
+    case CMainDlg::kAbout: return {117, 2, 16, 12};
+    case CMainDlg::kFindField: return {161, 2, 103, 12};
+    case CMainDlg::kGo: return {266, 2, 14, 12};
+    case CMainDlg::kPlay: return {297, 2, 16, 12};
+    case CMainDlg::kStop: return {315, 2, 16, 12};
+    default: return {333, 2, 16, 12};  // kSkipForward
+  }
+}
+
+// The panes start 30 pixels down (CMainDlg's layout): the row stays above.
+constexpr double kRowBottom = 28.0;
+constexpr double kRowDialogUnits = 14.0;
+
+QRect ToPixels(const DialogRect& place, const QFontMetrics& metrics) {
+  const double across = metrics.horizontalAdvance(
+                            QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz")) /
+                        52.0 / 4.0;
+  const double down = std::min(metrics.height() / 8.0, kRowBottom / kRowDialogUnits);
+  return {static_cast<int>(std::lround(place.x * across)), static_cast<int>(std::lround(place.y * down)),
+          static_cast<int>(std::lround(place.width * across)),
+          static_cast<int>(std::lround(place.height * down))};
+}
+
+KeyCode KeyOf(const QKeyEvent& event) {
+  switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return KeyCode::Enter;
+    case Qt::Key_Escape: return KeyCode::Escape;
+    case Qt::Key_Control: return KeyCode::Control;
+    case Qt::Key_Delete: return KeyCode::Delete;
+    case Qt::Key_A: return KeyCode::A;
+    default: return KeyCode::Other;
+  }
+}
+
+}  // namespace
+
+MainWindow::MainWindow(CLibraryApp& app, const DesktopDialogs& dialogs)
+    : dialogs_(dialogs),
+      menu_(std::make_unique<QtPopupMenu>(this)),
+      scans_(std::make_unique<ScanCommands>(app.Scanner(), app.Drives(), app.Settings(),
+                                            dialogs.picker, dialogs.scans)),
+      copy_(std::make_unique<CopyCommands>(app.PlayList(), app.Db(), app.Drives(), app.Settings(),
+                                           dialogs.copies)),
+      playListWindow_(std::make_unique<PlayListWindow>()) {
+  setWindowTitle(QString::fromUtf8(CLibraryApp::kTitle));
+  setMouseTracking(true);  // the sizing arrow over the splitter band
+  installEventFilter(this);
+  CreateControls();
+  const MainWindowParts parts{
+      app.Tree(),
+      app.List(),
+      {*tree_, *menu_, dialogs.volumeInfo, *scans_},
+      {*list_, *menu_, dialogs.fileInfo},
+      *scans_,
+      app.Playback(),
+      app.Settings(),
+      app.Drives(),
+      dialogs.picker,
+      dialogs.options,
+      {app.PlayList(), app.Playback(), *copy_, app.Settings(), app.Drives(), dialogs.picker,
+       dialogs.input},
+      *playListWindow_,
+  };
+  MainWindowView& view = *this;
+  logic_ = std::make_unique<CMainDlg>(parts, view);
+  playListWindow_->Attach(logic_->PlayListWindow());
+  playListWindow_->setAttribute(Qt::WA_QuitOnClose, false);
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::CreateControls() {
+  for (const MainControl& control : CMainDlg::kControls) {
+    QWidget* widget = nullptr;
+    if (control.id == CMainDlg::kFindField) {
+      findField_ = new QLineEdit(this);
+      widget = findField_;
+    } else {
+      auto* button = new QPushButton(QString::fromUtf8(control.label), this);
+      if (!PlaybackIcon(control.label).isNull()) ShowPicture(*button, control.label);
+      const int command = control.id;
+      connect(button, &QPushButton::clicked, this, [this, command] { logic_->OnCommand(command); });
+      button->setCursor(Qt::ArrowCursor);
+      widget = button;
+    }
+    widget->installEventFilter(this);
+    controls_[control.id] = widget;
+  }
+  auto* label = new QLabel(QStringLiteral("Find:"), this);
+  label->setCursor(Qt::ArrowCursor);
+  findLabel_ = label;
+  PlaceButtonRow();
+
+  tree_ = new QtTreeControl(this);
+  list_ = new QtListControl(this);
+  for (QWidget* pane : {static_cast<QWidget*>(tree_), static_cast<QWidget*>(list_)}) {
+    pane->setCursor(Qt::ArrowCursor);
+    pane->installEventFilter(this);
+  }
+  tree_->onSelectionChanged = [this](platform::TreeItem node) { logic_->OnTreeSelectionChanged(node); };
+  tree_->onContextMenu = [this](platform::TreeItem hit) { logic_->OnTreeContextMenu(hit); };
+  list_->onContextMenu = [this] { logic_->OnListContextMenu(); };
+  list_->onDoubleClick = [this] { logic_->OnListDoubleClick(); };
+}
+
+// The window is never narrower than the row, so that every button stays in
+// reach whatever the desktop's font.
+void MainWindow::PlaceButtonRow() {
+  const QFontMetrics metrics = fontMetrics();
+  int rowRight = 0;
+  for (const auto& [command, widget] : controls_) {
+    widget->setGeometry(ToPixels(PlaceOf(command), metrics));
+    rowRight = std::max(rowRight, widget->geometry().right());
+  }
+  findLabel_->setGeometry(ToPixels(kFindLabel, metrics));
+  setMinimumSize(rowRight + ToPixels(kRowEnd, metrics).width(), kMinimumHeight);
+}
+
+void MainWindow::Start() { logic_->OnInitDialog(); }
+
+QPushButton* MainWindow::Button(int command) const {
+  const auto found = controls_.find(command);
+  return found == controls_.end() ? nullptr : qobject_cast<QPushButton*>(found->second);
+}
+
+int MainWindow::Splitter() const { return logic_->Splitter(); }
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (!logic_) return false;
+  switch (event->type()) {
+    case QEvent::MouseMove:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease: return watched == this && RouteMouse(*event);
+    // A key the child did not take travels on to this window: it was seen.
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease: return watched != this && RouteKey(watched, *event);
+    default: return false;
+  }
+}
+
+bool MainWindow::RouteMouse(QEvent& event) {
+  const auto& mouse = static_cast<const QMouseEvent&>(event);
+  const QPoint at = mouse.position().toPoint();
+  WindowMessage message;
+  message.x = at.x();
+  message.y = at.y();
+  // While captured every message is the window's own, as under a capture.
+  const bool ownSurface = QWidget::mouseGrabber() == this || childAt(at) == nullptr;
+  message.target = ownSurface ? MessageTarget::Window : MessageTarget::OtherChild;
+  const bool left = mouse.button() == Qt::LeftButton;
+  if (event.type() == QEvent::MouseMove) {
+    message.kind = MessageKind::MouseMove;
+    // The platform's default cursor comes back unless a drag keeps the arrow.
+    if (!logic_->OnSetCursor()) unsetCursor();
+  } else if (event.type() == QEvent::MouseButtonPress) {
+    message.kind = left ? MessageKind::LeftButtonDown : MessageKind::Other;
+  } else {
+    message.kind = left ? MessageKind::LeftButtonUp : MessageKind::Other;
+  }
+  return logic_->PreTranslateMessage(message);
+}
+
+bool MainWindow::RouteKey(QObject* watched, QEvent& event) {
+  const auto& key = static_cast<const QKeyEvent&>(event);
+  if (event.type() == QEvent::KeyRelease && key.isAutoRepeat()) return false;
+  WindowMessage message;
+  message.kind = event.type() == QEvent::KeyPress ? MessageKind::KeyDown : MessageKind::KeyUp;
+  message.key = KeyOf(key);
+  message.target = watched == findField_ ? MessageTarget::FindField
+                   : watched == tree_    ? MessageTarget::Tree
+                   : watched == list_    ? MessageTarget::List
+                                         : MessageTarget::OtherChild;
+  return logic_->PreTranslateMessage(message);
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (logic_) logic_->OnSize(width(), height());
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  QWidget::closeEvent(event);
+  if (closed_) return;
+  closed_ = true;
+  logic_->OnDestroy();
+  playListWindow_->hide();
+  if (onClosed) onClosed();
+}
+
+void MainWindow::AttachToolTips(std::span<const MainControl> controls) {
+  for (const MainControl& control : controls) {
+    const auto found = controls_.find(control.id);
+    if (found != controls_.end()) found->second->setToolTip(QString::fromUtf8(control.toolTip));
+  }
+}
+
+void MainWindow::MoveWindow(int left, int top, int width, int height) {
+  MoveTopLevel(*this, left, top, width, height);
+}
+
+Rect MainWindow::OuterRect() const { return TopLevelRect(*this); }
+
+Rect MainWindow::ClientRect() const { return {0, 0, width(), height()}; }
+
+void MainWindow::MoveTree(int x, int y, int width, int height) {
+  tree_->setGeometry(x, y, std::max(width, 0), std::max(height, 0));
+}
+
+void MainWindow::MoveList(int x, int y, int width, int height) {
+  list_->setGeometry(x, y, std::max(width, 0), std::max(height, 0));
+}
+
+void MainWindow::SetSizingCursor() { setCursor(Qt::SizeHorCursor); }
+
+void MainWindow::CaptureMouse() { grabMouse(); }
+
+void MainWindow::ReleaseMouse() { releaseMouse(); }
+
+std::string MainWindow::FindText() const { return ToStdString(findField_->text()); }
+
+void MainWindow::SetFindText(const std::string& text) { findField_->setText(ToQString(text)); }
+
+void MainWindow::ShowAbout() {
+  if (dialogs_.about) dialogs_.about(this);
+}
+
+bool MainWindow::IsPlayListVisible() const { return playListWindow_->isVisible(); }
+
+void MainWindow::ShowPlayList(bool show) { playListWindow_->setVisible(show); }
+
+void MainWindow::MovePlayList(int left, int top, int width, int height) {
+  MoveTopLevel(*playListWindow_, left, top, width, height);
+}
+
+Rect MainWindow::PlayListRect() const { return TopLevelRect(*playListWindow_); }

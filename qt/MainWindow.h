@@ -1,0 +1,90 @@
+#pragma once
+// The main window ("Tandrelo Vantrelle v1.4"): the row of buttons with the
+// Find field, the library tree and the media list side by side with the
+// splitter band between them, and the play list window that it owns. It is
+// the face of CMainDlg: it draws what the logic asks for and routes every
+// button, menu request and double-click to it; mouse messages on its own
+// surface and key messages to its children pass through the logic's message
+// pre-filter first. User-interface thread only.
+
+#include <QWidget>
+#include <functional>
+#include <map>
+#include <memory>
+
+#include "qt/DesktopDialogs.h"
+#include "ui/MainWindowView.h"
+
+class CLibraryApp;
+class CMainDlg;
+class CopyCommands;
+class PlayListWindow;
+class QLineEdit;
+class QPushButton;
+class QtListControl;
+class QtPopupMenu;
+class QtTreeControl;
+class ScanCommands;
+
+class MainWindow final : public QWidget, private MainWindowView {
+ public:
+  // app must be started and outlive the window.
+  MainWindow(CLibraryApp& app, const DesktopDialogs& dialogs);
+  ~MainWindow() override;
+
+  // The window's start-up: tool tips, the panes' controls, the play list
+  // window shown, the stored geometry restored, the tree built. Then show().
+  void Start();
+  // Called once, when the window has closed and put the geometry of both
+  // windows into the settings (the program then saves them and ends).
+  std::function<void()> onClosed;
+
+  QtTreeControl& Tree() const { return *tree_; }
+  QtListControl& List() const { return *list_; }
+  QLineEdit& FindField() const { return *findField_; }
+  PlayListWindow& PlayList() const { return *playListWindow_; }
+  // The button of a CMainDlg command, or null.
+  QPushButton* Button(int command) const;
+  int Splitter() const;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  void CreateControls();
+  void PlaceButtonRow();
+  bool RouteMouse(QEvent& event);
+  bool RouteKey(QObject* watched, QEvent& event);
+
+  void AttachToolTips(std::span<const MainControl> controls) override;
+  void MoveWindow(int left, int top, int width, int height) override;
+  Rect OuterRect() const override;
+  Rect ClientRect() const override;
+  void MoveTree(int x, int y, int width, int height) override;
+  void MoveList(int x, int y, int width, int height) override;
+  void SetSizingCursor() override;
+  void CaptureMouse() override;
+  void ReleaseMouse() override;
+  std::string FindText() const override;
+  void SetFindText(const std::string& text) override;
+  void ShowAbout() override;
+  bool IsPlayListVisible() const override;
+  void ShowPlayList(bool show) override;
+  void MovePlayList(int left, int top, int width, int height) override;
+  Rect PlayListRect() const override;
+
+  DesktopDialogs dialogs_;
+  QtTreeControl* tree_ = nullptr;  // children of the window
+  QtListControl* list_ = nullptr;
+  QLineEdit* findField_ = nullptr;
+  QWidget* findLabel_ = nullptr;
+  std::map<int, QWidget*> controls_;  // by CMainDlg command
+  std::unique_ptr<QtPopupMenu> menu_;
+  std::unique_ptr<ScanCommands> scans_;
+  std::unique_ptr<CopyCommands> copy_;
+  std::unique_ptr<PlayListWindow> playListWindow_;
+  std::unique_ptr<CMainDlg> logic_;  // last: it unbinds from the play list window
+  bool closed_ = false;
+};

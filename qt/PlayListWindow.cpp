@@ -1,0 +1,100 @@
+#include "qt/PlayListWindow.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QPushButton>
+
+#include "qt/PlaybackIcons.h"
+#include "qt/QtListControl.h"
+#include "qt/QtPopupMenu.h"
+#include "qt/WindowGeometry.h"
+
+namespace {
+
+constexpr int kButtonTop = 2;
+constexpr int kButtonHeight = 21;
+constexpr int kButtonGap = 2;
+constexpr int kFirstButtonLeft = 5;
+
+CPlayListDlg::Key KeyOf(const QKeyEvent& event) {
+  if (event.key() == Qt::Key_Delete) return CPlayListDlg::Key::Delete;
+  if (event.key() == Qt::Key_A) return CPlayListDlg::Key::A;
+  return CPlayListDlg::Key::Other;
+}
+
+}  // namespace
+
+PlayListWindow::PlayListWindow() : list_(new QtListControl(this)) {
+  setWindowTitle(QString::fromUtf8(CPlayListDlg::kTitle));
+  list_->installEventFilter(this);
+  list_->onContextMenu = [this] {
+    if (logic_) logic_->OnContextMenu(true);
+  };
+}
+
+QPushButton* PlayListWindow::Button(int command) const {
+  const auto found = buttons_.find(command);
+  return found == buttons_.end() ? nullptr : found->second;
+}
+
+platform::ListControl& PlayListWindow::List() { return *list_; }
+
+void PlayListWindow::MoveWindow(int x, int y, int width, int height) {
+  MoveTopLevel(*this, x, y, width, height);
+}
+
+void PlayListWindow::MoveList(int x, int y, int width, int height) {
+  list_->setGeometry(x, y, std::max(width, 0), std::max(height, 0));
+}
+
+void PlayListWindow::AddButtons(std::span<const PlayListButton> buttons) {
+  int left = kFirstButtonLeft;
+  for (const PlayListButton& spec : buttons) {
+    auto* button = new QPushButton(QString::fromUtf8(spec.text), this);
+    if (spec.showsBitmap) ShowPicture(*button, spec.text);
+    button->setToolTip(QString::fromUtf8(spec.toolTip));
+    const int width = spec.showsBitmap ? kButtonHeight + 6
+                                       : std::max(kButtonHeight, fontMetrics().horizontalAdvance(button->text()) + 14);
+    button->setGeometry(left, kButtonTop, width, kButtonHeight);
+    button->installEventFilter(this);
+    left += width + kButtonGap;
+    const int command = spec.command;
+    connect(button, &QPushButton::clicked, this, [this, command] {
+      if (logic_) logic_->OnCommand(command);
+    });
+    buttons_[command] = button;
+  }
+}
+
+int PlayListWindow::TrackPopupMenu(std::span<const PlayListMenuEntry> entries) {
+  std::vector<std::pair<int, const char*>> items;
+  for (const PlayListMenuEntry& entry : entries) items.emplace_back(entry.command, entry.text);
+  return TrackPopupAtCursor(this, items);
+}
+
+// Delete acts when it is released, wherever the focus is in the window;
+// Ctrl+A only while the list has the focus.
+bool PlayListWindow::eventFilter(QObject* watched, QEvent* event) {
+  if (logic_ == nullptr) return false;
+  if (event->type() == QEvent::KeyRelease) {
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (!key.isAutoRepeat()) logic_->OnKeyReleased(KeyOf(key));
+  } else if (event->type() == QEvent::KeyPress && watched == list_) {
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    if (KeyOf(key) == CPlayListDlg::Key::A && key.modifiers().testFlag(Qt::ControlModifier)) {
+      logic_->OnListKeyPressed(CPlayListDlg::Key::A, true);
+      return true;
+    }
+  }
+  return false;
+}
+
+void PlayListWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  if (logic_) logic_->OnSize(width(), height());
+}
+
+void PlayListWindow::contextMenuEvent(QContextMenuEvent* event) {
+  event->accept();
+  if (logic_) logic_->OnContextMenu(false);
+}

@@ -1,0 +1,43 @@
+#pragma once
+// The play list window ("Play List - Vantrelle"): a top-level window of its
+// own with its buttons along the top and the play list below them. It draws
+// what CPlayListDlg asks for and hands the user's buttons, keys and context
+// menu to it. Hiding is the way it closes: the main window owns it.
+// User-interface thread only.
+
+#include <QWidget>
+#include <map>
+
+#include "playlists/CPlayListDlg.h"
+
+class QPushButton;
+class QtListControl;
+
+class PlayListWindow final : public QWidget, public PlayListView {
+ public:
+  PlayListWindow();
+
+  // The logic that the user's actions go to; it must outlive the window's
+  // use (the main window owns both).
+  void Attach(CPlayListDlg& logic) { logic_ = &logic; }
+
+  QtListControl& ListControl() const { return *list_; }
+  // The button of a CPlayListDlg command, or null.
+  QPushButton* Button(int command) const;
+
+  platform::ListControl& List() override;
+  void MoveWindow(int x, int y, int width, int height) override;
+  void MoveList(int x, int y, int width, int height) override;
+  void AddButtons(std::span<const PlayListButton> buttons) override;
+  int TrackPopupMenu(std::span<const PlayListMenuEntry> entries) override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
+ private:
+  QtListControl* list_;  // a child of the window
+  std::map<int, QPushButton*> buttons_;
+  CPlayListDlg* logic_ = nullptr;
+};

@@ -1,0 +1,15 @@
+// vantrelle: the desktop program.
+#include <QApplication>
+#include <QIcon>
+
+#include "qt/DesktopSession.h"
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  QApplication::setApplicationName(QStringLiteral("Vantrelle"));
+  // Lets the desktop match the windows to the installed launcher and icon.
+  QGuiApplication::setDesktopFileName(QStringLiteral("vantrelle"));
+  QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("vantrelle")));
+  QApplication::setQuitOnLastWindowClosed(false);  // the main window's close ends the run
+  return RunDesktop();
+}

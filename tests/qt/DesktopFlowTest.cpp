@@ -1,0 +1,161 @@
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QRadioButton>
+
+#include "tests/qt/DesktopFixture.h"
+
+namespace {
+
+using platform::Answer;
+
+TEST_F(DesktopTest, AddBrowseSearchEditAndRemoveAFolder) {
+  AddMusicFolder();
+  QTreeWidgetItem* rock = Node("Rock");
+  ASSERT_NE(rock, nullptr);
+  ASSERT_NE(Node("Pop"), nullptr);
+
+  Click(rock);
+  EXPECT_TRUE(rock->font(0).bold());
+  EXPECT_EQ(Column(List(), 2), (Strings{"id3v1.mp3", "SONG.MP3"}));
+  EXPECT_EQ(Column(List(), 0), (Strings{"Café Müller", "Upper Case Extension"}));
+  EXPECT_TRUE(List().horizontalHeader()->sectionsMovable());
+
+  // "File Info / Edit" on the second row: a new title and three stars.
+  ClickRow(List(), 1);
+  user::ChooseFromMenu("File Info / Edit");
+  user::InDialog<QtFileInfoDialog>([](QtFileInfoDialog& dialog) {
+    dialog.findChild<QLineEdit*>("Title:")->setText("Mine");
+    QTest::mouseClick(dialog.findChildren<QRadioButton*>().at(2), Qt::LeftButton);
+    user::Press(dialog, "Update");
+  });
+  RightClick(List(), 1);
+  EXPECT_EQ(List().RowText(1, 0), "Mine");
+  EXPECT_EQ(List().RowText(1, 3), "***       ");
+
+  // Enter in the Find field searches the whole library; Esc empties it.
+  QTest::keyClicks(&window->FindField(), "o ");
+  QTest::keyClick(&window->FindField(), Qt::Key_Return);
+  EXPECT_EQ(Column(List(), 2, true), (Strings{"SONG.MP3", "id3v1.mp3", "vorbis.ogg"}));
+  EXPECT_TRUE(Node("Search Results")->font(0).bold());
+  QTest::keyClick(&window->FindField(), Qt::Key_Escape);
+  EXPECT_EQ(window->FindField().text(), "");
+  EXPECT_TRUE(window->isVisible());
+
+  // Delete on a folder asks first; "remove" on the volume takes its folders along.
+  Click(rock);
+  messages.Script({Answer::Cancel});
+  QTest::keyClick(&Tree(), Qt::Key_Delete);
+  EXPECT_EQ(messages.Texts().back(), "Remove Path from database?");
+  EXPECT_EQ(List().RowCount(), 2);
+  QTreeWidgetItem* volume = Node("Local Disks")->child(0);
+  messages.Script({Answer::Ok});
+  user::ChooseFromMenu("remove");
+  Click(volume, Qt::RightButton);
+  EXPECT_EQ(messages.Texts().back(), "Remove volume from database?");
+  EXPECT_EQ(Node("Local Disks")->childCount(), 0);
+  EXPECT_EQ(Node("Rock"), nullptr);
+  EXPECT_EQ(List().RowCount(), 0);
+}
+
+TEST_F(DesktopTest, BuildPlayAndSaveAPlayListThenCopyItToTheCache) {
+  AddMusicFolder();
+  Click(Node("Rock"));
+  ClickRow(List(), 1);
+  QTest::mouseDClick(List().viewport(), Qt::LeftButton, {}, List().visualRect(List().model()->index(1, 0)).center());
+  ClickRow(List(), 0);
+  ClickRow(List(), 1, Qt::ShiftModifier);
+  user::ChooseFromMenu("Add To PlayList");
+  RightClick(List(), 1);
+  EXPECT_EQ(Column(PlayList(), 0), (Strings{"Capital Letters - Upper Case Extension",
+                                            "Dara O'Neill - Café Müller"}));
+
+  // Play the selected row of the play list, then stop.
+  ClickRow(PlayList(), 1);
+  QTest::mouseClick(window->PlayList().Button(CPlayListDlg::kPlay), Qt::LeftButton);
+  QTest::mouseClick(window->Button(CMainDlg::kStop), Qt::LeftButton);
+  const Strings sent = media.Commands();
+  EXPECT_TRUE(std::any_of(sent.begin(), sent.end(), [](const std::string& c) {
+    return c.starts_with("open") && c.find("\\Rock\\id3v1.mp3") != std::string::npos;
+  }));
+  EXPECT_TRUE(std::any_of(sent.begin(), sent.end(), [](const std::string& c) { return c.starts_with("stop"); }));
+
+  // Save it under a name: the tree shows it, and the list its files.
+  user::ChooseFromMenu("Save PlayList");
+  user::InDialog<QtInputDialog>([](QtInputDialog& dialog) {
+    dialog.findChild<QLineEdit*>()->setText("Road Trip");
+    user::Press(dialog, "Save");
+  });
+  RightClick(PlayList(), 0);
+  Click(Node("Road Trip"));
+  EXPECT_EQ(Column(List(), 2), (Strings{"SONG.MP3", "id3v1.mp3"}));
+
+  // Copy every row to the cache, then empty it after saying OK.
+  const std::string cache = home + "/QORCache";
+  QTest::mouseClick(window->PlayList().Button(CPlayListDlg::kCache), Qt::LeftButton);
+  EXPECT_TRUE(std::filesystem::exists(cache + "/SONG.MP3"));
+  EXPECT_TRUE(std::filesystem::exists(cache + "/id3v1.mp3"));
+  messages.Script({Answer::Ok});
+  QTest::mouseClick(window->PlayList().Button(CPlayListDlg::kClearCache), Qt::LeftButton);
+  EXPECT_TRUE(std::filesystem::is_empty(cache));
+
+  // Delete takes the selected rows out of the play list when it is released.
+  ClickRow(PlayList(), 0);
+  QTest::keyClick(&PlayList(), Qt::Key_Delete);
+  EXPECT_EQ(PlayList().RowCount(), 1);
+}
+
+TEST_F(DesktopTest, SplitterKeysOptionsAboutAndGeometry) {
+  EXPECT_EQ(window->windowTitle(), "Tandrelo Vantrelle v1.4");
+  EXPECT_EQ(window->size(), QSize(700, 400));
+  EXPECT_TRUE(window->PlayList().isVisible());
+  EXPECT_EQ(window->Button(CMainDlg::kAddCd)->toolTip(), "Scan CD and Store in Library");
+  EXPECT_EQ(Tree().geometry(), QRect(5, 30, 245, 360));
+
+  // The band lies right of the tree; a drag stops at both limits.
+  QTest::mousePress(List().viewport(), Qt::LeftButton, {}, QPoint(2, 50));
+  QTest::mouseMove(window.get(), QPoint(400, 100));
+  QTest::mouseRelease(List().viewport(), Qt::LeftButton, {}, QPoint(2, 50));
+  EXPECT_EQ(window->Splitter(), 250);
+  QTest::mouseMove(window.get(), QPoint(252, 100));
+  EXPECT_EQ(window->cursor().shape(), Qt::SizeHorCursor);
+  QTest::mousePress(window.get(), Qt::LeftButton, {}, QPoint(252, 100));
+  QTest::mouseMove(window.get(), QPoint(10, 100));
+  EXPECT_EQ(window->Splitter(), 40);
+  QTest::mouseMove(window.get(), QPoint(690, 100));
+  EXPECT_EQ(window->Splitter(), 700 - 70);
+  QTest::mouseMove(window.get(), QPoint(302, 100));
+  QTest::mouseRelease(window.get(), Qt::LeftButton, {}, QPoint(302, 100));
+  EXPECT_EQ(window->Splitter(), 300);
+  EXPECT_EQ(List().geometry(), QRect(305, 30, 390, 360));
+
+  // "PL" hides and shows the play list window.
+  QTest::mouseClick(window->Button(CMainDlg::kTogglePlayList), Qt::LeftButton);
+  EXPECT_FALSE(window->PlayList().isVisible());
+
+  // "Op": a new cache folder, kept in memory until exit.
+  user::InDialog<QtOptionsDialog>([](QtOptionsDialog& dialog) {
+    dialog.findChild<QLineEdit*>("Cache Path:")->setText("C:\\Elsewhere");
+    user::Press(dialog, "OK");
+  });
+  QTest::mouseClick(window->Button(CMainDlg::kOptions), Qt::LeftButton);
+  EXPECT_EQ(app.Settings().cacheFolder, "C:\\Elsewhere");
+
+  int aboutBoxes = 0;
+  user::InDialog<QtAboutBox>([&aboutBoxes](QtAboutBox& box) {
+    ++aboutBoxes;
+    box.reject();
+  });
+  QTest::mouseClick(window->Button(CMainDlg::kAbout), Qt::LeftButton);
+  EXPECT_EQ(aboutBoxes, 1);
+
+  // Closing stores both windows' rectangles and the splitter, hidden or not.
+  window->PlayList().resize(230, 410);
+  window->resize(720, 480);
+  window->close();
+  const CAppSettings& settings = app.Settings();
+  EXPECT_EQ(std::vector({settings.mainWidth, settings.mainHeight, settings.splitter, settings.playListWidth,
+                         settings.playListHeight}),
+            std::vector({720, 480, 300, 230, 410}));
+}
+
+}  // namespace

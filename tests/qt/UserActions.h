@@ -1,0 +1,72 @@
+#pragma once
+// What a person does with the real widgets while a modal loop runs: answer
+// the next popup menu or dialog once it is up. Each call schedules the act
+// and returns; the act runs inside the modal loop that the next user action
+// opens. User-interface thread.
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <functional>
+
+namespace user {
+
+// Runs act once ready() holds, polling the event loop; gives up after ten
+// seconds (the test then fails on what did not happen).
+inline void WhenReady(std::function<bool()> ready, std::function<void()> act) {
+  auto* timer = new QTimer(qApp);
+  auto deadline = std::make_shared<int>(1000);
+  QObject::connect(timer, &QTimer::timeout, timer, [timer, ready, act, deadline] {
+    if (!ready() && --*deadline > 0) return;
+    timer->stop();
+    timer->deleteLater();
+    if (*deadline > 0) act();
+  });
+  timer->start(10);
+}
+
+// Picks the entry of the next popup menu with the keyboard (a click right
+// where the menu opened would not count as a choice).
+inline void ChooseFromMenu(const QString& entry) {
+  WhenReady([] { return qobject_cast<QMenu*>(QApplication::activePopupWidget()) != nullptr; },
+            [entry] {
+              auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+              for (QAction* action : menu->actions())
+                if (action->text() == entry) {
+                  menu->setActiveAction(action);
+                  QTest::keyClick(menu, Qt::Key_Return);
+                  return;
+                }
+              ADD_FAILURE() << "no menu entry " << entry.toStdString();
+              menu->close();
+            });
+}
+
+// Fills in the next modal dialog of that class.
+template <class Dialog>
+void InDialog(std::function<void(Dialog&)> act) {
+  WhenReady([] { return qobject_cast<Dialog*>(QApplication::activeModalWidget()) != nullptr; },
+            [act] { act(*qobject_cast<Dialog*>(QApplication::activeModalWidget())); });
+}
+
+// A right click: the button's press and release, then the context-menu
+// request that the window system makes of it.
+inline void RightClick(QWidget* widget, QPoint at) {
+  QTest::mouseClick(widget, Qt::RightButton, {}, at);
+  QContextMenuEvent request(QContextMenuEvent::Mouse, at, widget->mapToGlobal(at));
+  QApplication::sendEvent(widget, &request);
+}
+
+// Clicks the push button with this text in a window.
+inline void Press(QWidget& window, const QString& text) {
+  for (QPushButton* button : window.findChildren<QPushButton*>())
+    if (button->text() == text) return QTest::mouseClick(button, Qt::LeftButton);
+  ADD_FAILURE() << "no button " << text.toStdString();
+}
+
+}  // namespace user
