@@ -6,7 +6,24 @@ cd "$(dirname "$0")/.."
 scripts/install-deps.sh
 scripts/build.sh
 build=${VANTRELLE_BUILD:-build}
+
+# Puts the program into the desktop's menu, running from the build folder.
+# Safe to repeat: the same files are written again.
+install_desktop_entry() {
+  local program data entry
+  program=$(realpath "$1")
+  data=${XDG_DATA_HOME:-$HOME/.local/share}
+  mkdir -p "$data/applications" "$data/icons/hicolor/scalable/apps"
+  install -m 644 qt/resources/vantrelle.svg "$data/icons/hicolor/scalable/apps/vantrelle.svg"
+  entry=$(<qt/resources/vantrelle.desktop.in)
+  printf '%s\n' "${entry//@PROGRAM@/\"$program\"}" >"$data/applications/vantrelle.desktop"
+  if command -v update-desktop-database >/dev/null; then
+    update-desktop-database -q "$data/applications" || true
+  fi
+}
+
 if [ -x "$build/bin/vantrelle" ]; then
+  install_desktop_entry "$build/bin/vantrelle"
   exec "$build/bin/vantrelle" "$@"
 fi
 # Until the desktop program is built, the console face is the program.
