@@ -49,16 +49,16 @@ void PlayListWindow::MoveList(int x, int y, int width, int height) {
 
 void PlayListWindow::AddButtons(std::span<const PlayListButton> buttons) {
   int left = kFirstButtonLeft;
-  for (const PlayListButton& spec : buttons) {
-    auto* button = new QPushButton(QString::fromUtf8(spec.text), this);
-    if (spec.showsBitmap) ShowPicture(*button, spec.text);
-    button->setToolTip(QString::fromUtf8(spec.toolTip));
-    const int width = spec.showsBitmap ? kButtonHeight + 6
+  for (const PlayListButton& wanted : buttons) {
+    auto* button = new QPushButton(QString::fromUtf8(wanted.text), this);
+    if (wanted.showsBitmap) ShowPicture(*button, wanted.text);
+    button->setToolTip(QString::fromUtf8(wanted.toolTip));
+    const int width = wanted.showsBitmap ? kButtonHeight + 6
                                        : std::max(kButtonHeight, fontMetrics().horizontalAdvance(button->text()) + 14);
     button->setGeometry(left, kButtonTop, width, kButtonHeight);
     button->installEventFilter(this);
     left += width + kButtonGap;
-    const int command = spec.command;
+    const int command = wanted.command;
     connect(button, &QPushButton::clicked, this, [this, command] {
       if (logic_) logic_->OnCommand(command);
     });
