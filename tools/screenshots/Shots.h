@@ -12,6 +12,8 @@ class QWidget;
 struct Shot {
   QString file;  // "options.png"
   std::function<std::unique_ptr<QWidget>()> make;
+  // The window to render, when it is not the one made (a window it owns).
+  std::function<QWidget*(QWidget& made)> pick = nullptr;
 };
 
 using ShotList = std::vector<Shot>;

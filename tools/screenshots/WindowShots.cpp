@@ -1,5 +1,189 @@
+// The main window and the play list window over a small sample catalogue: a
+// disk folder and a CD with a few albums, ratings and a saved play list.
+
+#include <QObject>
+#include <QTemporaryDir>
+#include <QTreeWidgetItem>
+#include <filesystem>
+
+#include "app/CLibraryApp.h"
+#include "platform/LinuxDriveTable.h"
+#include "platform/LinuxFileSystem.h"
+#include "platform/MediaControl.h"
+#include "platform/MessageBox.h"
+#include "qt/DesktopDialogs.h"
+#include "qt/MainWindow.h"
+#include "qt/PlayListWindow.h"
+#include "qt/QtTreeControl.h"
+#include "qt/dialogs/QtAboutBox.h"
+#include "qt/dialogs/QtCopyDialogHost.h"
+#include "qt/dialogs/QtFileInfoDialog.h"
+#include "qt/dialogs/QtFolderPicker.h"
+#include "qt/dialogs/QtInputDialog.h"
+#include "qt/dialogs/QtOptionsDialog.h"
+#include "qt/dialogs/QtScanDialogHost.h"
+#include "qt/dialogs/QtVolumeInfoDialog.h"
 #include "tools/screenshots/Shots.h"
 
-// The main window and the play list window join here once the desktop
-// program's windows exist: one Shot each, built over a catalogue of samples.
-void AddWindowShots(ShotList&) {}
+namespace {
+
+// Nothing is played for a picture, and no question is asked.
+class QuietMessages : public platform::MessageBox {
+ public:
+  platform::Answer Show(const std::string&, platform::Buttons, platform::Icon) override {
+    return platform::Answer::Ok;
+  }
+};
+
+class NoAudio : public platform::MediaControl {
+ public:
+  std::uint32_t mciSendString(const char*, char* reply, unsigned size) override {
+    if (reply && size) *reply = '\0';
+    return 0;
+  }
+  bool mciGetErrorString(std::uint32_t, char* text, unsigned size) override {
+    if (text && size) *text = '\0';
+    return false;
+  }
+};
+
+struct SampleTrack {
+  const char* file;
+  const char* title;
+  const char* artist;
+  int seconds;
+  int rating;
+};
+
+// Everything the windows work with, in a temporary program folder. It is a
+// child of the main window, so it goes away after the window is done with it.
+class SampleDesktop : public QObject {
+ public:
+  SampleDesktop()
+      : table(folder.path().toStdString()),
+        files(table),
+        app(folder.path().toStdString() + "/", PlatformServices{table, files, messages, audio}),
+        scans(messages),
+        copies(messages) {
+    std::filesystem::create_directories(folder.path().toStdString() + "/drives");
+    std::filesystem::create_directory_symlink(folder.path().toStdString(),
+                                              folder.path().toStdString() + "/drives/c:");
+    app.Start();
+    app.Settings().mainWidth = 760;
+    app.Settings().mainHeight = 420;
+    app.Settings().splitter = 230;
+    FillCatalogue();
+  }
+
+  std::unique_ptr<MainWindow> MakeWindow() {
+    auto window = std::make_unique<MainWindow>(
+        app, DesktopDialogs{picker, input, fileInfo, volumeInfo, options, scans, copies, ShowAboutBox});
+    window->Start();
+    setParent(window.get());
+    // The play list window's rows, as "Add To PlayList" would have put them.
+    app.PlayList().AddFiles({trackIds[0], trackIds[2], trackIds[5], trackIds[6]});
+    ShowAlbum(*window, "Low Tide");
+    return window;
+  }
+
+ private:
+  int AddVolume(const char* name, int type, const char* serial, const char* drive) {
+    CMediaVolume volume;
+    volume.Name = volume.DisplayName = name;
+    volume.VolType = type;
+    volume.SerialNo = serial;
+    volume.DrvLtr = drive;
+    return app.Db().AddVolume(volume);
+  }
+  int AddFolder(int volId, int parentId, const char* name, const std::string& fullPath) {
+    CMediaPath path;
+    path.VolID = volId;
+    path.ParentID = parentId;
+    path.Name = name;
+    path.FullPath = fullPath;
+    return app.Db().AddPath(path);
+  }
+  void AddTracks(int volId, int pathId, std::initializer_list<SampleTrack> tracks, const char* album) {
+    for (const SampleTrack& track : tracks) {
+      CMediaFile file;
+      file.VolID = volId;
+      file.PathID = pathId;
+      file.FileName = track.file;
+      file.Type = 1;
+      const int id = app.Db().AddFile(file);
+      file.FileID = id;
+      file.id3Title = track.title;
+      file.id3Artist = track.artist;
+      file.id3Album = album;
+      file.Length = track.seconds;
+      file.BitRate = 192;
+      file.SampleRate = 44100;
+      file.Channels = 2;
+      app.Db().UpdateFileTagsAndProperties(file, 2);
+      file.Rating = track.rating;
+      app.Db().UpdateFileUserInfo(file);
+      trackIds.push_back(static_cast<std::uint32_t>(id));
+    }
+  }
+
+  void FillCatalogue() {
+    const int disk = AddVolume("home", 3, "594633643", "C");
+    const int music = AddFolder(disk, -1, "Music", "\\Music\\");
+    const int owls = AddFolder(disk, music, "The Quiet Owls", "\\Music\\The Quiet Owls\\");
+    AddTracks(disk, AddFolder(disk, owls, "Low Tide", "\\Music\\The Quiet Owls\\Low Tide\\"),
+              {{"01 Harbour Lights.mp3", "Harbour Lights", "The Quiet Owls", 245, 5},
+               {"02 Salt Air.mp3", "Salt Air", "The Quiet Owls", 198, 3},
+               {"03 Night Harbour.mp3", "Night Harbour", "The Quiet Owls", 270, 4},
+               {"04 Paper Boats.mp3", "Paper Boats", "The Quiet Owls", 161, 0}},
+              "Low Tide");
+    AddTracks(disk, AddFolder(disk, owls, "First Light", "\\Music\\The Quiet Owls\\First Light\\"),
+              {{"01 Morning.mp3", "Morning", "The Quiet Owls", 203, 2}}, "First Light");
+    const int cd = AddVolume("Jazz Collection 1", 5, "305419896", "D");
+    const int cdRoot = AddFolder(cd, -1, "\\", "\\");
+    AddTracks(cd, AddFolder(cd, cdRoot, "Disc One", "\\Disc One\\"),
+              {{"Blue Hour.mp3", "Blue Hour", "Ada Lindqvist Trio", 392, 4},
+               {"Late Train.mp3", "Late Train", "Ada Lindqvist Trio", 301, 0}},
+              "Disc One");
+    CPlayList evening;
+    evening.Name = "Evening mix";
+    evening.FileIDs = std::to_string(trackIds[0]) + "," + std::to_string(trackIds[5]);
+    app.Db().AddPlayList(evening);
+  }
+
+  static void ShowAlbum(MainWindow& window, const char* album) {
+    const auto found = window.Tree().findItems(album, Qt::MatchExactly | Qt::MatchRecursive);
+    if (found.isEmpty()) return;
+    for (QTreeWidgetItem* parent = found.front()->parent(); parent; parent = parent->parent())
+      parent->setExpanded(true);
+    window.Tree().setCurrentItem(found.front());
+  }
+
+  QTemporaryDir folder;
+  platform::LinuxDriveTable table;
+  platform::LinuxFileSystem files;
+  QuietMessages messages;
+  NoAudio audio;
+  CLibraryApp app;
+  QtFolderPicker picker;
+  QtInputDialog input;
+  QtFileInfoDialog fileInfo;
+  QtVolumeInfoDialog volumeInfo;
+  QtOptionsDialog options;
+  QtScanDialogHost scans;
+  QtCopyDialogHost copies;
+  IdList trackIds;
+};
+
+std::unique_ptr<QWidget> MainWindowWithSamples() {
+  // The sample desktop becomes the window's child once the window exists.
+  auto* desktop = new SampleDesktop;
+  return desktop->MakeWindow();
+}
+
+}  // namespace
+
+void AddWindowShots(ShotList& shots) {
+  shots.push_back({"main-window.png", MainWindowWithSamples});
+  shots.push_back({"play-list-window.png", MainWindowWithSamples,
+                   [](QWidget& made) -> QWidget* { return &static_cast<MainWindow&>(made).PlayList(); }});
+}

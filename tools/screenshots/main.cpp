@@ -39,11 +39,12 @@ QPixmap Framed(QWidget& window) {
 }
 
 bool Render(const Shot& shot, const QDir& folder) {
-  const std::unique_ptr<QWidget> window = shot.make();
-  window->show();
+  const std::unique_ptr<QWidget> made = shot.make();
+  QWidget& window = shot.pick ? *shot.pick(*made) : *made;
+  window.show();
   Settle(300);
   const QString path = folder.filePath(shot.file);
-  const bool saved = Framed(*window).save(path, "PNG");
+  const bool saved = Framed(window).save(path, "PNG");
   std::fprintf(saved ? stdout : stderr, "%s %s\n", saved ? "wrote" : "could not write",
                qPrintable(path));
   return saved;
