@@ -11,49 +11,19 @@
 #include "platform/mci/GstMediaControl.h"
 #include "playback/DeferredMediaControl.h"
 #include "qt/MainWindow.h"
-#include "qt/dialogs/QtAboutBox.h"
-#include "qt/dialogs/QtCopyDialogHost.h"
-#include "qt/dialogs/QtFileInfoDialog.h"
-#include "qt/dialogs/QtFolderPicker.h"
-#include "qt/dialogs/QtInputDialog.h"
+#include "qt/QtDialogSet.h"
 #include "qt/dialogs/QtMessageBox.h"
-#include "qt/dialogs/QtOptionsDialog.h"
-#include "qt/dialogs/QtScanDialogHost.h"
-#include "qt/dialogs/QtVolumeInfoDialog.h"
 
 namespace {
 
 constexpr int kDone = 0;
 constexpr int kCatalogueFailed = 1;
 
-// The dialogs of the run. They have no parent window: the main window
-// needs them before it exists, and modal dialogs block every window anyway.
-struct QtDialogs {
-  explicit QtDialogs(platform::MessageBox& messages) : scans(messages), copies(messages) {}
-
-  DesktopDialogs Services() {
-    return {picker, input, fileInfo, volumeInfo, options, scans, copies, ShowAboutBox};
-  }
-  void SetParent(QWidget* window) {
-    picker.SetParent(window);
-    scans.SetParent(window);
-    copies.SetParent(window);
-  }
-
-  QtFolderPicker picker;
-  QtInputDialog input;
-  QtFileInfoDialog fileInfo;
-  QtVolumeInfoDialog volumeInfo;
-  QtOptionsDialog options;
-  QtScanDialogHost scans;
-  QtCopyDialogHost copies;
-};
-
 // The main window from start-up to its close; a refused catalogue closes
 // it right after start-up. Either way the close puts the geometry into the
 // settings.
 void RunMainWindow(CLibraryApp& app, QtMessageBox& messages, bool refused) {
-  QtDialogs dialogs(messages);
+  QtDialogSet dialogs(messages);
   MainWindow window(app, dialogs.Services());
   messages.SetParent(&window);
   dialogs.SetParent(&window);

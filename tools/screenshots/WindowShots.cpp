@@ -11,18 +11,10 @@
 #include "platform/LinuxFileSystem.h"
 #include "platform/MediaControl.h"
 #include "platform/MessageBox.h"
-#include "qt/DesktopDialogs.h"
 #include "qt/MainWindow.h"
 #include "qt/PlayListWindow.h"
+#include "qt/QtDialogSet.h"
 #include "qt/QtTreeControl.h"
-#include "qt/dialogs/QtAboutBox.h"
-#include "qt/dialogs/QtCopyDialogHost.h"
-#include "qt/dialogs/QtFileInfoDialog.h"
-#include "qt/dialogs/QtFolderPicker.h"
-#include "qt/dialogs/QtInputDialog.h"
-#include "qt/dialogs/QtOptionsDialog.h"
-#include "qt/dialogs/QtScanDialogHost.h"
-#include "qt/dialogs/QtVolumeInfoDialog.h"
 #include "tools/screenshots/Shots.h"
 
 namespace {
@@ -63,8 +55,7 @@ class SampleDesktop : public QObject {
       : table(folder.path().toStdString()),
         files(table),
         app(folder.path().toStdString() + "/", PlatformServices{table, files, messages, audio}),
-        scans(messages),
-        copies(messages) {
+        dialogs(messages) {
     std::filesystem::create_directories(folder.path().toStdString() + "/drives");
     std::filesystem::create_directory_symlink(folder.path().toStdString(),
                                               folder.path().toStdString() + "/drives/c:");
@@ -76,8 +67,7 @@ class SampleDesktop : public QObject {
   }
 
   std::unique_ptr<MainWindow> MakeWindow() {
-    auto window = std::make_unique<MainWindow>(
-        app, DesktopDialogs{picker, input, fileInfo, volumeInfo, options, scans, copies, ShowAboutBox});
+    auto window = std::make_unique<MainWindow>(app, dialogs.Services());
     window->Start();
     setParent(window.get());
     // The play list window's rows, as "Add To PlayList" would have put them.
@@ -164,13 +154,7 @@ class SampleDesktop : public QObject {
   QuietMessages messages;
   NoAudio audio;
   CLibraryApp app;
-  QtFolderPicker picker;
-  QtInputDialog input;
-  QtFileInfoDialog fileInfo;
-  QtVolumeInfoDialog volumeInfo;
-  QtOptionsDialog options;
-  QtScanDialogHost scans;
-  QtCopyDialogHost copies;
+  QtDialogSet dialogs;
   IdList trackIds;
 };
 

@@ -1,0 +1,35 @@
+#pragma once
+// The Qt dialogs a desktop run hands the main window. They have no parent
+// window at first: the main window needs them before it exists, and modal
+// dialogs block every window anyway; SetParent attaches them once it does.
+
+#include "qt/DesktopDialogs.h"
+#include "qt/dialogs/QtAboutBox.h"
+#include "qt/dialogs/QtCopyDialogHost.h"
+#include "qt/dialogs/QtFileInfoDialog.h"
+#include "qt/dialogs/QtFolderPicker.h"
+#include "qt/dialogs/QtInputDialog.h"
+#include "qt/dialogs/QtOptionsDialog.h"
+#include "qt/dialogs/QtScanDialogHost.h"
+#include "qt/dialogs/QtVolumeInfoDialog.h"
+
+struct QtDialogSet {
+  explicit QtDialogSet(platform::MessageBox& messages) : scans(messages), copies(messages) {}
+
+  DesktopDialogs Services() {
+    return {picker, input, fileInfo, volumeInfo, options, scans, copies, ShowAboutBox};
+  }
+  void SetParent(QWidget* window) {
+    picker.SetParent(window);
+    scans.SetParent(window);
+    copies.SetParent(window);
+  }
+
+  QtFolderPicker picker;
+  QtInputDialog input;
+  QtFileInfoDialog fileInfo;
+  QtVolumeInfoDialog volumeInfo;
+  QtOptionsDialog options;
+  QtScanDialogHost scans;
+  QtCopyDialogHost copies;
+};
