@@ -9,7 +9,7 @@
 namespace platform {
 namespace {
 
-// fnmatch knows "[" classes and "\" escapes; the original patterns do not.
+// fnmatch knows "[" classes and "\" escapes; drive-letter wildcards do not.
 std::string EscapeForFnmatch(const std::string& pattern) {
   std::string escaped;
   for (char c : pattern) {

@@ -1,8 +1,8 @@
 #pragma once
 // The file system on drive paths and Linux paths (see DrivePaths.h for how a
 // drive path becomes a Linux path). Listings match wildcard patterns with
-// fnmatch, ignoring case; "*.*" matches every name, as on the original
-// platform. Calls do not throw and may come from any thread; the drive table
+// fnmatch, ignoring case; "*.*" matches every name, as drive-letter wildcards
+// do. Calls do not throw and may come from any thread; the drive table
 // must outlive this object.
 
 #include "platform/DriveTable.h"

@@ -3,7 +3,7 @@
 //
 // Serial, first that applies: a ".windows-serial" file at the root; for a CD
 // device, the checksum of the disc's volume descriptor; the file system's UUID
-// (FAT and NTFS read as the original platform reads them, others hashed); the
+// (FAT and NTFS give their usual volume serials, others are hashed); the
 // file-system id from statfs. A root below its file system's mount point mixes
 // its path into the last two, so that two folders of one disk are two volumes.
 // Label: ".windows-label" at the root, the file system's label, the root's name.
