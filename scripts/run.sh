@@ -22,10 +22,5 @@ install_desktop_entry() {
   fi
 }
 
-if [ -x "$build/bin/vantrelle" ]; then
-  install_desktop_entry "$build/bin/vantrelle"
-  exec "$build/bin/vantrelle" "$@"
-fi
-# Until the desktop program is built, the console face is the program.
-if [ $# -eq 0 ]; then set -- --help; fi
-exec "$build/bin/vantrelle-cli" "$@"
+install_desktop_entry "$build/bin/vantrelle"
+exec "$build/bin/vantrelle" "$@"
