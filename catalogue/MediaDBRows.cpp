@@ -18,32 +18,13 @@ std::string MediaListRowsWhere(const char* condition) {
 }  // namespace
 
 std::vector<PathRow> MediaDB::GetVolumePathRows(int volId) {
-  CppSQLite3SqlText sql;
-  sql.Format("SELECT PathID,ParentID,FullPath,DirtyBit FROM MediaPaths WHERE VolID=%d;", volId);
-  CppSQLite3ResultSet result;
-  RunQuery(sql, result);
-  std::vector<PathRow> rows;
-  for (; !result.AtEnd(); result.NextRow()) {
-    const char* fullPath = result.FieldText(2);
-    rows.push_back({result.FieldInt(0, 0), result.FieldInt(1, 0), fullPath ? fullPath : "",
-                    result.FieldInt(3, 0)});
-  }
-  return rows;
+  return QueryRows<PathRow>(
+      "SELECT PathID,ParentID,FullPath,DirtyBit FROM MediaPaths WHERE VolID=%d;", volId);
 }
 
 std::vector<FileRow> MediaDB::GetVolumeFileRows(int volId) {
-  CppSQLite3SqlText sql;
-  sql.Format("SELECT FileID,PathID,FileName,ScanState,DirtyBit FROM MediaFiles WHERE VolID=%d;",
-             volId);
-  CppSQLite3ResultSet result;
-  RunQuery(sql, result);
-  std::vector<FileRow> rows;
-  for (; !result.AtEnd(); result.NextRow()) {
-    const char* name = result.FieldText(2);
-    rows.push_back({result.FieldInt(0, 0), result.FieldInt(1, 0), name ? name : "",
-                    result.FieldInt(3, 0), result.FieldInt(4, 0)});
-  }
-  return rows;
+  return QueryRows<FileRow>(
+      "SELECT FileID,PathID,FileName,ScanState,DirtyBit FROM MediaFiles WHERE VolID=%d;", volId);
 }
 
 namespace {

@@ -73,6 +73,15 @@ constexpr int kNoParent = std::numeric_limits<std::int32_t>::min();
 
 }  // namespace
 
+void LoadRecord(const CppSQLite3ResultSet& row, PathRow& path) {
+  path = {row.FieldInt(0, 0), row.FieldInt(1, 0), TextAt(row, 2), row.FieldInt(3, 0)};
+}
+
+void LoadRecord(const CppSQLite3ResultSet& row, FileRow& file) {
+  file = {row.FieldInt(0, 0), row.FieldInt(1, 0), TextAt(row, 2), row.FieldInt(3, 0),
+          row.FieldInt(4, 0)};
+}
+
 void LoadRecord(const CppSQLite3ResultSet& row, PathNodeRow& path) {
   path = {row.FieldInt(0, 0), row.FieldInt(1, kNoParent), row.FieldInt(2, 0), TextAt(row, 3)};
 }

@@ -10,6 +10,8 @@ void LoadRecord(const CppSQLite3ResultSet& row, CMediaFile& file);
 void LoadRecord(const CppSQLite3ResultSet& row, CMediaPath& path);
 void LoadRecord(const CppSQLite3ResultSet& row, CMediaVolume& volume);
 void LoadRecord(const CppSQLite3ResultSet& row, CPlayList& playList);
-// The rows the tree and the list read many at a time.
+// The rows a scan, the tree and the list read many at a time, by position.
+void LoadRecord(const CppSQLite3ResultSet& row, PathRow& path);
+void LoadRecord(const CppSQLite3ResultSet& row, FileRow& file);
 void LoadRecord(const CppSQLite3ResultSet& row, PathNodeRow& path);
 void LoadRecord(const CppSQLite3ResultSet& row, MediaListRow& file);
