@@ -1,5 +1,6 @@
 #include "app/CAppSettings.h"
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "catalogue/MediaDB.h"
@@ -33,21 +34,51 @@ void CAppSettings::Load() {
   playListWidth = GetConfigInt(kPlayListWidth);
   playListFolder = GetConfigText(kPlayListFolder);
   catalogueVersion = GetConfigText(kCatalogueVersion);
+  stored_ = CurrentRows();
+}
+
+CAppSettings::Rows CAppSettings::CurrentRows() const {
+  auto number = [](std::int32_t value) { return std::to_string(value); };
+  return {{kCdDrive, cdDrive},
+          {kCacheFolder, cacheFolder},
+          {kMainLeft, number(mainLeft)},
+          {kMainTop, number(mainTop)},
+          {kMainHeight, number(mainHeight)},
+          {kMainWidth, number(mainWidth)},
+          {kSplitter, number(splitter)},
+          {kPlayListLeft, number(playListLeft)},
+          {kPlayListTop, number(playListTop)},
+          {kPlayListHeight, number(playListHeight)},
+          {kPlayListWidth, number(playListWidth)},
+          {kPlayListFolder, playListFolder}};
 }
 
 void CAppSettings::Save(bool insert) {
+  Rows rows = CurrentRows();
   db_.Begin();
-  SetConfigText(kCdDrive, cdDrive, insert);
-  SetConfigText(kCacheFolder, cacheFolder, insert);
-  SetConfigInt(kMainLeft, mainLeft, insert);
-  SetConfigInt(kMainTop, mainTop, insert);
-  SetConfigInt(kMainHeight, mainHeight, insert);
-  SetConfigInt(kMainWidth, mainWidth, insert);
-  SetConfigInt(kSplitter, splitter, insert);
-  SetConfigInt(kPlayListLeft, playListLeft, insert);
-  SetConfigInt(kPlayListTop, playListTop, insert);
-  SetConfigInt(kPlayListHeight, playListHeight, insert);
-  SetConfigInt(kPlayListWidth, playListWidth, insert);
-  SetConfigText(kPlayListFolder, playListFolder, insert);
+  for (const auto& [configId, text] : rows) SetConfigText(configId, text, insert);
   db_.Commit();
+  stored_ = std::move(rows);
+}
+
+void CAppSettings::SaveIfChanged() {
+  if (CurrentRows() != stored_) Save(false);
+}
+
+bool CAppSettings::AnyRowMissing() {
+  const IdList present = db_.GetConfigIds();
+  for (const auto& [configId, text] : CurrentRows())
+    if (std::find(present.begin(), present.end(), configId) == present.end()) return true;
+  return false;
+}
+
+int CAppSettings::InsertMissingRows() {
+  const IdList present = db_.GetConfigIds();
+  int written = 0;
+  for (const auto& [configId, text] : CurrentRows()) {
+    if (std::find(present.begin(), present.end(), configId) != present.end()) continue;
+    SetConfigText(configId, text, true);
+    ++written;
+  }
+  return written;
 }

@@ -1,10 +1,12 @@
 #pragma once
 // The settings, kept in the catalogue's Configs table as numbered texts.
-// Loaded once at start-up and saved once at exit; in between, commands change
-// only the fields here.
+// Loaded once at start-up and saved at exit when one changed; in between,
+// commands change only the fields here.
 
 #include <cstdint>
 #include <string>
+#include <utility>
+#include <vector>
 
 class MediaDB;
 
@@ -55,7 +57,19 @@ class CAppSettings {
   // Writes every setting but the catalogue version in one transaction: new rows
   // when insert is true, updates of the existing rows otherwise.
   void Save(bool insert);
+  // Save(false), when a setting differs from what was last loaded or saved;
+  // so a run that changed nothing never writes.
+  void SaveIfChanged();
+  // Inserts each setting row that Configs lacks, with the field's current
+  // value; the caller holds a transaction. Returns the number written.
+  int InsertMissingRows();
+  bool AnyRowMissing();
 
  private:
+  using Rows = std::vector<std::pair<int, std::string>>;
+  // Every saved setting with its text, in the order of Save.
+  Rows CurrentRows() const;
+
   MediaDB& db_;
+  Rows stored_;  // as last loaded or saved
 };

@@ -1,5 +1,7 @@
 #include "app/CLibraryApp.h"
 
+#include <cstdio>
+
 #include "platform/DriveTable.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
@@ -17,8 +19,13 @@ CLibraryApp::CLibraryApp(std::string programFolder, PlatformServices services)
       tree_(db_, settings_, drives_, list_) {}
 
 CLibraryApp::StartResult CLibraryApp::Start() {
-  const bool created = db_.Open(settings_.programFolder, platform_.files) == 1;
-  if (created) WriteFirstRunSettings();
+  lock_ = std::make_unique<platform::CatalogueLock>(settings_.programFolder + MediaDB::kFileName);
+  if (lock_->GetState() == platform::CatalogueLock::State::InUse) return StartResult::InUse;
+
+  const bool created =
+      db_.Open(settings_.programFolder, [this] { WriteFirstRunSettings(); }) == 1;
+  opened_ = true;
+  if (!created) WriteMissingSettingRows();
   settings_.Load();
   if (VersionAccepted()) return StartResult::Ready;
   platform_.messages.Show("Incompatible database version (" + settings_.catalogueVersion + ")!",
@@ -26,6 +33,13 @@ CLibraryApp::StartResult CLibraryApp::Start() {
   return StartResult::Refused;
 }
 
+std::string CLibraryApp::InUseMessage() const {
+  char message[128];
+  std::snprintf(message, sizeof message, kCatalogueInUse, lock_ ? lock_->HolderPid() : 0);
+  return message;
+}
+
+// Runs inside the transaction that creates the tables.
 void CLibraryApp::WriteFirstRunSettings() {
   settings_.SetConfigText(CAppSettings::kCatalogueVersion, kNewCatalogueVersion, true);
   settings_.cacheFolder = kDefaultCacheFolder;
@@ -33,7 +47,19 @@ void CLibraryApp::WriteFirstRunSettings() {
   platform_.files.CreateFolder(settings_.cacheFolder);
   const auto cdDrives = drives_.GetDriveList(platform::kDriveCdRom);
   settings_.cdDrive = cdDrives.empty() ? "" : cdDrives.front();
-  settings_.Save(true);
+  settings_.InsertMissingRows();
+}
+
+// A catalogue that lacks setting rows (made by hand, or by a run that was
+// killed) gets them with their first-run values, so that later changes stick.
+void CLibraryApp::WriteMissingSettingRows() {
+  if (db_.IsReadOnly() || !settings_.AnyRowMissing()) return;
+  settings_.cacheFolder = kDefaultCacheFolder;
+  const auto cdDrives = drives_.GetDriveList(platform::kDriveCdRom);
+  settings_.cdDrive = cdDrives.empty() ? "" : cdDrives.front();
+  db_.Begin();
+  settings_.InsertMissingRows();
+  db_.Commit();
 }
 
 bool CLibraryApp::VersionAccepted() const {
@@ -41,4 +67,6 @@ bool CLibraryApp::VersionAccepted() const {
   return std::string(kAcceptedVersions).find(settings_.catalogueVersion) != std::string::npos;
 }
 
-void CLibraryApp::Exit() { settings_.Save(false); }
+void CLibraryApp::Exit() {
+  if (opened_ && !db_.IsReadOnly()) settings_.SaveIfChanged();
+}

@@ -4,10 +4,12 @@
 // and the tests create one; the tests in a temporary program folder with a
 // drive table of their own and scripted message boxes.
 
+#include <memory>
 #include <string>
 
 #include "app/CAppSettings.h"
 #include "catalogue/MediaDB.h"
+#include "platform/CatalogueLock.h"
 #include "playback/CMciPlayer.h"
 #include "playback/CPlaybackControl.h"
 #include "playlists/CPlayListModel.h"
@@ -38,21 +40,29 @@ class CLibraryApp {
   static constexpr const char* kAcceptedVersions = "2.1;2.0";
   static constexpr const char* kDefaultCacheFolder = "C:\\QORCache";
 
-  enum class StartResult { Ready, Refused };
+  static constexpr const char* kCatalogueInUse =
+      "The catalogue is in use by another Vantrelle program (process %d).";
+
+  enum class StartResult { Ready, Refused, InUse };
 
   // programFolder: the Linux folder that holds (or will hold) the catalogue.
   CLibraryApp(std::string programFolder, PlatformServices services);
   CLibraryApp(const CLibraryApp&) = delete;
   CLibraryApp& operator=(const CLibraryApp&) = delete;
 
-  // Opens the catalogue (creating it with its first-run settings when new),
+  // Takes the catalogue for this program alone, opens it (creating it with
+  // its first-run settings when new, adding the setting rows it lacks),
   // loads the settings and tests the catalogue version. Refused means the
-  // version message was shown: the caller ends the run, through Exit.
+  // version message was shown: the caller ends the run, through Exit. InUse
+  // means another program holds the catalogue (InUseMessage says which);
+  // nothing was opened and the caller ends the run without Exit.
   // A catalogue file that cannot be opened is thrown as CppSQLite3Exception;
   // a failing statement ends the process with status 1.
   StartResult Start();
+  std::string InUseMessage() const;
 
-  // Saves every setting in one transaction.
+  // Saves the settings in one transaction when one changed and the catalogue
+  // can be written.
   void Exit();
 
   MediaDB& Db() { return db_; }
@@ -69,9 +79,12 @@ class CLibraryApp {
 
  private:
   void WriteFirstRunSettings();
+  void WriteMissingSettingRows();
   bool VersionAccepted() const;
 
   PlatformServices platform_;
+  std::unique_ptr<platform::CatalogueLock> lock_;  // held from Start to the end of the run
+  bool opened_ = false;
   MediaDB db_;
   CAppSettings settings_;
   CDriveServices drives_;

@@ -124,7 +124,7 @@ int Run(const Settings& settings) {
   ReportingMessageBox messages;
   CDriveServices drives(table, files, messages);
   MediaDB db;
-  db.Open(program, files);
+  db.Open(program);
 
   const IdList ids = BuildLibrary(db, disk, settings);
   ReadAll(disk + "/Music");

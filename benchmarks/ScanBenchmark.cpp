@@ -198,7 +198,7 @@ void RunSize(const std::string& folder, const std::string& fixtures, SizeResult&
     scanner.Run();
   };
   Measure(result, kFresh, n, [&] {
-    db.Open(library.ProgramFolder(), fileSystem);
+    db.Open(library.ProgramFolder());
     scan();
   });
   CheckCatalogue(db, "fresh scan", n, result);

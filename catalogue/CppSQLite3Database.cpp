@@ -2,12 +2,52 @@
 
 #include <sqlite3.h>
 
+#include <cstdio>
+#include <cstring>
+#include <string>
+
 #include "catalogue/CppSQLite3Exception.h"
 
 CppSQLite3Database::~CppSQLite3Database() { Close(); }
 
+namespace {
+
+// A file name as a "file:" URI: the characters URIs give a meaning are escaped.
+std::string FileUri(const char* path) {
+  std::string uri = "file:";
+  for (const char* c = path; *c; ++c) {
+    if (*c == '%' || *c == '?' || *c == '#') {
+      char escaped[4];
+      std::snprintf(escaped, sizeof escaped, "%%%02X", static_cast<unsigned char>(*c));
+      uri += escaped;
+    } else {
+      uri += *c;
+    }
+  }
+  return uri;
+}
+
+}  // namespace
+
 void CppSQLite3Database::Open(const char* path) {
-  int result = sqlite3_open(path, &connection_);
+  Connect(sqlite3_open(path, &connection_));
+}
+
+void CppSQLite3Database::OpenImmutable(const char* path) {
+  const std::string uri = FileUri(path) + "?immutable=1";
+  Connect(sqlite3_open_v2(uri.c_str(), &connection_, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI,
+                          nullptr));
+}
+
+bool CppSQLite3Database::IsReadOnly() const {
+  return connection_ && sqlite3_db_readonly(connection_, "main") == 1;
+}
+
+bool CppSQLite3Database::InTransaction() const {
+  return connection_ && sqlite3_get_autocommit(connection_) == 0;
+}
+
+void CppSQLite3Database::Connect(int result) {
   if (result != SQLITE_OK) {
     CppSQLite3Exception error(result, sqlite3_errmsg(connection_));
     sqlite3_close(connection_);
@@ -83,7 +123,9 @@ void CppSQLite3Database::InstallObserver() {
   }
   sqlite3_trace_v2(
       connection_, SQLITE_TRACE_STMT,
-      [](unsigned, void* context, void* statement, void*) -> int {
+      [](unsigned, void* context, void* statement, void* text) -> int {
+        // A trigger starting is reported as a comment: not a statement of ours.
+        if (text && std::strncmp(static_cast<const char*>(text), "--", 2) == 0) return 0;
         auto* self = static_cast<CppSQLite3Database*>(context);
         char* sql = sqlite3_expanded_sql(static_cast<sqlite3_stmt*>(statement));
         if (sql) self->observer_(sql);

@@ -24,6 +24,13 @@ class CppSQLite3Database {
 
   // Opens (and creates when missing) the database file; throws on failure.
   void Open(const char* path);
+  // Opens an existing file that nothing will change while it is open, reading
+  // it without locks or a write-ahead index (for a catalogue on read-only
+  // storage, whose write-ahead index cannot be made); throws on failure.
+  void OpenImmutable(const char* path);
+  bool IsReadOnly() const;
+  // Whether a transaction begun with BEGIN is open.
+  bool InTransaction() const;
   // Returns SQLite's close result, or 0 when nothing was open.
   int Close();
   bool IsOpen() const { return connection_ != nullptr; }
@@ -42,6 +49,8 @@ class CppSQLite3Database {
   void ObserveStatements(std::function<void(const char*)> observer);
 
  private:
+  // Takes the result of an open call: throws and forgets the connection on failure.
+  void Connect(int openResult);
   void RequireOpen() const;
   sqlite3_stmt* Prepare(const char* sql);
   void InstallObserver();

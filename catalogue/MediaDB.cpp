@@ -1,43 +1,106 @@
 #include "catalogue/MediaDB.h"
 
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <algorithm>
+
 #include "catalogue/CatalogueFailure.h"
+#include "catalogue/CppSQLite3Exception.h"
 #include "catalogue/MediaDBStatements.h"
-#include "platform/FileSystem.h"
 
 namespace {
 
-constexpr const char* kCreateTables[] = {
-    "CREATE TABLE MediaFiles (  FileID INTEGER PRIMARY KEY,VolID INTEGER, PathID INTEGER,"
-    "ScanState INTEGER,  FileName TEXT, Type INTEGER, Size INTEGER, DirtyBit INTEGER,  "
-    "Title TEXT, Artist TEXT,Album TEXT, Rating INTEGER,Comment TEXT,  id3Title TEXT, "
-    "id3Artist TEXT,id3Album,id3Genre TEXT,id3Comment TEXT,  Length INTEGER,BitRate INTEGER,"
-    "SampleRate INTEGER,Channels INTEGER);",
-    "CREATE TABLE MediaVolumes (  VolID INTEGER PRIMARY KEY,VolType INTEGER,SerialNo TEXT, "
-    "Name TEXT,   ScanState INTEGER,DrvLtr TEXT,DisplayName TEXT,Description TEXT);",
-    "CREATE TABLE MediaPaths (  PathID INTEGER PRIMARY KEY, VolID INTEGER, ParentID INTEGER,   "
-    "Name TEXT, FullPath TEXT, DirtyBit INTEGER);",
-    "CREATE TABLE PlayLists ( PlayListID INTEGER PRIMARY KEY, Name TEXT, FileIDs TEXT);",
-    "CREATE TABLE Configs(ConfigID INTEGER, Value TEXT);",
+struct TableDefinition {
+  const char* name;
+  const char* create;
+};
+
+constexpr TableDefinition kTables[] = {
+    {"MediaFiles",
+     "CREATE TABLE MediaFiles (  FileID INTEGER PRIMARY KEY,VolID INTEGER, PathID INTEGER,"
+     "ScanState INTEGER,  FileName TEXT, Type INTEGER, Size INTEGER, DirtyBit INTEGER,  "
+     "Title TEXT, Artist TEXT,Album TEXT, Rating INTEGER,Comment TEXT,  id3Title TEXT, "
+     "id3Artist TEXT,id3Album,id3Genre TEXT,id3Comment TEXT,  Length INTEGER,BitRate INTEGER,"
+     "SampleRate INTEGER,Channels INTEGER);"},
+    {"MediaVolumes",
+     "CREATE TABLE MediaVolumes (  VolID INTEGER PRIMARY KEY,VolType INTEGER,SerialNo TEXT, "
+     "Name TEXT,   ScanState INTEGER,DrvLtr TEXT,DisplayName TEXT,Description TEXT);"},
+    {"MediaPaths",
+     "CREATE TABLE MediaPaths (  PathID INTEGER PRIMARY KEY, VolID INTEGER, ParentID INTEGER,   "
+     "Name TEXT, FullPath TEXT, DirtyBit INTEGER);"},
+    {"PlayLists",
+     "CREATE TABLE PlayLists ( PlayListID INTEGER PRIMARY KEY, Name TEXT, FileIDs TEXT);"},
+    {"Configs", "CREATE TABLE Configs(ConfigID INTEGER, Value TEXT);"},
 };
 
 // Write-ahead logging makes a commit per folder cheap while a committed
 // transaction still survives a killed process.
 constexpr const char* kJournalSettings = "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;";
 
+bool Holds(const std::vector<std::string>& names, const char* name) {
+  return std::find(names.begin(), names.end(), name) != names.end();
+}
+
 }  // namespace
 
-int MediaDB::Open(const std::string& programFolder, const platform::FileSystem& files) {
-  const std::string path = programFolder + kFileName;
-  const bool existed = files.Exists(path);
-  db_.Open(path.c_str());
+int MediaDB::Open(const std::string& programFolder, const std::function<void()>& fillNewCatalogue) {
+  OpenReadable(programFolder + kFileName);
+  const std::vector<std::string> present = TableNames();
+  const bool created = present.empty();
+  if (IsReadOnly()) return 0;  // nothing can be created; reading is all there is
   ExecuteChange(kJournalSettings);
-  if (existed) return 0;
-  CreateTables();
-  return 1;
+  const bool complete = std::all_of(std::begin(kTables), std::end(kTables),
+                                    [&](const TableDefinition& t) { return Holds(present, t.name); });
+  if (!complete || idMarks_.AnyMarkMissing()) {
+    Begin();
+    CreateMissingTables(present);
+    idMarks_.WriteMissingMarks();
+    if (created && fillNewCatalogue) fillNewCatalogue();
+    Commit();
+  }
+  idMarks_.Start();
+  return created ? 1 : 0;
+}
+
+void MediaDB::OpenReadable(const std::string& path) {
+  db_.Open(path.c_str());
+  for (bool immutable = false;; immutable = true) {
+    try {
+      db_.ExecuteQuery("SELECT count(*) FROM sqlite_master;");
+      return;
+    } catch (const CppSQLite3Exception& failure) {
+      const int code = failure.Code() & 0xff;
+      const std::string reason = db_.ErrorMessage();
+      db_.Close();
+      if (code == SQLITE_NOTADB)
+        throw CppSQLite3Exception(code, (path + " is not a catalogue (" + reason + ")").c_str());
+      // A catalogue on read-only storage, whose write-ahead index cannot be made.
+      if (code != SQLITE_CANTOPEN || immutable || access(path.c_str(), W_OK) == 0)
+        throw CppSQLite3Exception(code, (path + ": " + reason).c_str());
+      db_.OpenImmutable(path.c_str());
+    }
+  }
+}
+
+std::vector<std::string> MediaDB::TableNames() {
+  CppSQLite3ResultSet result;
+  RunQuery("SELECT name FROM sqlite_master WHERE type='table';", result);
+  std::vector<std::string> names;
+  for (; !result.AtEnd(); result.NextRow()) {
+    const char* name = result.FieldText(0);
+    names.emplace_back(name ? name : "");
+  }
+  return names;
+}
+
+void MediaDB::CreateMissingTables(const std::vector<std::string>& present) {
+  for (const TableDefinition& t : kTables)
+    if (!Holds(present, t.name)) ExecuteChange(t.create);
 }
 
 void MediaDB::CreateTables() {
-  for (const char* statement : kCreateTables) ExecuteChange(statement);
+  for (const TableDefinition& t : kTables) ExecuteChange(t.create);
 }
 
 int MediaDB::ExecuteChange(const char* sql) {
@@ -87,32 +150,40 @@ void MediaDB::Begin() { ExecuteChange("BEGIN"); }
 void MediaDB::Commit() { ExecuteChange("COMMIT"); }
 
 int MediaDB::AddVolume(CMediaVolume& volume) {
-  volume.VolID = ExecuteChangeF(
-      "INSERT INTO MediaVolumes(SerialNo,Name,VolType,DrvLtr,DisplayName,Description) "
-      "values (%Q,%Q,%d,%Q,%Q,%Q);",
-      volume.SerialNo.c_str(), volume.Name.c_str(), volume.VolType, volume.DrvLtr.c_str(),
-      volume.DisplayName.c_str(), volume.Description.c_str());
+  volume.VolID = idMarks_.InsertAboveMark(IdKind::Volume, [&] {
+    return ExecuteChangeF(
+        "INSERT INTO MediaVolumes(SerialNo,Name,VolType,DrvLtr,DisplayName,Description) "
+        "values (%Q,%Q,%d,%Q,%Q,%Q);",
+        volume.SerialNo.c_str(), volume.Name.c_str(), volume.VolType, volume.DrvLtr.c_str(),
+        volume.DisplayName.c_str(), volume.Description.c_str());
+  });
   return volume.VolID;
 }
 
 int MediaDB::AddPath(CMediaPath& path) {
-  path.PathID = ExecuteChangeF(
-      "INSERT INTO MediaPaths(VolID,ParentID,DirtyBit,Name,FullPath) values (%d,%d,%d,%Q,%Q);",
-      path.VolID, path.ParentID, path.DirtyBit, path.Name.c_str(), path.FullPath.c_str());
+  path.PathID = idMarks_.InsertAboveMark(IdKind::Path, [&] {
+    return ExecuteChangeF(
+        "INSERT INTO MediaPaths(VolID,ParentID,DirtyBit,Name,FullPath) values (%d,%d,%d,%Q,%Q);",
+        path.VolID, path.ParentID, path.DirtyBit, path.Name.c_str(), path.FullPath.c_str());
+  });
   return path.PathID;
 }
 
 int MediaDB::AddFile(CMediaFile& file) {
-  file.FileID = ExecuteChangeF(
-      "INSERT INTO MediaFiles( VolID,PathID,ScanState,DirtyBit,FileName,Type) "
-      "VALUES (%d,%d,%d,%d,%Q,%d);",
-      file.VolID, file.PathID, file.ScanState, file.DirtyBit, file.FileName.c_str(), file.Type);
+  file.FileID = idMarks_.InsertAboveMark(IdKind::File, [&] {
+    return ExecuteChangeF(
+        "INSERT INTO MediaFiles( VolID,PathID,ScanState,DirtyBit,FileName,Type) "
+        "VALUES (%d,%d,%d,%d,%Q,%d);",
+        file.VolID, file.PathID, file.ScanState, file.DirtyBit, file.FileName.c_str(), file.Type);
+  });
   return file.FileID;
 }
 
 int MediaDB::AddPlayList(CPlayList& playList) {
-  playList.PlayListID = ExecuteChangeF("INSERT INTO PlayLists(Name,FileIDs) VALUES (%Q,%Q);",
-                                       playList.Name.c_str(), playList.FileIDs.c_str());
+  playList.PlayListID = idMarks_.InsertAboveMark(IdKind::PlayList, [&] {
+    return ExecuteChangeF("INSERT INTO PlayLists(Name,FileIDs) VALUES (%Q,%Q);",
+                          playList.Name.c_str(), playList.FileIDs.c_str());
+  });
   return playList.PlayListID;
 }
 
@@ -277,14 +348,17 @@ int MediaDB::UpdateFileTagsAndProperties(const CMediaFile& file, int scanState) 
 }
 
 int MediaDB::DeleteDirtyFiles(int pathId, int bit) {
+  idMarks_.NoteRemoval(IdKind::File);
   return ExecuteChangeF("DELETE FROM MediaFiles WHERE PathID=%d AND DirtyBit=%d;", pathId, bit);
 }
 
 int MediaDB::DeletePathFiles(int pathId) {
+  idMarks_.NoteRemoval(IdKind::File);
   return ExecuteChangeF("DELETE FROM MediaFiles WHERE PathID=%d;", pathId);
 }
 
 int MediaDB::DeletePath(int pathId) {
+  idMarks_.NoteRemoval(IdKind::Path);
   return ExecuteChangeF("DELETE FROM MediaPaths WHERE PathID=%d;", pathId);
 }
 
@@ -296,12 +370,16 @@ void MediaDB::DeletePathTree(int pathId) {
 }
 
 void MediaDB::DeleteVolume(int volId) {
+  idMarks_.NoteRemoval(IdKind::File);
+  idMarks_.NoteRemoval(IdKind::Path);
+  idMarks_.NoteRemoval(IdKind::Volume);
   ExecuteChangeF("DELETE FROM MediaFiles WHERE VolID=%d;", volId);
   ExecuteChangeF("DELETE FROM MediaPaths WHERE VolID=%d;", volId);
   ExecuteChangeF("DELETE FROM MediaVolumes WHERE VolID=%d;", volId);
 }
 
 int MediaDB::DeletePlayList(int playListId) {
+  idMarks_.NoteRemoval(IdKind::PlayList);
   return ExecuteChangeF("DELETE FROM PlayLists WHERE PlayListID=%d;", playListId);
 }
 
@@ -311,6 +389,8 @@ int MediaDB::SetConfig(int configId, const std::string& value, bool insert) {
                           value.c_str());
   return ExecuteChangeF("UPDATE Configs SET Value=%Q WHERE ConfigID=%d;", value.c_str(), configId);
 }
+
+IdList MediaDB::GetConfigIds() { return QueryIdList("SELECT ConfigID FROM Configs;"); }
 
 std::string MediaDB::GetConfig(int configId) {
   CppSQLite3SqlText sql;

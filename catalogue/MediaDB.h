@@ -17,11 +17,8 @@
 #include <vector>
 
 #include "catalogue/CppSQLite3Database.h"
+#include "catalogue/IdMarks.h"
 #include "catalogue/Records.h"
-
-namespace platform {
-class FileSystem;
-}
 
 using IdList = std::vector<std::uint32_t>;
 
@@ -29,14 +26,23 @@ class MediaDB {
  public:
   static constexpr const char* kFileName = "Quillora.db";
 
-  MediaDB() = default;
+  MediaDB() : idMarks_(*this) {}
+  MediaDB(const MediaDB&) = delete;
+  MediaDB& operator=(const MediaDB&) = delete;
   virtual ~MediaDB() = default;
 
   // Opens kFileName in the program folder (a Linux folder ending in "/").
-  // Returns 1 when the file was new (its tables were created), 0 otherwise.
-  // A failure to open the file is thrown as CppSQLite3Exception.
-  int Open(const std::string& programFolder, const platform::FileSystem& files);
+  // A file without tables (a new or empty file) is a new catalogue: its
+  // tables are created and fillNewCatalogue runs, all in one transaction, so
+  // a process killed meanwhile leaves a file that is still new. Tables a file
+  // lacks are created too. Returns 1 for a new catalogue, 0 otherwise.
+  // A catalogue on read-only storage is opened for reading.
+  // A file that cannot be opened, or is not a catalogue, is thrown as
+  // CppSQLite3Exception.
+  int Open(const std::string& programFolder, const std::function<void()>& fillNewCatalogue = {});
   void CreateTables();
+  bool IsReadOnly() const { return db_.IsReadOnly(); }
+  bool InTransaction() const { return db_.InTransaction(); }
 
   int ExecuteChange(const char* sql);
   void RunQuery(const char* sql, CppSQLite3ResultSet& result);
@@ -119,6 +125,7 @@ class MediaDB {
 
   int SetConfig(int configId, const std::string& value, bool insert);
   std::string GetConfig(int configId);
+  IdList GetConfigIds();
 
   // Whole rows in one statement each, for the tree and the list, in the order
   // of the id lists above: the volumes of a type (GetVolumeIds), every folder
@@ -134,6 +141,14 @@ class MediaDB {
   void ObserveStatements(std::function<void(const char*)> observer);
 
  private:
+  friend class IdMarks;
+
+  // The names of the tables the file holds; throws when it is not a database.
+  std::vector<std::string> TableNames();
+  void OpenReadable(const std::string& path);
+  // Creates those of the five tables that the file lacks.
+  void CreateMissingTables(const std::vector<std::string>& present);
+
   // The statement formatted with SQLite's printf, then run as by ExecuteChange,
   // QueryInt or QueryIdList.
   template <class... Values>
@@ -152,4 +167,5 @@ class MediaDB {
   std::vector<Row> QueryRows(const char* format, Values... values);
 
   CppSQLite3Database db_;
+  IdMarks idMarks_;
 };

@@ -60,10 +60,12 @@ int MediaDB::SetFilesDirtyBit(const IdList& fileIds, int bit) {
 }
 
 int MediaDB::DeleteFiles(const IdList& fileIds) {
+  idMarks_.NoteRemoval(IdKind::File);
   return ExecuteForIds("DELETE FROM MediaFiles WHERE FileID IN (%s);", fileIds);
 }
 
 int MediaDB::DeletePaths(const IdList& pathIds) {
+  idMarks_.NoteRemoval(IdKind::Path);
   return ExecuteForIds("DELETE FROM MediaPaths WHERE PathID IN (%s);", pathIds);
 }
 

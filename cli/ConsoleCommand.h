@@ -31,6 +31,9 @@ class ConsoleCommand {
 // of the table holds it.
 std::string FolderArgument(CLibraryApp& app, const std::string& argument);
 
-// A text as one line for the terminal: tabs and line breaks become blanks,
-// and bytes that are not UTF-8 are shown as Latin-1 letters.
+// A text as the terminal may show it: bytes that are not UTF-8 are shown as
+// Latin-1 letters, and control characters (which could drive the terminal:
+// escape sequences in a tag or a file name) as "?". Line breaks are kept.
+std::string TerminalText(const std::string& text);
+// The same as one line: tabs and line breaks become blanks.
 std::string OneLine(const std::string& text);

@@ -1,5 +1,7 @@
 #include "cli/ConsoleMessageBox.h"
 
+#include "cli/ConsoleCommand.h"
+
 #include <cctype>
 #include <string>
 
@@ -25,7 +27,7 @@ ConsoleMessageBox::ConsoleMessageBox(AnswerPolicy policy, std::FILE* in, std::FI
 platform::Answer ConsoleMessageBox::Show(const std::string& text, platform::Buttons buttons,
                                          platform::Icon) {
   std::lock_guard lock(mutex_);
-  std::fprintf(out_, "%s\n", text.c_str());
+  std::fprintf(out_, "%s\n", TerminalText(text).c_str());
   std::fflush(out_);
   if (buttons == platform::Buttons::Ok) return platform::Answer::Ok;
   switch (policy_) {

@@ -30,6 +30,7 @@ constexpr int kDone = 0;
 constexpr int kCatalogueFailed = 1;
 constexpr int kWrongCommandLine = 2;
 constexpr int kCatalogueRefused = 3;
+constexpr int kCatalogueInUse = 4;
 
 int RunSession(ConsoleCommand& command, AnswerPolicy policy) {
   const std::string programFolder = platform::ProgramFolder();
@@ -45,9 +46,15 @@ int RunSession(ConsoleCommand& command, AnswerPolicy policy) {
   CLibraryApp app(programFolder, PlatformServices{drives, files, messages, media});
 
   try {
-    if (app.Start() == CLibraryApp::StartResult::Refused) {
-      app.Exit();
-      return kCatalogueRefused;
+    switch (app.Start()) {
+      case CLibraryApp::StartResult::Ready:
+        break;
+      case CLibraryApp::StartResult::Refused:
+        app.Exit();
+        return kCatalogueRefused;
+      case CLibraryApp::StartResult::InUse:
+        std::fprintf(stderr, "%s\n", app.InUseMessage().c_str());
+        return kCatalogueInUse;
     }
   } catch (const CppSQLite3Exception& failure) {
     std::fprintf(stderr, "vantrelle-cli: cannot open the catalogue: %s\n", failure.Message());
@@ -70,6 +77,10 @@ int RunSession(ConsoleCommand& command, AnswerPolicy policy) {
 int RunConsole(int argc, char** argv) {
   CLI::App cli{"The console face of Vantrelle: catalogue, search and play music on disks and CDs.",
                "vantrelle-cli"};
+  cli.footer(
+      "Exit status: 0 done (a cancelled question too); 1 a catalogue statement failed, or the\n"
+      "catalogue cannot be opened; 2 a wrong command line; 3 the catalogue is of another version;\n"
+      "4 another Vantrelle program is using the catalogue.");
   cli.require_subcommand(1);
   bool yes = false, no = false;
   auto* yesFlag = cli.add_flag("--yes", yes, "Answer every question with OK (or Retry)");

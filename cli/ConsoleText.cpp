@@ -38,19 +38,50 @@ std::string FolderArgument(CLibraryApp& app, const std::string& argument) {
   return drivePath;
 }
 
-std::string OneLine(const std::string& text) {
-  std::string line;
+namespace {
+
+bool IsLineBreakOrTab(char32_t c) { return c == '\t' || c == '\n' || c == '\r'; }
+
+// C0 and C1 controls and DEL.
+bool IsControl(char32_t c) { return c < 0x20 || (c >= 0x7F && c <= 0x9F); }
+
+std::string Utf8(char32_t c) {
+  if (c < 0x80) return std::string(1, static_cast<char>(c));
+  return {static_cast<char>(0xC0 | (c >> 6)), static_cast<char>(0x80 | (c & 0x3F))};
+}
+
+// Calls show(code point or Latin-1 byte, its UTF-8 text) for each character.
+template <class Show>
+void ForEachCharacter(const std::string& text, Show show) {
   for (std::size_t i = 0; i < text.size();) {
     const std::size_t length = Utf8SequenceLength(text, i);
-    if (length == 0) {  // a Latin-1 byte: U+0080..U+00FF in UTF-8
-      const auto byte = static_cast<unsigned char>(text[i++]);
-      line += static_cast<char>(0xC0 | (byte >> 6));
-      line += static_cast<char>(0x80 | (byte & 0x3F));
+    if (length == 0) {  // a Latin-1 byte: U+0080..U+00FF
+      const char32_t byte = static_cast<unsigned char>(text[i++]);
+      show(byte, Utf8(byte));
       continue;
     }
-    const char c = text[i];
-    line += (c == '\t' || c == '\n' || c == '\r') ? std::string(" ") : text.substr(i, length);
+    const auto lead = static_cast<unsigned char>(text[i]);
+    const char32_t c = length == 1 ? lead
+                       : length == 2 ? ((lead & 0x1Fu) << 6) | (static_cast<unsigned char>(text[i + 1]) & 0x3Fu)
+                                     : 0x800;  // longer sequences hold no control characters
+    show(c, text.substr(i, length));
     i += length;
   }
-  return line;
 }
+
+std::string Printable(const std::string& text, bool oneLine) {
+  std::string shown;
+  ForEachCharacter(text, [&](char32_t c, const std::string& utf8) {
+    if (IsLineBreakOrTab(c))
+      shown += oneLine || c == '\r' ? std::string(" ") : utf8;
+    else
+      shown += IsControl(c) ? std::string("?") : utf8;
+  });
+  return shown;
+}
+
+}  // namespace
+
+std::string TerminalText(const std::string& text) { return Printable(text, false); }
+
+std::string OneLine(const std::string& text) { return Printable(text, true); }

@@ -18,6 +18,7 @@ namespace {
 
 constexpr int kDone = 0;
 constexpr int kCatalogueFailed = 1;
+constexpr int kCatalogueInUse = 4;
 
 // The main window from start-up to its close; a refused catalogue closes
 // it right after start-up. Either way the close puts the geometry into the
@@ -59,6 +60,10 @@ int RunDesktop() {
     messages.Show(std::string("Cannot open the catalogue: ") + failure.Message(), platform::Buttons::Ok,
                   platform::Icon::Error);
     return kCatalogueFailed;
+  }
+  if (started == CLibraryApp::StartResult::InUse) {
+    messages.Show(app.InUseMessage(), platform::Buttons::Ok, platform::Icon::Error);
+    return kCatalogueInUse;
   }
   RunMainWindow(app, messages, started == CLibraryApp::StartResult::Refused);
   messages.SetParent(nullptr);

@@ -11,9 +11,14 @@ void QtFolderPicker::SetParent(QWidget* parent) { parent_ = parent; }
 
 int QtFolderPicker::Browse(const std::string& title, const std::string& initialFolder,
                            std::string& chosenFolder) {
-  const QString folder = QFileDialog::getExistingDirectory(parent_, ToQString(title),
-                                                           ToQString(initialFolder));
-  if (folder.isEmpty()) return kCancelled;
-  chosenFolder = ToStdString(QDir(folder).absolutePath());
+  // Qt's own dialog, showing folders only: a desktop's native dialog lists the
+  // files too and opens them to choose their icons, the catalogue among them.
+  QFileDialog dialog(parent_, ToQString(title), ToQString(initialFolder));
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setOptions(QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog |
+                    QFileDialog::DontUseCustomDirectoryIcons);
+  dialog.setFilter(QDir::AllDirs | QDir::Drives | QDir::NoDotAndDotDot);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return kCancelled;
+  chosenFolder = ToStdString(QDir(dialog.selectedFiles().constFirst()).absolutePath());
   return kChosen;
 }

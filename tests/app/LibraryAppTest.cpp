@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
 #include "app/CLibraryApp.h"
+#include "catalogue/CppSQLite3Exception.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
 #include "tests/support/RecordingMediaControl.h"
@@ -53,26 +55,31 @@ TEST_F(LibraryAppTest, FirstStartWritesTheDefaultsAndMakesTheCacheFolder) {
       {1, "2.1"},   {405, "E"},   {410, "C:\\QORCache"}, {505, "40"}, {510, "100"},
       {515, "400"}, {520, "500"}, {525, "100"},          {530, "550"}, {535, "100"},
       {540, "400"}, {545, "210"}, {605, ""}};
-  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 13);
+  // The settings, and the marks of the highest ids given (901 to 904).
+  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 17);
   for (const auto& [id, value] : expected) EXPECT_EQ(Config(*app, id), value) << id;
   EXPECT_TRUE(fs::is_directory(folder.Path() + "/home/QORCache"));
   EXPECT_TRUE(messages.Shown().empty());
 }
 
-TEST_F(LibraryAppTest, LaterStartsInsertNothingAndExitUpdatesInOneTransaction) {
+TEST_F(LibraryAppTest, LaterStartsInsertNothingAndExitWritesOnlyWhenASettingChanged) {
   NewApp()->Start();
   fs::remove(folder.Path() + "/home/QORCache");  // not made again on later starts
   auto app = NewApp();
   const auto startStatements = StatementsOf(*app, [&] { app->Start(); });
   for (const auto& sql : startStatements) EXPECT_EQ(sql.find("INSERT"), std::string::npos) << sql;
   EXPECT_FALSE(fs::exists(folder.Path() + "/home/QORCache"));
+  EXPECT_TRUE(StatementsOf(*app, [&] { app->Exit(); }).empty());
 
+  app->Settings().mainLeft = 41;
   const auto exitStatements = StatementsOf(*app, [&] { app->Exit(); });
   ASSERT_EQ(exitStatements.size(), 14u);
   EXPECT_EQ(exitStatements.front(), "BEGIN");
   EXPECT_EQ(exitStatements.back(), "COMMIT");
   EXPECT_EQ(exitStatements[1], "UPDATE Configs SET Value='E' WHERE ConfigID=405;");
-  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 13);
+  EXPECT_EQ(exitStatements[3], "UPDATE Configs SET Value='41' WHERE ConfigID=505;");
+  EXPECT_TRUE(StatementsOf(*app, [&] { app->Exit(); }).empty());  // saved: unchanged again
+  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 17);
 }
 
 TEST_F(LibraryAppTest, SettingsSurviveARestart) {
@@ -107,7 +114,7 @@ TEST_F(LibraryAppTest, CatalogueVersionTest) {
            {"3.0", false}, {"2", true}, {"1;2", true}, {"2.0", true}, {"2.2", false}}) {
     {
       MediaDB db;
-      db.Open(folder.Path() + "/", files);
+      db.Open(folder.Path() + "/");
       db.SetConfig(1, version, false);
     }
     auto app = NewApp();
@@ -120,28 +127,61 @@ TEST_F(LibraryAppTest, CatalogueVersionTest) {
   // A catalogue without a version row is accepted.
   {
     MediaDB db;
-    db.Open(folder.Path() + "/", files);
+    db.Open(folder.Path() + "/");
     db.ExecuteChange("DELETE FROM Configs WHERE ConfigID=1;");
   }
   EXPECT_EQ(NewApp()->Start(), CLibraryApp::StartResult::Ready);
   EXPECT_EQ(messages.Shown().size(), 2u);
 }
 
-TEST_F(LibraryAppTest, AMissingRowKeepsItsValueForTheRunOnly) {
+TEST_F(LibraryAppTest, MissingSettingRowsAreWrittenWithTheirDefaultsAtStartUp) {
   {
     auto app = NewApp();
     app->Start();
-    app->Db().ExecuteChange("DELETE FROM Configs WHERE ConfigID=605;");
+    app->Db().ExecuteChange("DELETE FROM Configs WHERE ConfigID IN (410,505,605);");
   }
   {
     auto app = NewApp();
     app->Start();
+    EXPECT_EQ(Config(*app, 410), "C:\\QORCache");
+    EXPECT_EQ(Config(*app, 505), "40");
+    EXPECT_EQ(app->Settings().mainLeft, 40);
     app->Settings().playListFolder = "C:\\Lists\\";
     app->Exit();
   }
   auto app = NewApp();
   app->Start();
-  EXPECT_EQ(app->Settings().playListFolder, "");
+  EXPECT_EQ(app->Settings().playListFolder, "C:\\Lists\\");  // the change stuck
+  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 17);
+}
+
+TEST_F(LibraryAppTest, AnEmptyOrHalfMadeCatalogueIsMadeWhole) {
+  // An empty file: a new catalogue. So is one a killed first start left
+  // behind by an older version (tables, but no Configs table).
+  folder.WriteFile("Quillora.db", "");
+  {
+    auto app = NewApp();
+    ASSERT_EQ(app->Start(), CLibraryApp::StartResult::Ready);
+    EXPECT_EQ(Config(*app, 1), "2.1");
+    app->Db().ExecuteChange("DROP TABLE Configs;");
+  }
+  auto app = NewApp();
+  ASSERT_EQ(app->Start(), CLibraryApp::StartResult::Ready);
+  EXPECT_EQ(Config(*app, 410), "C:\\QORCache");
+  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM sqlite_master;"), 5);
+}
+
+TEST_F(LibraryAppTest, ASecondProgramOnTheCatalogueIsRefused) {
+  auto first = NewApp();
+  ASSERT_EQ(first->Start(), CLibraryApp::StartResult::Ready);
+  auto second = NewApp();
+  EXPECT_EQ(second->Start(), CLibraryApp::StartResult::InUse);
+  EXPECT_EQ(second->InUseMessage(),
+            "The catalogue is in use by another Vantrelle program (process " +
+                std::to_string(getpid()) + ").");
+  second->Exit();  // writes nothing: it never opened the catalogue
+  first.reset();
+  EXPECT_EQ(NewApp()->Start(), CLibraryApp::StartResult::Ready);
 }
 
 TEST(LibraryAppNoCdDrive, FirstStartStoresAnEmptyCdDrive) {
@@ -156,14 +196,17 @@ TEST(LibraryAppNoCdDrive, FirstStartStoresAnEmptyCdDrive) {
   EXPECT_EQ(app.Settings().cdDrive, "");
 }
 
-using LibraryAppDeathTest = LibraryAppTest;
-
-TEST_F(LibraryAppDeathTest, AFileThatIsNoCatalogueEndsTheRunAndStaysUnchanged) {
-  // Forked without re-running the test, so that the parent sees the child's files.
-  GTEST_FLAG_SET(death_test_style, "fast");
+TEST_F(LibraryAppTest, AFileThatIsNoCatalogueIsThrownAndStaysUnchanged) {
   const std::string text = "These are my notes, not a catalogue.\n";
   folder.WriteFile("Quillora.db", text);
-  EXPECT_EXIT(NewApp()->Start(), ::testing::ExitedWithCode(1), "file is not a database");
+  try {
+    NewApp()->Start();
+    ADD_FAILURE() << "no exception";
+  } catch (const CppSQLite3Exception& failure) {
+    EXPECT_NE(std::string(failure.Message()).find("is not a catalogue (file is not a database)"),
+              std::string::npos)
+        << failure.Message();
+  }
   std::ifstream in(folder.Path() + "/Quillora.db");
   std::stringstream content;
   content << in.rdbuf();

@@ -11,7 +11,7 @@
 class CatalogueTest : public ::testing::Test {
  protected:
   CatalogueTest() : drives(folder.Path()), files(drives) {}
-  void SetUp() override { ASSERT_EQ(db.Open(folder.Path() + "/", files), 1); }
+  void SetUp() override { ASSERT_EQ(db.Open(folder.Path() + "/"), 1); }
 
   int AddVolume(const std::string& serial, int type, const std::string& name = "Disc") {
     CMediaVolume volume;

@@ -44,7 +44,7 @@ TEST_F(CatalogueTest, NewCatalogueHoldsExactlyTheFiveTables) {
             "table PlayLists: CREATE TABLE PlayLists ( PlayListID INTEGER PRIMARY KEY, Name "
             "TEXT, FileIDs TEXT)");
   MediaDB again;
-  EXPECT_EQ(again.Open(folder.Path() + "/", files), 0);
+  EXPECT_EQ(again.Open(folder.Path() + "/"), 0);
 }
 
 TEST_F(CatalogueTest, TextsWithQuotesAndOddLettersRoundTrip) {
@@ -133,6 +133,51 @@ TEST_F(CatalogueTest, RemovalsCascadeButKeepPlayLists) {
   EXPECT_EQ(db.GetPathVolume(sibling), -1);
   EXPECT_NE(db.GetFile(kept), nullptr);
   EXPECT_EQ(db.GetPlayListFileIds(list.PlayListID), list.FileIDs);
+}
+
+TEST_F(CatalogueTest, IdsAreNeverHandedOutTwiceAcrossRemovalsAndRestarts) {
+  const int vol = AddVolume("1", 3);
+  const int path = AddPath(vol, "\\A\\");
+  const int first = AddFile(vol, path, "a.mp3");
+  const int second = AddFile(vol, path, "b.mp3");
+  db.DeleteFiles({static_cast<std::uint32_t>(second)});
+  const int third = AddFile(vol, path, "c.mp3");
+  EXPECT_GT(third, second);
+  EXPECT_EQ(db.QueryInt("SELECT count(*) FROM MediaFiles;"), 2);  // no placeholder left
+
+  // The highest rows of every table go, then the catalogue is opened anew.
+  CPlayList list;
+  list.Name = "Mix";
+  const int listId = db.AddPlayList(list);
+  db.DeletePlayList(listId);
+  db.DeleteVolume(vol);
+  MediaDB reopened;
+  ASSERT_EQ(reopened.Open(folder.Path() + "/"), 0);
+  CMediaVolume volume;
+  EXPECT_GT(reopened.AddVolume(volume), vol);
+  CMediaPath folderRow;
+  EXPECT_GT(reopened.AddPath(folderRow), path);
+  CMediaFile file;
+  reopened.Begin();  // inside a caller's transaction too
+  EXPECT_GT(reopened.AddFile(file), third);
+  reopened.Commit();
+  EXPECT_GT(reopened.AddPlayList(list), listId);
+  EXPECT_EQ(reopened.QueryInt("SELECT count(*) FROM MediaFiles;"), 1);
+  EXPECT_GT(first, 0);
+}
+
+TEST_F(CatalogueTest, ACatalogueWithoutIdMarksGetsThemFromItsRows) {
+  const int vol = AddVolume("1", 3);
+  const int path = AddPath(vol, "\\A\\");
+  AddFile(vol, path, "a.mp3");
+  const int last = AddFile(vol, path, "b.mp3");
+  db.ExecuteChange("DELETE FROM Configs;");  // as a catalogue of an older version
+  MediaDB reopened;
+  ASSERT_EQ(reopened.Open(folder.Path() + "/"), 0);
+  EXPECT_EQ(reopened.GetConfig(901), std::to_string(last));
+  reopened.DeletePathFiles(path);
+  CMediaFile file;
+  EXPECT_EQ(reopened.AddFile(file), last + 1);
 }
 
 TEST_F(CatalogueTest, QuickSearchIgnoresAsciiCaseAndKeepsWildcards) {

@@ -52,7 +52,7 @@ class ScanTest : public ::testing::Test {
     testDrives.AddCd('E');
   }
 
-  void SetUp() override { db.Open(folder.Path() + "/", fileSystem); }
+  void SetUp() override { db.Open(folder.Path() + "/"); }
 
   // Copies a fixture to a path below the folder (for instance "c/Music/a.mp3").
   void Put(const std::string& relative, const std::string& fixture) {

@@ -204,7 +204,7 @@ TEST_F(ScanDeathTest, AReaderFailureEndsTheProgramAndTheTagPhaseIsLost) {
       ::testing::KilledBySignal(SIGABRT), "box: \\*\\*\\*\\* GetTag\\(\\) EXCEPTION \\*\\*\\*\\*");
 
   MediaDB reopened;
-  reopened.Open(folder.Path() + "/", fileSystem);
+  reopened.Open(folder.Path() + "/");
   EXPECT_EQ(reopened.QueryInt("SELECT count(*) FROM MediaFiles;"), 2);
   EXPECT_EQ(reopened.QueryInt("SELECT count(*) FROM MediaFiles WHERE ScanState<>0;"), 0);
   EXPECT_EQ(reopened.QueryInt("SELECT count(*) FROM MediaFiles WHERE id3Title IS NOT NULL;"), 0);
