@@ -1,9 +1,27 @@
 #include "qt/dialogs/QtFolderPicker.h"
 
+#include <QAbstractFileIconProvider>
 #include <QDir>
 #include <QFileDialog>
 
 #include "qt/dialogs/QtText.h"
+
+namespace {
+
+// Icons by kind of entry only. The default provider asks the MIME database,
+// which opens files to look at their content: the catalogue among them, and
+// closing it would drop the locks SQLite holds on it.
+class KindIconProvider : public QAbstractFileIconProvider {
+ public:
+  QIcon icon(const QFileInfo& info) const override {
+    return QAbstractFileIconProvider::icon(info.isDir() ? Folder : File);
+  }
+  QString type(const QFileInfo& info) const override {
+    return info.isDir() ? QStringLiteral("Folder") : QStringLiteral("File");
+  }
+};
+
+}  // namespace
 
 QtFolderPicker::QtFolderPicker(QWidget* parent) : parent_(parent) {}
 
@@ -11,9 +29,11 @@ void QtFolderPicker::SetParent(QWidget* parent) { parent_ = parent; }
 
 int QtFolderPicker::Browse(const std::string& title, const std::string& initialFolder,
                            std::string& chosenFolder) {
-  // Qt's own dialog, showing folders only: a desktop's native dialog lists the
-  // files too and opens them to choose their icons, the catalogue among them.
+  // Qt's own dialog, showing folders only: a desktop's native dialog lists
+  // the files too and opens them to choose their icons.
+  KindIconProvider icons;
   QFileDialog dialog(parent_, ToQString(title), ToQString(initialFolder));
+  dialog.setIconProvider(&icons);
   dialog.setFileMode(QFileDialog::Directory);
   dialog.setOptions(QFileDialog::ShowDirsOnly | QFileDialog::DontUseNativeDialog |
                     QFileDialog::DontUseCustomDirectoryIcons);

@@ -1,12 +1,34 @@
+#include <unistd.h>
+
+#include <QFileDialog>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <fstream>
+#include <sstream>
 
+#include "qt/dialogs/QtFolderPicker.h"
 #include "tests/qt/DesktopFixture.h"
+#include "tests/qt/dialogs/WhenShown.h"
 
 namespace {
 
 using platform::Answer;
+
+// The locks this process holds, as /proc/locks lists them (without the
+// running number in front, which other processes' locks change).
+std::vector<std::string> OwnLocks() {
+  std::vector<std::string> locks;
+  std::ifstream table("/proc/locks");
+  for (std::string line; std::getline(table, line);) {
+    std::istringstream fields(line);
+    std::string number, kind, mode, access;
+    int pid = 0;
+    if (fields >> number >> kind >> mode >> access >> pid && pid == getpid())
+      locks.push_back(line.substr(line.find(' ') + 1));
+  }
+  return locks;
+}
 
 TEST_F(DesktopTest, AddBrowseSearchEditAndRemoveAFolder) {
   AddMusicFolder();
@@ -156,6 +178,21 @@ TEST_F(DesktopTest, SplitterKeysOptionsAboutAndGeometry) {
   EXPECT_EQ(std::vector({settings.mainWidth, settings.mainHeight, settings.splitter, settings.playListWidth,
                          settings.playListHeight}),
             std::vector({720, 480, 300, 230, 410}));
+}
+
+TEST_F(DesktopTest, TheFolderPickerLeavesTheCataloguesLocksAlone) {
+  app.Db().QueryInt("SELECT count(*) FROM MediaFiles;");
+  const auto before = OwnLocks();
+  ASSERT_TRUE(std::any_of(before.begin(), before.end(),
+                          [](const std::string& lock) { return lock.find("FLOCK") != std::string::npos; }));
+  QtFolderPicker realPicker(window.get());
+  WhenShown<QFileDialog>([](QFileDialog& dialog) {
+    QTest::qWait(500);  // the dialog lists the program folder meanwhile
+    dialog.reject();
+  });
+  std::string chosen;
+  realPicker.Browse("Select Folder", temp.Path(), chosen);
+  EXPECT_EQ(OwnLocks(), before);
 }
 
 }  // namespace
