@@ -53,9 +53,5 @@ void CopyWorker::CopyFile(const std::string& drive, int fileId) {
       MakeFullPath(drive, db_.GetPathFullPath(file->PathID), file->FileName);
   const std::string target = MakeFullPath("", job_.target, file->FileName);
   job_.state.SetStatus(source);
-  platform::FileSystem& files = drives_.Files();
-  files.CopyNoOverwrite(source, target);
-  // Copies from a CD come read-only; a file that was there already is opened
-  // up too.
-  files.MakeWritable(target);
+  drives_.Files().CopyNoOverwrite(source, target);
 }

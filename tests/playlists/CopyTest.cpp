@@ -116,7 +116,7 @@ TEST_F(CopyTest, NothingThatExistsIsOverwrittenAndBadSourcesArePassedOver) {
 
   copy.CopyToCache();
   EXPECT_EQ(Read("c/QORCache/a.mp3") + Read("c/QORCache/b.mp3"), "minefirst");
-  EXPECT_NE(fs::status(Local("c/QORCache/a.mp3")).permissions() & fs::perms::owner_write, fs::perms::none);
+  EXPECT_EQ(fs::status(Local("c/QORCache/a.mp3")).permissions(), fs::perms::owner_read);
   EXPECT_FALSE(fs::exists(Local("c/QORCache/gone.mp3")) || fs::exists(Local("c/QORCache/removed.mp3")));
   copy.CopyFiles("C:\\Missing\\Folder", false);
   EXPECT_EQ(messages.Texts(), Strings(2, "File Copy Complete."));
