@@ -36,6 +36,8 @@ class ConsolePlayListWindow : private PlayListView,
   void MoveList(int, int, int, int) override {}
   void AddButtons(std::span<const PlayListButton>) override {}
   int TrackPopupMenu(std::span<const PlayListMenuEntry>) override { return 0; }
+  // The copy command prints each file not copied instead (PlayListCommands.h).
+  void SetStatusLine(const std::string&) override {}
 
   int Browse(const std::string& title, const std::string& initialFolder,
              std::string& chosenFolder) override;

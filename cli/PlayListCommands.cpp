@@ -4,6 +4,7 @@
 
 #include "app/CLibraryApp.h"
 #include "cli/ConsolePlayListWindow.h"
+#include "playlists/CPlayListModel.h"
 
 namespace {
 
@@ -17,6 +18,16 @@ IdList CataloguedFiles(CLibraryApp& app, const std::vector<int>& fileIds) {
     ids.push_back(static_cast<std::uint32_t>(id));
   }
   return ids;
+}
+
+// After "File Copy Complete.": a line for each file that was not copied.
+void PrintNotCopied(std::FILE* out, const CopySummary& summary) {
+  for (const NotCopiedFile& file : summary.NotCopied()) {
+    if (file.alreadyThere)
+      std::fprintf(out, "already there: %s\n", OneLine(file.fileName).c_str());
+    else
+      std::fprintf(out, "not copied: %s: %s\n", OneLine(file.source).c_str(), file.reason.c_str());
+  }
 }
 
 }  // namespace
@@ -50,7 +61,7 @@ CopyCommand::CopyCommand(CLI::App& parent)
 
 bool CopyCommand::Chosen() const { return command_->parsed(); }
 
-int CopyCommand::Run(CLibraryApp& app, std::FILE*) {
+int CopyCommand::Run(CLibraryApp& app, std::FILE* out) {
   const std::string target = folder_ ? FolderArgument(app, *folder_) : "";
   const IdList ids = CataloguedFiles(app, fileIds_);
   ConsolePlayListWindow window(app);
@@ -61,6 +72,7 @@ int CopyCommand::Run(CLibraryApp& app, std::FILE*) {
   } else {
     window.Press(CPlayListDlg::kCache);
   }
+  PrintNotCopied(out, app.PlayList().Copy().summary);
   return 0;
 }
 

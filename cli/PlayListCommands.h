@@ -20,7 +20,9 @@ class SavePlayListCommand : public ConsoleCommand {
 };
 
 // `copy --cache FILEID...` / `copy --to FOLDER FILEID...`: the play list window
-// holding those files; "Cache", or "Copy All To .." with FOLDER picked.
+// holding those files; "Cache", or "Copy All To .." with FOLDER picked. After
+// "File Copy Complete." a line for each file not copied: "already there: NAME"
+// or "not copied: SOURCE: REASON".
 class CopyCommand : public ConsoleCommand {
  public:
   explicit CopyCommand(CLI::App& parent);

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace platform {
@@ -21,6 +22,20 @@ struct DirEntry {
 struct FileFacts {
   std::string name;  // the name as the file system stores it
   std::int64_t size = 0;
+};
+
+// What copying one file came to: copied; an entry of the target's name was
+// there already and was left as it was; or failed, with a short reason for
+// the user ("disk full", "target folder missing").
+struct CopyResult {
+  enum class Outcome { Copied, AlreadyThere, Failed };
+  Outcome outcome = Outcome::Failed;
+  std::string reason;  // empty unless failed
+
+  static CopyResult Copied() { return {Outcome::Copied, {}}; }
+  static CopyResult AlreadyThere() { return {Outcome::AlreadyThere, {}}; }
+  static CopyResult Failed(std::string why) { return {Outcome::Failed, std::move(why)}; }
+  bool operator==(const CopyResult&) const = default;
 };
 
 // Identifies a folder independently of the path that reached it.
@@ -55,12 +70,12 @@ class FileSystem {
   virtual bool CreateFolder(const std::string& path) = 0;
   virtual bool Remove(const std::string& path) = 0;
 
-  // Copies a file to a target that must not exist yet; an existing target is
-  // never replaced. The kernel copies the bytes.
-  virtual bool CopyNoOverwrite(const std::string& source, const std::string& target) = 0;
-
-  // Lets the owner read and write the file.
-  virtual bool MakeWritable(const std::string& path) = 0;
+  // Copies a regular file to a target that must not exist yet. An existing
+  // entry of the target's name (even a link or a dangling link) is never
+  // replaced, followed or changed. A partial copy never appears under the
+  // target's name. The copy the call wrote is readable and writable by its
+  // owner, whatever the source's mode.
+  virtual CopyResult CopyNoOverwrite(const std::string& source, const std::string& target) = 0;
 };
 
 }  // namespace platform

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "platform/CopyFailure.h"
 #include "platform/DrivePaths.h"
 #include "platform/FileCopy.h"
 #include "platform/FolderListing.h"
@@ -79,16 +80,12 @@ bool LinuxFileSystem::Remove(const std::string& path) {
   return !local.empty() && std::remove(local.c_str()) == 0;
 }
 
-bool LinuxFileSystem::CopyNoOverwrite(const std::string& source, const std::string& target) {
+CopyResult LinuxFileSystem::CopyNoOverwrite(const std::string& source, const std::string& target) {
   std::string from = LocalPath(source);
+  if (from.empty()) return CopyResult::Failed(CopyFailureReason(CopyStep::OpenSource, ENOENT));
   std::string to = LocalPath(target);
-  return !from.empty() && !to.empty() && CopyFileNoOverwrite(from, to);
-}
-
-bool LinuxFileSystem::MakeWritable(const std::string& path) {
-  std::string local = LocalPath(path);
-  auto facts = StatFollowingLinks(local);
-  return facts && chmod(local.c_str(), (facts->st_mode & 07777) | S_IRUSR | S_IWUSR) == 0;
+  if (to.empty()) return CopyResult::Failed(CopyFailureReason(CopyStep::OpenTarget, ENOENT));
+  return CopyFileNoOverwrite(from, to);
 }
 
 }  // namespace platform

@@ -22,8 +22,7 @@ class LinuxFileSystem final : public FileSystem {
   bool Exists(const std::string& path) const override;
   bool CreateFolder(const std::string& path) override;
   bool Remove(const std::string& path) override;
-  bool CopyNoOverwrite(const std::string& source, const std::string& target) override;
-  bool MakeWritable(const std::string& path) override;
+  CopyResult CopyNoOverwrite(const std::string& source, const std::string& target) override;
 
  private:
   const DriveTable& drives_;

@@ -4,6 +4,7 @@
 #include "playback/CPlaybackControl.h"
 #include "playlists/CPlayListModel.h"
 #include "playlists/CopyCommands.h"
+#include "playlists/CopySummary.h"
 #include "ui/CFolderDialog.h"
 #include "ui/CInputDlg.h"
 
@@ -25,7 +26,7 @@ void CPlayListDlg::OnSize(int clientWidth, int clientHeight) {
 
 void CPlayListDlg::OnCommand(int command) {
   switch (command) {
-    case kCache: parts_.copy.CopyToCache(); break;
+    case kCache: CopyToCache(); break;
     case kClearCache: parts_.copy.ClearCache(); break;
     case kPlay: PlaySelected(); break;
     case kStop: parts_.playback.StopPlayback(); break;
@@ -54,10 +55,12 @@ void CPlayListDlg::PlaySelected() {
   if (!selected.empty()) parts_.playback.PlayFile(static_cast<int>(selected.front()));
 }
 
+void CPlayListDlg::CopyToCache() { view_.SetStatusLine(parts_.copy.CopyToCache().StatusLine()); }
+
 void CPlayListDlg::CopyToPickedFolder(bool selectionOnly) {
   CFolderDialog picker(parts_.picker, parts_.drives, kPickerTitle, parts_.settings.playListFolder);
   if (picker.DoModal() != CFolderDialog::kChosen) return;
-  parts_.copy.CopyFiles(picker.ChosenPath(), selectionOnly);
+  view_.SetStatusLine(parts_.copy.CopyFiles(picker.ChosenPath(), selectionOnly).StatusLine());
   parts_.settings.playListFolder = picker.ChosenPath();
 }
 

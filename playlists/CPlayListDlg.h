@@ -1,8 +1,8 @@
 #pragma once
 // The logic of the play list window ("Play List - Vantrelle"): its buttons,
 // keys and context menu over the play list, playing through playback
-// control, copying through the copy commands and saving under a name typed
-// in the input dialog. The front end supplies the controls (PlayListView)
+// control, copying through the copy commands (the status line then says what
+// was not copied and why) and saving under a name typed in the input dialog. The front end supplies the controls (PlayListView)
 // and calls the On* handlers on its user-interface thread.
 
 #include <array>
@@ -44,6 +44,8 @@ class PlayListView {
   virtual void AddButtons(std::span<const PlayListButton> buttons) = 0;
   // Shows the popup menu at the mouse; returns the chosen command, or 0.
   virtual int TrackPopupMenu(std::span<const PlayListMenuEntry> entries) = 0;
+  // The one line under the list saying what the last copy came to.
+  virtual void SetStatusLine(const std::string& text) = 0;
 };
 
 // What the window works with; all must outlive it.
@@ -110,6 +112,7 @@ class CPlayListDlg {
 
  private:
   void PlaySelected();
+  void CopyToCache();
   void CopyToPickedFolder(bool selectionOnly);
   void SavePlayList();
 

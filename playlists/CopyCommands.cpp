@@ -12,7 +12,7 @@ CopyCommands::CopyCommands(CPlayListModel& model, MediaDB& db, const CDriveServi
                            const CAppSettings& settings, CopyDialogHost& dialogs)
     : model_(model), db_(db), drives_(drives), settings_(settings), dialogs_(dialogs) {}
 
-void CopyCommands::CopyFiles(const std::string& targetFolder, bool selectionOnly) {
+const CopySummary& CopyCommands::CopyFiles(const std::string& targetFolder, bool selectionOnly) {
   CopyJob& job = model_.Copy();
   job.target = targetFolder;
   job.selectionOnly = selectionOnly;
@@ -22,9 +22,10 @@ void CopyCommands::CopyFiles(const std::string& targetFolder, bool selectionOnly
   const IdList fileIds = model_.GetFileIds(selectionOnly);
   CopyWorker worker(db_, drives_, settings_.cdDrive, job);
   dialogs_.RunCopyDialog(worker, fileIds);
+  return job.summary;
 }
 
-void CopyCommands::CopyToCache() { CopyFiles(settings_.cacheFolder, false); }
+const CopySummary& CopyCommands::CopyToCache() { return CopyFiles(settings_.cacheFolder, false); }
 
 void CopyCommands::ClearCache() {
   if (drives_.Messages().Show(kClearCacheQuestion, platform::Buttons::OkCancel,

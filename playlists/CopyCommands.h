@@ -9,6 +9,7 @@ class CAppSettings;
 class CDriveServices;
 class CPlayListModel;
 class CopyDialogHost;
+class CopySummary;
 class MediaDB;
 
 class CopyCommands {
@@ -19,9 +20,10 @@ class CopyCommands {
                const CAppSettings& settings, CopyDialogHost& dialogs);
 
   // Copies all rows, or the selected ones, into the folder (a drive path);
-  // returns when the dialog has closed and the worker has ended.
-  void CopyFiles(const std::string& targetFolder, bool selectionOnly);
-  void CopyToCache();
+  // returns, when the dialog has closed and the worker has ended, what the
+  // copy came to (the copy job's summary).
+  const CopySummary& CopyFiles(const std::string& targetFolder, bool selectionOnly);
+  const CopySummary& CopyToCache();
 
   // Asks first; then deletes the files in the cache folder, leaving its
   // sub-folders and everything in them. Failures are passed over.

@@ -8,20 +8,39 @@
 #include "scan/MessageText.h"
 #include "scan/Paths.h"
 
+namespace {
+
+std::string SourcePath(const std::string& drive, MediaDB& db, const CMediaFile& file) {
+  return MakeFullPath(drive, db.GetPathFullPath(file.PathID), file.FileName);
+}
+
+}  // namespace
+
 CopyWorker::CopyWorker(MediaDB& db, const CDriveServices& drives, std::string cdDrive,
                        CopyJob& job)
     : db_(db), drives_(drives), cdDrive_(std::move(cdDrive)), job_(job) {}
 
 void CopyWorker::Run(const IdList& fileIds) {
+  job_.summary = CopySummary();
   IdList volumes;
   for (std::uint32_t id : fileIds)
     volumes.push_back(static_cast<std::uint32_t>(db_.GetFileVolume(static_cast<int>(id))));
 
-  for (std::uint32_t volId : UniqueIds(volumes)) {
-    const auto volume = db_.GetVolume(static_cast<int>(volId));
-    if (!volume) continue;  // a file without a row, or one whose volume is gone
-    if (!VolumePresent(*volume)) break;
-    CopyVolumeFiles(fileIds, static_cast<int>(volId));
+  std::string stopped;  // why no later volume is copied
+  for (std::uint32_t id : UniqueIds(volumes)) {
+    const int volId = static_cast<int>(id);
+    const auto volume = db_.GetVolume(volId);
+    if (stopped.empty() && job_.state.cancel) stopped = kCancelled;
+    if (!volume) {
+      PassOverVolume(fileIds, volId, kNotCatalogued);  // rows gone since the list was filled
+    } else if (!stopped.empty()) {
+      PassOverVolume(fileIds, volId, stopped);
+    } else if (!VolumePresent(*volume)) {
+      PassOverVolume(fileIds, volId, kDiscNotInserted);
+      stopped = kCancelled;
+    } else {
+      CopyVolumeFiles(fileIds, volId);
+    }
   }
   job_.state.done = true;
 }
@@ -37,9 +56,12 @@ void CopyWorker::CopyVolumeFiles(const IdList& fileIds, int volId) {
   const auto count = static_cast<std::int64_t>(fileIds.size());
   std::int64_t done = 0;
   for (std::uint32_t id : fileIds) {
-    if (job_.state.cancel) return;
     const int fileId = static_cast<int>(id);
     if (db_.GetFileVolume(fileId) != volId) continue;
+    if (job_.state.cancel) {
+      PassOverFile(drive, fileId, kCancelled);
+      continue;
+    }
     CopyFile(drive, fileId);
     done += 100;
     job_.state.progress = static_cast<int>(done / count);
@@ -48,14 +70,27 @@ void CopyWorker::CopyVolumeFiles(const IdList& fileIds, int volId) {
 
 void CopyWorker::CopyFile(const std::string& drive, int fileId) {
   const auto file = db_.GetFile(fileId);
-  if (!file) return;
-  const std::string source =
-      MakeFullPath(drive, db_.GetPathFullPath(file->PathID), file->FileName);
+  if (!file) return ReportMissingRow(fileId);
+  const std::string source = SourcePath(drive, db_, *file);
   const std::string target = MakeFullPath("", job_.target, file->FileName);
   job_.state.SetStatus(source);
-  platform::FileSystem& files = drives_.Files();
-  files.CopyNoOverwrite(source, target);
-  // Copies from a CD come read-only; a file that was there already is opened
-  // up too.
-  files.MakeWritable(target);
+  job_.summary.Add(source, file->FileName, drives_.Files().CopyNoOverwrite(source, target));
+}
+
+void CopyWorker::PassOverVolume(const IdList& fileIds, int volId, const std::string& reason) {
+  const std::string drive = db_.GetVolumeDrive(volId);
+  for (std::uint32_t id : fileIds) {
+    if (db_.GetFileVolume(static_cast<int>(id)) == volId) PassOverFile(drive, static_cast<int>(id), reason);
+  }
+}
+
+void CopyWorker::PassOverFile(const std::string& drive, int fileId, const std::string& reason) {
+  const auto file = db_.GetFile(fileId);
+  if (!file) return ReportMissingRow(fileId);
+  job_.summary.AddFailure(SourcePath(drive, db_, *file), file->FileName, reason);
+}
+
+void CopyWorker::ReportMissingRow(int fileId) {
+  const std::string named = "FileID " + std::to_string(fileId);
+  job_.summary.AddFailure(named, named, kNotCatalogued);
 }

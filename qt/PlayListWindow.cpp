@@ -2,12 +2,14 @@
 
 #include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QPushButton>
 
 #include "qt/PlaybackIcons.h"
 #include "qt/QtListControl.h"
 #include "qt/QtPopupMenu.h"
 #include "qt/WindowGeometry.h"
+#include "qt/dialogs/QtText.h"
 
 namespace {
 
@@ -15,6 +17,7 @@ constexpr int kButtonTop = 2;
 constexpr int kButtonHeight = 21;
 constexpr int kButtonGap = 2;
 constexpr int kFirstButtonLeft = 5;
+constexpr int kStatusGap = 2;
 
 CPlayListDlg::Key KeyOf(const QKeyEvent& event) {
   if (event.key() == Qt::Key_Delete) return CPlayListDlg::Key::Delete;
@@ -24,7 +27,7 @@ CPlayListDlg::Key KeyOf(const QKeyEvent& event) {
 
 }  // namespace
 
-PlayListWindow::PlayListWindow() : list_(new QtListControl(this)) {
+PlayListWindow::PlayListWindow() : list_(new QtListControl(this)), status_(new QLabel(this)) {
   setWindowTitle(QString::fromUtf8(CPlayListDlg::kTitle));
   list_->installEventFilter(this);
   list_->onContextMenu = [this] {
@@ -44,7 +47,16 @@ void PlayListWindow::MoveWindow(int x, int y, int width, int height) {
 }
 
 void PlayListWindow::MoveList(int x, int y, int width, int height) {
-  list_->setGeometry(x, y, std::max(width, 0), std::max(height, 0));
+  const int statusHeight = fontMetrics().height();
+  const int listHeight = std::max(height - statusHeight - kStatusGap, 0);
+  list_->setGeometry(x, y, std::max(width, 0), listHeight);
+  status_->setGeometry(x, y + listHeight + kStatusGap, std::max(width, 0), statusHeight);
+}
+
+// A line too long for the window is cut; its tool tip holds all of it.
+void PlayListWindow::SetStatusLine(const std::string& text) {
+  status_->setText(ToQString(text));
+  status_->setToolTip(status_->text());
 }
 
 void PlayListWindow::AddButtons(std::span<const PlayListButton> buttons) {

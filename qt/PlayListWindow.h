@@ -1,6 +1,7 @@
 #pragma once
 // The play list window ("Play List - Vantrelle"): a top-level window of its
-// own with its buttons along the top and the play list below them. It draws
+// own with its buttons along the top, the play list below them and a status
+// line under the list saying what the last copy came to. It draws
 // what CPlayListDlg asks for and hands the user's buttons, keys and context
 // menu to it. Hiding is the way it closes: the main window owns it.
 // User-interface thread only.
@@ -10,6 +11,7 @@
 
 #include "playlists/CPlayListDlg.h"
 
+class QLabel;
 class QPushButton;
 class QtListControl;
 
@@ -24,12 +26,15 @@ class PlayListWindow final : public QWidget, public PlayListView {
   QtListControl& ListControl() const { return *list_; }
   // The button of a CPlayListDlg command, or null.
   QPushButton* Button(int command) const;
+  QLabel& StatusLine() const { return *status_; }
 
   platform::ListControl& List() override;
   void MoveWindow(int x, int y, int width, int height) override;
+  // The list takes the rectangle less a line at its bottom for the status line.
   void MoveList(int x, int y, int width, int height) override;
   void AddButtons(std::span<const PlayListButton> buttons) override;
   int TrackPopupMenu(std::span<const PlayListMenuEntry> entries) override;
+  void SetStatusLine(const std::string& text) override;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -37,7 +42,8 @@ class PlayListWindow final : public QWidget, public PlayListView {
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
-  QtListControl* list_;  // a child of the window
+  QtListControl* list_;  // children of the window
+  QLabel* status_;
   std::map<int, QPushButton*> buttons_;
   CPlayListDlg* logic_ = nullptr;
 };

@@ -22,11 +22,13 @@ TEST_F(PlayListConsoleTest, SavesCopiesAndClearsTheCache) {
   EXPECT_FALSE(fs::exists(home + "/QORCache/a.mp3"));
 
   Outcome cached = Run("copy --cache 1 2");
-  EXPECT_EQ(cached.out, "File Copy Complete.\n");
+  EXPECT_EQ(cached.out, "File Copy Complete.\nalready there: a.mp3\n");  // both files are a.mp3
   EXPECT_NE(cached.err.find("100% C:\\Music\\"), std::string::npos) << cached.err;
-  EXPECT_EQ(Run("copy --to " + home + "/Out 1").out, "File Copy Complete.\n");  // no such folder
+  const std::string missing = Run("copy --to " + home + "/Out 1").out;
+  EXPECT_TRUE(missing.starts_with("File Copy Complete.\nnot copied: C:\\Music\\")) << missing;
+  EXPECT_TRUE(missing.ends_with("\\a.mp3: target folder missing\n")) << missing;
   fs::create_directory(home + "/Out");
-  EXPECT_EQ(Run("copy --to 'C:\\Out' 1").status, 0);
+  EXPECT_EQ(Run("copy --to 'C:\\Out' 1").out, "File Copy Complete.\n");
   EXPECT_TRUE(fs::exists(home + "/Out/a.mp3"));
   EXPECT_EQ(Query("SELECT Value FROM Configs WHERE ConfigID=605;"), "C:\\Out;");
   EXPECT_EQ(Run("copy 1").status, 2);

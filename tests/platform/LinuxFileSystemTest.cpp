@@ -1,6 +1,7 @@
 #include "platform/LinuxFileSystem.h"
 
 #include <gtest/gtest.h>
+#include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -17,6 +18,11 @@
 namespace fs = std::filesystem;
 
 namespace platform {
+
+void PrintTo(const CopyResult& result, std::ostream* out) {
+  *out << static_cast<int>(result.outcome) << " " << result.reason;
+}
+
 namespace {
 
 using platform_tests::ScopedTmpfs;
@@ -108,7 +114,7 @@ TEST_F(LinuxFileSystemTest, IdentityIsTheFolderWhicheverPathReachesIt) {
   EXPECT_FALSE(files.Identity("C:\\Missing"));
 }
 
-TEST_F(LinuxFileSystemTest, FoldersAreCreatedRemovedAndMadeWritable) {
+TEST_F(LinuxFileSystemTest, FoldersAreCreatedAndRemoved) {
   EXPECT_TRUE(files.CreateFolder("C:\\Cache"));
   EXPECT_TRUE(files.CreateFolder("C:\\cache"));
   EXPECT_TRUE(files.Exists("C:\\CACHE\\"));
@@ -116,42 +122,89 @@ TEST_F(LinuxFileSystemTest, FoldersAreCreatedRemovedAndMadeWritable) {
   EXPECT_FALSE(files.CreateFolder("C:\\file"));
   EXPECT_TRUE(files.Remove("C:\\FILE"));
   EXPECT_FALSE(files.Exists("C:\\file"));
-
-  std::string song = tmp.WriteFile("c/song.mp3", "x");
-  fs::permissions(song, fs::perms::owner_read | fs::perms::group_read | fs::perms::others_exec);
-  EXPECT_TRUE(files.MakeWritable("C:\\song.mp3"));
-  EXPECT_EQ(fs::status(song).permissions(),
-            fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read | fs::perms::others_exec);
 }
 
-TEST_F(LinuxFileSystemTest, CopyNeverReplacesATarget) {
-  tmp.WriteFile("c/in.mp3", std::string(300000, 'a'));
-  ASSERT_TRUE(files.CopyNoOverwrite("C:\\IN.mp3", "C:\\out.mp3"));
+TEST_F(LinuxFileSystemTest, CopyIsWritableAndNeverReplacesOrFollowsWhatIsThere) {
+  const std::string in = tmp.WriteFile("c/in.mp3", std::string(300000, 'a'));
+  fs::permissions(in, fs::perms::owner_read | fs::perms::group_read);  // as on a CD
+  ASSERT_EQ(files.CopyNoOverwrite("C:\\IN.mp3", "C:\\out.mp3"), CopyResult::Copied());
   EXPECT_EQ(Content(root + "/out.mp3"), std::string(300000, 'a'));
+  EXPECT_EQ(fs::status(root + "/out.mp3").permissions(),
+            fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+  EXPECT_EQ(fs::last_write_time(root + "/out.mp3"), fs::last_write_time(in));
 
-  tmp.WriteFile("c/other.mp3", "other");
-  EXPECT_FALSE(files.CopyNoOverwrite("C:\\other.mp3", "C:\\out.mp3"));
-  EXPECT_EQ(Content(root + "/out.mp3"), std::string(300000, 'a'));
-
-  fs::create_symlink(root + "/nowhere", root + "/link.mp3");
-  EXPECT_FALSE(files.CopyNoOverwrite("C:\\other.mp3", "C:\\link.mp3"));
+  // A file, a link to a read-only file, a dangling link and a link to a folder
+  // are all "already there" and stay as they were.
+  const std::string other = tmp.WriteFile("c/other.mp3", "other");
+  const std::string elsewhere = tmp.WriteFile("elsewhere/kept.mp3", "kept");
+  fs::permissions(elsewhere, fs::perms::owner_read);
+  fs::create_symlink(elsewhere, root + "/link.mp3");
+  fs::create_symlink(root + "/nowhere", root + "/dangling.mp3");
+  fs::create_directory_symlink(tmp.MakeFolder("elsewhere/folder"), root + "/folder.mp3");
+  fs::permissions(in, fs::perms::owner_read);
+  for (const char* name : {"in.mp3", "link.mp3", "dangling.mp3", "folder.mp3"})
+    EXPECT_EQ(files.CopyNoOverwrite("C:\\other.mp3", std::string("C:\\") + name), CopyResult::AlreadyThere()) << name;
+  EXPECT_EQ(fs::status(in).permissions(), fs::perms::owner_read);
+  EXPECT_EQ(Content(elsewhere) + Content(in).substr(0, 1), "kepta");
+  EXPECT_EQ(fs::status(elsewhere).permissions(), fs::perms::owner_read);
   EXPECT_FALSE(fs::exists(root + "/nowhere"));
+  EXPECT_TRUE(fs::is_empty(tmp.Path() + "/elsewhere/folder"));
 
-  EXPECT_FALSE(files.CopyNoOverwrite("C:\\missing.mp3", "C:\\new.mp3"));
+  // A target folder reached through a link is the folder it points at.
+  fs::create_directory_symlink(tmp.Path() + "/elsewhere", root + "/Out");
+  EXPECT_EQ(files.CopyNoOverwrite(other, "C:\\Out\\new.mp3"), CopyResult::Copied());
+  EXPECT_EQ(Content(tmp.Path() + "/elsewhere/new.mp3"), "other");
+}
+
+TEST_F(LinuxFileSystemTest, OnlyRegularFilesAreCopiedAndNothingWaitsOnAPipe) {
+  ASSERT_EQ(mkfifo((root + "/x.mp3").c_str(), 0644), 0);
+  tmp.MakeFolder("c/Folder.mp3");
+  for (const char* source : {"C:\\x.mp3", "C:\\Folder.mp3", "/dev/null"})
+    EXPECT_EQ(files.CopyNoOverwrite(source, "C:\\new.mp3"), CopyResult::Failed("not a regular file")) << source;
+  EXPECT_EQ(files.CopyNoOverwrite("C:\\missing.mp3", "C:\\new.mp3"), CopyResult::Failed("source missing"));
+  EXPECT_EQ(files.CopyNoOverwrite("Q:\\a.mp3", "C:\\new.mp3"), CopyResult::Failed("source missing"));
   EXPECT_FALSE(fs::exists(root + "/new.mp3"));
 }
 
-TEST_F(LinuxFileSystemTest, FailedCopyLeavesNoPartialTarget) {
-  // Reading this process's memory from address 0 fails after the target exists.
-  EXPECT_FALSE(files.CopyNoOverwrite("/proc/self/mem", "C:\\memory"));
-  EXPECT_FALSE(fs::exists(root + "/memory"));
+// What the target folder holds, temporary files included.
+std::vector<std::string> Entries(const std::string& folder) {
+  std::vector<std::string> names;
+  for (const auto& entry : fs::directory_iterator(folder)) names.push_back(entry.path().filename());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+TEST_F(LinuxFileSystemTest, FailedCopyLeavesNoPartialFileAndSaysWhy) {
+  // Reading this process's memory from address 0 fails after the copy began.
+  EXPECT_EQ(files.CopyNoOverwrite("/proc/self/mem", "C:\\memory").outcome, CopyResult::Outcome::Failed);
+  tmp.WriteFile("c/big.mp3", std::string(1 << 20, 'b'));
+  EXPECT_EQ(files.CopyNoOverwrite("C:\\big.mp3", "C:\\Missing\\big.mp3"),
+            CopyResult::Failed("target folder missing"));
+  EXPECT_EQ(files.CopyNoOverwrite("C:\\big.mp3", "Q:\\big.mp3"), CopyResult::Failed("target folder missing"));
+  EXPECT_EQ(Entries(root), (std::vector<std::string>{"big.mp3"}));
 
   std::string small = tmp.MakeFolder("c/small");
   ScopedTmpfs disk(small, "64k");
   if (!disk.Mounted()) GTEST_SKIP() << "mounting is not permitted here";
-  tmp.WriteFile("c/big.mp3", std::string(1 << 20, 'b'));
-  EXPECT_FALSE(files.CopyNoOverwrite("C:\\big.mp3", "C:\\small\\big.mp3"));
-  EXPECT_FALSE(fs::exists(small + "/big.mp3"));
+  EXPECT_EQ(files.CopyNoOverwrite("C:\\big.mp3", "C:\\small\\big.mp3"), CopyResult::Failed("disk full"));
+  EXPECT_TRUE(Entries(small).empty());
+  ASSERT_EQ(mount("tmpfs", small.c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr), 0);
+  EXPECT_EQ(files.CopyNoOverwrite("C:\\big.mp3", "C:\\small\\big.mp3"), CopyResult::Failed("target is read-only"));
+}
+
+TEST_F(LinuxFileSystemTest, LeftoversOfAKilledCopyAndLongNamesDoNotStopACopy) {
+  tmp.WriteFile("c/in.mp3", "new");
+  const std::string stale = tmp.WriteFile("c/Out/.song.mp3.vantrelle-part", "stale");
+  fs::permissions(stale, fs::perms::owner_read);
+  fs::create_symlink(root + "/in.mp3", root + "/Out/.song.mp3.2.vantrelle-part");
+  EXPECT_EQ(files.CopyNoOverwrite("C:\\in.mp3", "C:\\Out\\song.mp3"), CopyResult::Copied());
+  EXPECT_EQ(Content(root + "/Out/song.mp3") + Content(stale) + Content(root + "/in.mp3"), "newstalenew");
+  EXPECT_EQ(Entries(root + "/Out"), (std::vector<std::string>{".song.mp3.2.vantrelle-part",
+                                                              ".song.mp3.vantrelle-part", "song.mp3"}));
+
+  const std::string longest = std::string(251, 'l') + ".mp3";
+  EXPECT_EQ(files.CopyNoOverwrite("C:\\in.mp3", "C:\\Out\\" + longest), CopyResult::Copied());
+  EXPECT_EQ(Content(root + "/Out/" + longest), "new");
 }
 
 TEST(ProgramFolder, IsTheFolderOfTheRunningProgram) {

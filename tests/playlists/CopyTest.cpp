@@ -1,5 +1,6 @@
 #include <sys/mount.h>
 
+#include <algorithm>
 #include <atomic>
 #include <thread>
 
@@ -27,6 +28,13 @@ class CopyTest : public PlayListTest {
     app->PlayList().AddFiles(ids);
   }
   CopyJob& Job() { return app->PlayList().Copy(); }
+  // The last copy's files not copied, as "name: reason".
+  Strings NotCopied() {
+    Strings lines;
+    for (const NotCopiedFile& file : Job().summary.NotCopied())
+      lines.push_back(file.fileName + ": " + (file.alreadyThere ? "already there" : file.reason));
+    return lines;
+  }
 
   testing_support::CopyDialogDriver dialogs{messages};
   CopyCommands copy{app->PlayList(), app->Db(), app->Drives(), app->Settings(), dialogs};
@@ -52,6 +60,7 @@ TEST_F(CopyTest, TwoCdsAndADiskGoVolumeByVolumeAskingForEachDiscOnce) {
   EXPECT_NE(fs::status(Local("c/QORCache/j.mp3")).permissions() & fs::perms::owner_write, fs::perms::none);
   EXPECT_EQ(dialogs.statusText, "E:\\r.mp3");
   EXPECT_EQ(Job().state.progress, 25);  // counted again from 0 for the last volume
+  EXPECT_EQ(NotCopied(), Strings{"same.mp3: already there"});
   EXPECT_EQ(dialogs.timerPeriodMs, 500);
   EXPECT_EQ(app->Db().GetPlayList(app->PlayList().SavePlayList("Trip"))->FileIDs, BuildIdList(ids));
 
@@ -61,6 +70,9 @@ TEST_F(CopyTest, TwoCdsAndADiskGoVolumeByVolumeAskingForEachDiscOnce) {
   copy.CopyFiles("C:\\Elsewhere", false);
   EXPECT_EQ(Read("c/Elsewhere/same.mp3"), "");
   EXPECT_EQ(messages.Texts().back(), "File Copy Complete.");
+  EXPECT_EQ(NotCopied(), (Strings{"j.mp3: disc not inserted", "same.mp3: disc not inserted",
+                                  "same.mp3: copy cancelled", "r.mp3: copy cancelled"}));
+  EXPECT_EQ(Job().summary.NotCopied()[0].source, "E:\\j.mp3");
 }
 
 TEST_F(CopyTest, ProgressCountsEveryListedFileAndStartsWhereTheLastCopyLeftIt) {
@@ -103,22 +115,32 @@ TEST_F(CopyTest, CancelClosesAtOnceAndTheWorkerStopsBeforeTheNextFile) {
   EXPECT_TRUE(Job().state.done);  // the worker was waited for
   EXPECT_EQ(messages.Texts(), Strings{"Please insert 'Disc' into drive E:"});
   EXPECT_EQ(Read("c/QORCache/a.mp3") + Read("c/QORCache/b.mp3"), "data");
+  EXPECT_EQ(NotCopied(), Strings{"b.mp3: copy cancelled"});
 }
 
-TEST_F(CopyTest, NothingThatExistsIsOverwrittenAndBadSourcesArePassedOver) {
+TEST_F(CopyTest, NothingThatIsThereChangesAndEveryFileNotCopiedIsReported) {
   folder.WriteFile("c/QORCache/a.mp3", "mine");
   fs::permissions(Local("c/QORCache/a.mp3"), fs::perms::owner_read);
+  const std::string linked = folder.WriteFile("c/Elsewhere/linked.mp3", "theirs");
+  fs::permissions(linked, fs::perms::owner_read);
+  fs::create_symlink(linked, Local("c/QORCache/link.mp3"));
   const std::uint32_t gone = AddFile("gone.mp3"), removedRow = AddFile("removed.mp3");
   fs::remove(Local("c/Music/gone.mp3"));
   Hold({AddFile("a.mp3", "new"), gone, AddFile("b.mp3", "first"), removedRow,
-        AddFile("b.mp3", "second", 0, "\\Other\\", "c/Other")});
+        AddFile("b.mp3", "second", 0, "\\Other\\", "c/Other"), AddFile("link.mp3", "new")});
   app->Db().DeletePathFiles(app->Db().GetFile(static_cast<int>(removedRow))->PathID);
 
   copy.CopyToCache();
-  EXPECT_EQ(Read("c/QORCache/a.mp3") + Read("c/QORCache/b.mp3"), "minefirst");
-  EXPECT_NE(fs::status(Local("c/QORCache/a.mp3")).permissions() & fs::perms::owner_write, fs::perms::none);
+  EXPECT_EQ(Read("c/QORCache/a.mp3") + Read("c/QORCache/b.mp3") + Read("c/Elsewhere/linked.mp3"), "minefirsttheirs");
+  EXPECT_EQ(fs::status(Local("c/QORCache/a.mp3")).permissions(), fs::perms::owner_read);
+  EXPECT_EQ(fs::status(linked).permissions(), fs::perms::owner_read);
+  EXPECT_EQ(fs::read_symlink(Local("c/QORCache/link.mp3")), linked);
   EXPECT_FALSE(fs::exists(Local("c/QORCache/gone.mp3")) || fs::exists(Local("c/QORCache/removed.mp3")));
+  EXPECT_EQ(NotCopied(), (Strings{"a.mp3: already there", "gone.mp3: source missing", "b.mp3: already there",
+                                  "link.mp3: already there", "FileID 2: not in the catalogue"}));
   copy.CopyFiles("C:\\Missing\\Folder", false);
+  EXPECT_EQ(NotCopied()[0], "a.mp3: target folder missing");
+  EXPECT_EQ(Job().summary.Failed(), 6);
   EXPECT_EQ(messages.Texts(), Strings(2, "File Copy Complete."));
 }
 
@@ -132,10 +154,15 @@ TEST_F(CopyTest, ATargetThatFillsUpOrTurnsReadOnlyLosesNothing) {
   const auto target = [&] { return Read("c/Small/one.mp3") + Read("c/Small/three.mp3") + Read("c/Small/keep.mp3"); };
 
   copy.CopyFiles("C:\\Small", false);
-  EXPECT_FALSE(fs::exists(small + "/two.mp3"));  // no half-written copy stays
+  EXPECT_EQ(NotCopied(), Strings{"two.mp3: disk full"});
+  Strings left;  // no half-written copy stays, under any name
+  for (const auto& entry : fs::directory_iterator(small)) left.push_back(entry.path().filename());
+  std::sort(left.begin(), left.end());
+  EXPECT_EQ(left, (Strings{"keep.mp3", "one.mp3", "three.mp3"}));
   EXPECT_EQ(target(), big + "smallkept");
   ASSERT_EQ(mount("tmpfs", small.c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr), 0);
   copy.CopyFiles("C:\\Small", false);
+  EXPECT_EQ(NotCopied(), (Strings{"one.mp3: already there", "two.mp3: target is read-only", "three.mp3: already there"}));
   EXPECT_EQ(target(), big + "smallkept");
   EXPECT_EQ(messages.Texts(), Strings(2, "File Copy Complete."));
 }

@@ -28,6 +28,7 @@ class PlayListWindowTest : public PlayListTest, private PlayListView {
   void MoveList(int, int, int, int) override {}
   void AddButtons(std::span<const PlayListButton>) override {}
   int TrackPopupMenu(std::span<const PlayListMenuEntry>) override { return CPlayListDlg::kSavePlayList; }
+  void SetStatusLine(const std::string& text) override { statusLine = text; }
 
   testing_support::CopyDialogDriver copyDialogs{messages};
   CopyCommands copy{app->PlayList(), app->Db(), app->Drives(), app->Settings(), copyDialogs};
@@ -36,6 +37,7 @@ class PlayListWindowTest : public PlayListTest, private PlayListView {
   CPlayListDlg window{{app->PlayList(), app->Playback(), copy, app->Settings(), app->Drives(), picker, input},
                       *this};
   int rebuilds = 0;
+  std::string statusLine;
 };
 
 TEST_F(PlayListWindowTest, PlaysTheFirstSelectedRowAndKeysChangeRowsOnly) {
@@ -74,15 +76,25 @@ TEST_F(PlayListWindowTest, CopyToStartsInTheLastConfirmedFolderAndRemembersIt) {
   app->Settings().playListFolder = "C:\\Start";
   window.OnCommand(CPlayListDlg::kCopyAllTo);  // cancelled
   EXPECT_EQ(picker.title, "Select Folder");
+  EXPECT_EQ(statusLine, "");
   picker.answer = platform::FolderPicker::kChosen;
   picker.folder = folder.MakeFolder("c/Out");
   list.Select({1, 2});
   window.OnCommand(CPlayListDlg::kCopySelectionTo);
   EXPECT_EQ(FilesIn("c/Out"), 2u);
+  EXPECT_EQ(statusLine, "2 files copied.");
   window.OnCommand(CPlayListDlg::kCopyAllTo);
   EXPECT_EQ(FilesIn("c/Out"), 3u);
+  EXPECT_EQ(statusLine, "1 file copied, 2 already there.");
   EXPECT_EQ(picker.startedAt, (Strings{Local("c/Start"), Local("c/Start"), Local("c/Out")}));
   EXPECT_EQ(app->Settings().playListFolder, "C:\\Out");
+
+  // The first failures are named, the rest counted, on one line.
+  app->PlayList().AddFiles({AddFile("d.mp3"), AddFile("e.mp3")});
+  app->Settings().cacheFolder = "C:\\Missing";
+  window.OnCommand(CPlayListDlg::kCache);
+  EXPECT_EQ(statusLine, "0 files copied, 5 failed: a.mp3 (target folder missing), b.mp3 (target folder missing), "
+                        "c.mp3 (target folder missing) and 2 more.");
 }
 
 TEST_F(PlayListWindowTest, ClearingTheCacheAsksThenDeletesItsFilesButNotItsSubFolders) {

@@ -2,6 +2,7 @@
 
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
 #include <fstream>
@@ -116,6 +117,9 @@ TEST_F(DesktopTest, BuildPlayAndSaveAPlayListThenCopyItToTheCache) {
   QTest::mouseClick(window->PlayList().Button(CPlayListDlg::kCache), Qt::LeftButton);
   EXPECT_TRUE(std::filesystem::exists(cache + "/SONG.MP3"));
   EXPECT_TRUE(std::filesystem::exists(cache + "/id3v1.mp3"));
+  const QLabel& status = window->PlayList().StatusLine();
+  EXPECT_EQ(status.text(), "2 files copied.");
+  EXPECT_GT(status.geometry().top(), PlayList().geometry().bottom());
   messages.Script({Answer::Ok});
   QTest::mouseClick(window->PlayList().Button(CPlayListDlg::kClearCache), Qt::LeftButton);
   EXPECT_TRUE(std::filesystem::is_empty(cache));

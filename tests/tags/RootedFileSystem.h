@@ -34,8 +34,9 @@ class RootedFileSystem : public platform::FileSystem {
   bool Exists(const std::string&) const override { return false; }
   bool CreateFolder(const std::string&) override { return false; }
   bool Remove(const std::string&) override { return false; }
-  bool CopyNoOverwrite(const std::string&, const std::string&) override { return false; }
-  bool MakeWritable(const std::string&) override { return false; }
+  platform::CopyResult CopyNoOverwrite(const std::string&, const std::string&) override {
+    return platform::CopyResult::Failed("not copied here");
+  }
 
  private:
   std::string root_;

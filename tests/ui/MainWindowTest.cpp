@@ -52,6 +52,7 @@ class MainWindowTest : public LibraryTest, private MainWindowView, private PlayL
   platform::ListControl& List() override { return playList; }
   void AddButtons(std::span<const PlayListButton>) override {}
   int TrackPopupMenu(std::span<const PlayListMenuEntry>) override { return 0; }
+  void SetStatusLine(const std::string&) override {}
 
   std::string panes, findText;
   int sizingCursors = 0;

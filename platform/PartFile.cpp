@@ -1,0 +1,86 @@
+#include "platform/PartFile.h"
+
+#include <fcntl.h>
+#include <stdio.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+
+namespace platform {
+namespace {
+
+constexpr int kMostAttempts = 100;
+
+// Cuts a name to at most size bytes without splitting a UTF-8 character.
+std::string CutName(const std::string& name, std::size_t size) {
+  if (name.size() <= size) return name;
+  while (size > 0 && (static_cast<unsigned char>(name[size]) & 0xC0) == 0x80) --size;
+  return name.substr(0, size);
+}
+
+// The temporary name of the attempt, short enough for the file system even
+// when the final name takes all of NAME_MAX.
+std::string TemporaryNameFor(const std::string& finalName, int attempt) {
+  const std::string suffix = (attempt > 1 ? "." + std::to_string(attempt) : "") + PartFile::kSuffix;
+  return "." + CutName(finalName, NAME_MAX - 1 - suffix.size()) + suffix;
+}
+
+}  // namespace
+
+PartFile::PartFile(int folderFd, std::string finalName, mode_t mode)
+    : folderFd_(folderFd), finalName_(std::move(finalName)) {
+  for (int attempt = 1; attempt <= kMostAttempts; ++attempt) {
+    if (CreateExclusively(TemporaryNameFor(finalName_, attempt), mode) || error_ != EEXIST) return;
+  }
+}
+
+PartFile::~PartFile() {
+  fd_ = UniqueFd();
+  DropTemporaryName();
+}
+
+bool PartFile::CreateExclusively(const std::string& name, mode_t mode) {
+  fd_ = UniqueFd(openat(folderFd_, name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
+  if (!fd_.Valid()) {
+    error_ = errno;
+    return false;
+  }
+  temporaryName_ = name;
+  return true;
+}
+
+bool PartFile::Close() {
+  if (fd_.Close()) return true;
+  error_ = errno;
+  return false;
+}
+
+PartFile::Naming PartFile::Publish() {
+  if (renameat2(folderFd_, temporaryName_.c_str(), folderFd_, finalName_.c_str(), RENAME_NOREPLACE) == 0) {
+    temporaryName_.clear();
+    return Naming::Named;
+  }
+  error_ = errno;
+  if (error_ == EEXIST) return Naming::NameTaken;
+  if (error_ != EINVAL && error_ != ENOSYS) return Naming::Failed;
+  return LinkFinalName();
+}
+
+// A hard link never replaces an entry either.
+PartFile::Naming PartFile::LinkFinalName() {
+  if (linkat(folderFd_, temporaryName_.c_str(), folderFd_, finalName_.c_str(), 0) == 0) {
+    DropTemporaryName();
+    return Naming::Named;
+  }
+  error_ = errno;
+  return error_ == EEXIST ? Naming::NameTaken : Naming::Failed;
+}
+
+void PartFile::DropTemporaryName() {
+  if (temporaryName_.empty()) return;
+  unlinkat(folderFd_, temporaryName_.c_str(), 0);
+  temporaryName_.clear();
+}
+
+}  // namespace platform
