@@ -86,6 +86,8 @@ int CppSQLite3ResultSet::ColumnCount() const {
 const char* CppSQLite3ResultSet::FieldText(int index) const {
   RequireStatement();
   CheckIndex(index);
+  // Past the last row SQLite has no column values to give: read as NULL.
+  if (atEnd_) return nullptr;
   return reinterpret_cast<const char*>(sqlite3_column_text(statement_, index));
 }
 
@@ -107,6 +109,7 @@ int CppSQLite3ResultSet::FieldIndex(const char* name) const {
 int CppSQLite3ResultSet::FieldType(int index) const {
   RequireStatement();
   CheckIndex(index);
+  if (atEnd_) return SQLITE_NULL;
   return sqlite3_column_type(statement_, index);
 }
 

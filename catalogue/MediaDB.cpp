@@ -141,7 +141,7 @@ IdList MediaDB::QueryIdList(const char* sql) {
 std::string MediaDB::QueryFirstText(const char* sql) {
   CppSQLite3ResultSet result;
   RunQuery(sql, result);
-  // Read without testing for the end: no row reads as the empty text.
+  if (result.AtEnd()) return "";  // no row reads as the empty text
   const char* text = result.FieldText(0);
   return text ? text : "";
 }
@@ -397,6 +397,7 @@ std::string MediaDB::GetConfig(int configId) {
   sql.Format("SELECT Value FROM Configs WHERE ConfigID=%d;", configId);
   CppSQLite3ResultSet result;
   RunQuery(sql, result);
+  if (result.AtEnd()) return "";  // a missing row reads as the empty text
   const char* value = result.FieldText("Value");
   return value ? value : "";
 }

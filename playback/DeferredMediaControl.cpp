@@ -32,7 +32,7 @@ platform::MediaControl* DeferredMediaControl::Control() {
 
 std::uint32_t DeferredMediaControl::mciSendString(const char* command, char* reply,
                                                   unsigned size) {
-  if (!Started() && strcasecmp(command, "close all") == 0) {
+  if (!Started() && command != nullptr && strcasecmp(command, "close all") == 0) {
     CopyText("", reply, size);
     return platform::kMciNoError;
   }
