@@ -16,7 +16,8 @@ CLibraryApp::CLibraryApp(std::string programFolder, PlatformServices services)
       scanner_(db_, drives_, tagReader_, services.messages),
       playList_(db_),
       list_(db_, playList_),
-      tree_(db_, settings_, drives_, list_) {}
+      commands_(db_, settings_, drives_),
+      tree_(db_, commands_, list_) {}
 
 CLibraryApp::StartResult CLibraryApp::Start() {
   lock_ = std::make_unique<platform::CatalogueLock>(settings_.programFolder + MediaDB::kFileName);

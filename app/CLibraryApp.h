@@ -18,6 +18,7 @@
 #include "tags/CTagReader.h"
 #include "ui/CLibraryTree.h"
 #include "ui/CMediaList.h"
+#include "ui/LibraryCommands.h"
 
 namespace platform {
 class DriveTable;
@@ -74,6 +75,7 @@ class CLibraryApp {
   CPlayListModel& PlayList() { return playList_; }
   // Bound to their controls by the main window (or a console command).
   CLibraryTree& Tree() { return tree_; }
+  LibraryCommands& Commands() { return commands_; }
   CMediaList& List() { return list_; }
   const PlatformServices& Platform() const { return platform_; }
 
@@ -94,5 +96,6 @@ class CLibraryApp {
   CVolumeScanner scanner_;
   CPlayListModel playList_;
   CMediaList list_;
+  LibraryCommands commands_;
   CLibraryTree tree_;
 };

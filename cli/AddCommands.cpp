@@ -6,16 +6,10 @@
 
 #include "app/CLibraryApp.h"
 #include "cli/ConsoleProgressDialog.h"
-#include "platform/FolderPicker.h"
+#include "cli/NoFolderPicker.h"
 #include "scan/ScanCommands.h"
 
 namespace {
-
-// The console takes folders as arguments; it never shows a picker.
-class NoFolderPicker : public platform::FolderPicker {
- public:
-  int Browse(const std::string&, const std::string&, std::string&) override { return kCancelled; }
-};
 
 template <class Action>
 int RunScanCommand(CLibraryApp& app, Action action) {

@@ -34,11 +34,6 @@ platform::TreeItem ConsoleLibraryWindow::Node(const std::string& kind, int id) c
 
 void ConsoleLibraryWindow::Select(platform::TreeItem node) { app_.Tree().SelectNode(node); }
 
-void ConsoleLibraryWindow::ChooseFromMenu(platform::TreeItem node, int command) {
-  menuChoice_ = command;
-  app_.Tree().OnContextMenu(node);
-}
-
 void ConsoleLibraryWindow::Search(const std::string& findText) {
   QuickSearch(app_.Tree(), app_.List(), findText);
 }
@@ -51,15 +46,10 @@ void ConsoleLibraryWindow::EditFileInfo(const CMediaFile& file) {
   list.EditFileInfo();
 }
 
-int ConsoleLibraryWindow::Track(std::span<const platform::MenuEntry> entries) {
-  for (const platform::MenuEntry& entry : entries)
-    if (entry.command == menuChoice_) return menuChoice_;
-  return 0;
-}
+// No menu is shown and no volume edited on this window: both are cancelled.
+int ConsoleLibraryWindow::Track(std::span<const platform::MenuEntry>) { return 0; }
 
-int ConsoleLibraryWindow::RunModal(VolumeInfoForm& form) {
-  return volumeInfoUser ? volumeInfoUser(form) : kDialogCancel;
-}
+int ConsoleLibraryWindow::RunModal(VolumeInfoForm&) { return kDialogCancel; }
 
 int ConsoleLibraryWindow::RunModal(FileInfoForm& form) {
   return fileInfoUser ? fileInfoUser(form) : kDialogCancel;

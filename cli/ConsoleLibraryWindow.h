@@ -1,9 +1,9 @@
 #pragma once
 // The main window's tree and media list on a terminal: the application's
 // CLibraryTree and CMediaList bound to controls in memory, which a command
-// drives as a user would (select a node, right-click it and pick an entry,
-// search) and then prints. The editing dialogs are answered by the command's
-// own user, and scans run in the console's "Scan Volume" dialog.
+// drives as a user would (select a node, search) and then prints. The file's
+// editing dialog is answered by the command's own user; the tree's menu is
+// never shown (the library's commands run without it).
 
 #include <cstdint>
 #include <cstdio>
@@ -29,16 +29,13 @@ class ConsoleLibraryWindow : private platform::PopupMenu,
   // Binds the application's tree and list and builds the tree.
   explicit ConsoleLibraryWindow(CLibraryApp& app);
 
-  // Who fills in the editing dialogs: edits the form and returns the button.
-  std::function<int(VolumeInfoForm&)> volumeInfoUser;
+  // Who fills in the file's editing dialog: edits the form and returns the button.
   std::function<int(FileInfoForm&)> fileInfoUser;
 
   // The node of a "volume", "folder" or "playlist" with that id; throws
   // UsageError when the tree does not show one.
   platform::TreeItem Node(const std::string& kind, int id) const;
   void Select(platform::TreeItem node);
-  // A right-click on the node, then the menu entry with this command.
-  void ChooseFromMenu(platform::TreeItem node, int command);
   // The Find field holding the text, then "Go".
   void Search(const std::string& findText);
   // "File Info / Edit" with the file as the list's one selected row.
@@ -61,5 +58,4 @@ class ConsoleLibraryWindow : private platform::PopupMenu,
   NoFolderPicker picker_;
   ConsoleProgressDialog scanDialog_;
   ScanCommands scans_;
-  int menuChoice_ = 0;
 };

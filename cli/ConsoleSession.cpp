@@ -21,7 +21,6 @@
 #include "platform/LinuxFileSystem.h"
 #include "platform/ProgramFolder.h"
 #include "platform/mci/GstMediaControl.h"
-#include "ui/CLibraryTree.h"
 #include "playback/DeferredMediaControl.h"
 
 namespace {
@@ -100,12 +99,8 @@ int RunConsole(int argc, char** argv) {
   commands.push_back(std::make_unique<SearchCommand>(cli));
   commands.push_back(std::make_unique<FileInfoCommand>(cli));
   commands.push_back(std::make_unique<VolumeInfoCommand>(cli));
-  commands.push_back(std::make_unique<TreeMenuCommand>(
-      cli, "rescan", "Rescan a volume or a folder of the library", CLibraryTree::kRescan,
-      std::initializer_list<std::string>{"volume", "folder"}));
-  commands.push_back(std::make_unique<TreeMenuCommand>(
-      cli, "remove", "Remove a volume, a folder or a play list from the library (asks first)",
-      CLibraryTree::kRemove, std::initializer_list<std::string>{"volume", "folder", "playlist"}));
+  commands.push_back(std::make_unique<RescanCommand>(cli));
+  commands.push_back(std::make_unique<RemoveCommand>(cli));
 
   try {
     cli.parse(argc, argv);

@@ -1,22 +1,84 @@
 #include "cli/NodeCommands.h"
 
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 
-#include "cli/ConsoleLibraryWindow.h"
-#include "ui/CLibraryTree.h"
+#include "app/CLibraryApp.h"
+#include "cli/ConsoleProgressDialog.h"
+#include "cli/NoFolderPicker.h"
+#include "scan/ScanCommands.h"
+#include "ui/CVolumeInfoDlg.h"
+#include "ui/LibraryCommands.h"
 
-TreeMenuCommand::TreeMenuCommand(CLI::App& parent, const char* name, const char* description,
-                                 int menuCommand, std::initializer_list<std::string> kinds)
-    : command_(parent.add_subcommand(name, description)), menuCommand_(menuCommand) {
-  command_->add_option("KIND", kind_, "The kind of node")->required()->check(CLI::IsMember(kinds));
-  command_->add_option("ID", id_, "Its VolID, PathID or PlayListID")->required();
+namespace {
+
+// The catalogue row of a "volume", "folder" or "playlist" must be there;
+// otherwise the command line named a wrong id.
+void RequireRow(CLibraryApp& app, const std::string& kind, int id) {
+  MediaDB& db = app.Db();
+  const bool found = kind == "volume"   ? db.GetVolume(id) != nullptr
+                     : kind == "folder" ? db.GetPath(id) != nullptr
+                                        : db.GetPlayList(id) != nullptr;
+  const char* key = kind == "volume" ? "VolID" : kind == "folder" ? "PathID" : "PlayListID";
+  if (!found)
+    throw UsageError("no " + kind + " with " + key + " " + std::to_string(id) + " in the library");
 }
 
-bool TreeMenuCommand::Chosen() const { return command_->parsed(); }
+void AddKindAndId(CLI::App& command, std::string& kind, int& id,
+                  std::initializer_list<std::string> kinds) {
+  command.add_option("KIND", kind, "The kind of node")->required()->check(CLI::IsMember(kinds));
+  command.add_option("ID", id, "Its VolID, PathID or PlayListID")->required();
+}
 
-int TreeMenuCommand::Run(CLibraryApp& app, std::FILE*) {
-  ConsoleLibraryWindow window(app);
-  window.ChooseFromMenu(window.Node(kind_, id_), menuCommand_);
+// The volume's edit dialog answered by the command line.
+class ConsoleVolumeInfo : public VolumeInfoView {
+ public:
+  explicit ConsoleVolumeInfo(std::function<int(VolumeInfoForm&)> user) : user_(std::move(user)) {}
+  int RunModal(VolumeInfoForm& form) override { return user_(form); }
+
+ private:
+  std::function<int(VolumeInfoForm&)> user_;
+};
+
+}  // namespace
+
+RescanCommand::RescanCommand(CLI::App& parent)
+    : command_(parent.add_subcommand("rescan", "Rescan a volume or a folder of the library")) {
+  AddKindAndId(*command_, kind_, id_, {"volume", "folder"});
+}
+
+bool RescanCommand::Chosen() const { return command_->parsed(); }
+
+int RescanCommand::Run(CLibraryApp& app, std::FILE*) {
+  RequireRow(app, kind_, id_);
+  NoFolderPicker picker;
+  ConsoleProgressDialog dialog(app.Platform().messages, stderr, isatty(STDERR_FILENO) == 1);
+  ScanCommands scans(app.Scanner(), app.Drives(), app.Settings(), picker, dialog);
+  if (kind_ == "volume")
+    app.Commands().RescanVolume(id_, scans);
+  else
+    app.Commands().RescanFolder(id_, scans);
+  return 0;
+}
+
+RemoveCommand::RemoveCommand(CLI::App& parent)
+    : command_(parent.add_subcommand(
+          "remove", "Remove a volume, a folder or a play list from the library (asks first)")) {
+  AddKindAndId(*command_, kind_, id_, {"volume", "folder", "playlist"});
+}
+
+bool RemoveCommand::Chosen() const { return command_->parsed(); }
+
+int RemoveCommand::Run(CLibraryApp& app, std::FILE*) {
+  RequireRow(app, kind_, id_);
+  LibraryCommands& commands = app.Commands();
+  if (kind_ == "volume")
+    commands.RemoveVolume(id_);
+  else if (kind_ == "folder")
+    commands.RemoveFolder(id_);
+  else
+    commands.RemovePlayList(id_);
   return 0;
 }
 
@@ -30,15 +92,15 @@ VolumeInfoCommand::VolumeInfoCommand(CLI::App& parent)
 bool VolumeInfoCommand::Chosen() const { return command_->parsed(); }
 
 int VolumeInfoCommand::Run(CLibraryApp& app, std::FILE* out) {
-  ConsoleLibraryWindow window(app);
-  window.volumeInfoUser = [&](VolumeInfoForm& form) {
+  RequireRow(app, "volume", volId_);
+  ConsoleVolumeInfo view([&](VolumeInfoForm& form) {
     if (displayName_) form.displayName = *displayName_;
     if (description_) form.description = *description_;
     std::fprintf(out, "Display Name: %s\nVolume Name: %s\nDescription: %s\n",
                  OneLine(form.displayName).c_str(), OneLine(form.volumeName).c_str(),
                  OneLine(form.description).c_str());
     return displayName_ || description_ ? kDialogOk : kDialogCancel;
-  };
-  window.ChooseFromMenu(window.Node("volume", volId_), CLibraryTree::kVolumeInfo);
+  });
+  app.Commands().EditVolume(volId_, view);
   return 0;
 }

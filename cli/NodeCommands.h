@@ -4,26 +4,37 @@
 
 #include "cli/ConsoleCommand.h"
 
-// `rescan volume VOLID` / `rescan folder PATHID` and `remove volume VOLID` /
-// `remove folder PATHID` / `remove playlist PLAYLISTID`: a right-click on that
-// node of the library tree and the menu's "rescan" or "remove".
-class TreeMenuCommand : public ConsoleCommand {
+// `rescan volume VOLID` / `rescan folder PATHID`: the library's rescan, as
+// the tree's menu runs it.
+class RescanCommand : public ConsoleCommand {
  public:
-  TreeMenuCommand(CLI::App& parent, const char* name, const char* description, int menuCommand,
-                  std::initializer_list<std::string> kinds);
+  explicit RescanCommand(CLI::App& parent);
   bool Chosen() const override;
   int Run(CLibraryApp& app, std::FILE* out) override;
 
  private:
   CLI::App* command_;
-  int menuCommand_;
+  std::string kind_;
+  int id_ = 0;
+};
+
+// `remove volume VOLID` / `remove folder PATHID` / `remove playlist
+// PLAYLISTID`: the library's removal, after its question.
+class RemoveCommand : public ConsoleCommand {
+ public:
+  explicit RemoveCommand(CLI::App& parent);
+  bool Chosen() const override;
+  int Run(CLibraryApp& app, std::FILE* out) override;
+
+ private:
+  CLI::App* command_;
   std::string kind_;
   int id_ = 0;
 };
 
 // `volume-info VOLID [--display-name TEXT] [--description TEXT]`: "Vol Info /
-// Edit" on the volume's node; prints the dialog's three fields and, with
-// options, presses Update with those edits.
+// Edit" of the volume; prints the dialog's three fields and, with options,
+// presses Update with those edits.
 class VolumeInfoCommand : public ConsoleCommand {
  public:
   explicit VolumeInfoCommand(CLI::App& parent);

@@ -3,20 +3,15 @@
 #include <span>
 #include <unordered_map>
 
-#include "app/CAppSettings.h"
 #include "catalogue/MediaDB.h"
-#include "platform/MessageBox.h"
-#include "scan/CDriveServices.h"
+#include "platform/DriveTable.h"
 #include "scan/MessageText.h"
-#include "scan/Paths.h"
 #include "scan/ScanCommands.h"
 #include "ui/CMediaList.h"
-#include "ui/CVolumeInfoDlg.h"
+#include "ui/LibraryCommands.h"
 
 namespace {
 
-constexpr int kCdVolume = 5;
-constexpr int kDiskVolume = 3;
 constexpr platform::TreeItem kNoItem = platform::TreeControl::kNoItem;
 
 }  // namespace
@@ -51,9 +46,8 @@ class CLibraryTree::FolderIndex {
   Groups children_;
 };
 
-CLibraryTree::CLibraryTree(MediaDB& db, const CAppSettings& settings, const CDriveServices& drives,
-                           CMediaList& list)
-    : db_(db), settings_(settings), drives_(drives), list_(list) {}
+CLibraryTree::CLibraryTree(MediaDB& db, LibraryCommands& commands, CMediaList& list)
+    : db_(db), commands_(commands), list_(list) {}
 
 void CLibraryTree::Bind(const LibraryTreeControls& controls) {
   controls_.emplace(controls);
@@ -69,8 +63,8 @@ void CLibraryTree::Rebuild() {
   Clear();
   BuildRoots();
   const FolderIndex folders(db_.GetPathNodeRows());
-  AddVolumesOfType(kCdVolume, folders);
-  AddVolumesOfType(kDiskVolume, folders);
+  AddVolumesOfType(platform::kDriveCdRom, folders);
+  AddVolumesOfType(platform::kDriveFixed, folders);
   AddPlayLists();
   for (TreeItem node : {allMedia_, cds_, localDisks_, playLists_}) Control().Expand(node);
 }
@@ -92,7 +86,7 @@ void CLibraryTree::BuildRoots() {
 
 void CLibraryTree::AddVolumesOfType(int volType, const FolderIndex& folders) {
   // The group follows the type asked for, not the row's own VolType.
-  const bool cd = volType == kCdVolume;
+  const bool cd = volType == platform::kDriveCdRom;
   for (const CMediaVolume& volume : db_.GetVolumesOfType(volType)) {
     const std::string label =
         cd ? volume.DisplayName : FillMessage(kDiskVolumeLabel, {volume.DrvLtr, volume.DisplayName});
@@ -164,31 +158,14 @@ void CLibraryTree::RunCommand(int command) {
   }
 }
 
-bool CLibraryTree::Confirm(const char* question) const {
-  return drives_.Messages().Show(question, platform::Buttons::OkCancel,
-                                 platform::Icon::Information) == platform::Answer::Ok;
-}
-
 bool CLibraryTree::RemoveNode(TreeItem node) {
   const DecodedNode decoded = Decode(node);
-  const int id = decoded.id;
   switch (decoded.kind) {
-    case NodeKind::Volume: return RemoveInTransaction(kRemoveVolume, [&] { db_.DeleteVolume(id); });
-    case NodeKind::Folder: return RemoveInTransaction(kRemovePath, [&] { db_.DeletePathTree(id); });
-    case NodeKind::PlayList:
-      if (!Confirm(kRemovePlayList)) return false;
-      db_.DeletePlayList(id);  // a single statement, outside any transaction
-      return true;
+    case NodeKind::Volume: return commands_.RemoveVolume(decoded.id);
+    case NodeKind::Folder: return commands_.RemoveFolder(decoded.id);
+    case NodeKind::PlayList: return commands_.RemovePlayList(decoded.id);
     default: return false;
   }
-}
-
-bool CLibraryTree::RemoveInTransaction(const char* question, const std::function<void()>& remove) {
-  if (!Confirm(question)) return false;
-  db_.Begin();
-  remove();
-  db_.Commit();
-  return true;
 }
 
 void CLibraryTree::RemoveAndRebuild(TreeItem node) {
@@ -200,49 +177,15 @@ void CLibraryTree::RemoveAndRebuild(TreeItem node) {
 bool CLibraryTree::EditVolumeInfo() {
   const DecodedNode decoded = Decode(context_);
   if (decoded.kind != NodeKind::Volume) return false;
-  const auto volume = db_.GetVolume(decoded.id);
-  if (!volume) return false;
-  CVolumeInfoDlg dialog(controls_->volumeInfo);
-  dialog.fields = {volume->DisplayName, volume->Name, volume->Description};
-  if (dialog.DoModal() != kDialogOk) return false;
-  volume->DisplayName = dialog.fields.displayName;
-  volume->Description = dialog.fields.description;
-  db_.UpdateVolumeInfo(*volume);
+  if (!commands_.EditVolume(decoded.id, controls_->volumeInfo)) return false;
   Rebuild();
   return true;
 }
 
-void CLibraryTree::Rescan() {
-  const DecodedNode decoded = Decode(context_);
-  if (decoded.kind == NodeKind::Volume) RescanVolume(decoded.id);
-  if (decoded.kind == NodeKind::Folder) RescanFolder(decoded.id);
-}
-
 // Each scan goes through the scan entry point, which rebuilds the tree when
 // its dialog closes; so the last rebuild follows the last scan.
-void CLibraryTree::RescanVolume(int volId) {
-  const int volType = db_.GetVolumeType(volId);
-  if (volType == kCdVolume) {
-    const std::string& drive = settings_.cdDrive;
-    if (drives_.WaitForVolume(drive, db_.GetVolumeSerial(volId), kInsertCorrectCd) == -1) return;
-    controls_->scans.ScanVolume(kCdVolume, MakeFullPath(drive, "\\", ""));
-  } else if (volType == kDiskVolume) {
-    // The roots are read before the first scan changes the catalogue.
-    const std::string drive = db_.GetVolumeDrive(volId);
-    std::vector<std::string> roots;
-    for (std::uint32_t pathId : db_.GetVolumeRootPathIds(volId))
-      roots.push_back(MakeFullPath(drive, db_.GetPathFullPath(static_cast<int>(pathId)), ""));
-    for (const std::string& root : roots) controls_->scans.ScanVolume(kDiskVolume, root);
-  }
-}
-
-void CLibraryTree::RescanFolder(int pathId) {
-  const auto volume = db_.GetVolume(db_.GetPathVolume(pathId));
-  if (!volume) return;
-  const bool cd = volume->VolType == kCdVolume;
-  if (cd && drives_.WaitForVolume(settings_.cdDrive, volume->SerialNo,
-                                  FillMessage(kInsertNamedCd, {volume->DisplayName})) == -1)
-    return;
-  const std::string& drive = cd ? settings_.cdDrive : volume->DrvLtr;
-  controls_->scans.ScanVolume(volume->VolType, MakeFullPath(drive, db_.GetPathFullPath(pathId), ""));
+void CLibraryTree::Rescan() {
+  const DecodedNode decoded = Decode(context_);
+  if (decoded.kind == NodeKind::Volume) commands_.RescanVolume(decoded.id, controls_->scans);
+  if (decoded.kind == NodeKind::Folder) commands_.RescanFolder(decoded.id, controls_->scans);
 }

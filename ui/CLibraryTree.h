@@ -18,9 +18,8 @@
 #include "platform/TreeControl.h"
 #include "ui/NodeValue.h"
 
-class CAppSettings;
-class CDriveServices;
 class CMediaList;
+class LibraryCommands;
 class MediaDB;
 class ScanCommands;
 class VolumeInfoView;
@@ -45,21 +44,15 @@ class CLibraryTree {
   static constexpr const char* kSearchResults = "Search Results";
   static constexpr const char* kPlayLists = "Play Lists";
   static constexpr const char* kDiskVolumeLabel = "[%s:] %s";
-  static constexpr const char* kInsertCorrectCd = "Please insert correct CD.";
-  static constexpr const char* kInsertNamedCd = "Please Insert CD: %s";
-  static constexpr const char* kRemoveVolume = "Remove volume from database?";
-  static constexpr const char* kRemovePath = "Remove Path from database?";
-  static constexpr const char* kRemovePlayList = "Remove PlayList from database?";
 
   static constexpr std::array<platform::MenuEntry, 3> kVolumeMenu{{
       {kVolumeInfo, "Vol Info / Edit"}, {kRemove, "remove"}, {kRescan, "rescan"}}};
   static constexpr std::array<platform::MenuEntry, 2> kFolderMenu{{{kRemove, "remove"}, {kRescan, "rescan"}}};
   static constexpr std::array<platform::MenuEntry, 1> kPlayListMenu{{{kRemove, "remove"}}};
 
-  // list: the media list that a selection fills. drives also asks its
-  // questions. settings.cdDrive is read at each rescan.
-  CLibraryTree(MediaDB& db, const CAppSettings& settings, const CDriveServices& drives,
-               CMediaList& list);
+  // list: the media list that a selection fills; commands: what the menu's
+  // entries do.
+  CLibraryTree(MediaDB& db, LibraryCommands& commands, CMediaList& list);
 
   // Every other operation needs the controls bound first. Also points the
   // scan entry point's library-changed seam at Rebuild, so that every scan
@@ -110,15 +103,10 @@ class CLibraryTree {
                   const FolderIndex& index);
   void AddPlayLists();
   TreeItem Insert(TreeItem parent, const std::string& label, NodeKind kind, int id);
-  bool Confirm(const char* question) const;
-  bool RemoveInTransaction(const char* question, const std::function<void()>& remove);
-  void RescanVolume(int volId);
-  void RescanFolder(int pathId);
   platform::TreeControl& Control() const { return controls_->tree; }
 
   MediaDB& db_;
-  const CAppSettings& settings_;
-  const CDriveServices& drives_;
+  LibraryCommands& commands_;
   CMediaList& list_;
   std::optional<LibraryTreeControls> controls_;
   TreeItem allMedia_ = platform::TreeControl::kNoItem;

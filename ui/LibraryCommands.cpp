@@ -1,0 +1,85 @@
+#include "ui/LibraryCommands.h"
+
+#include <string>
+#include <vector>
+
+#include "app/CAppSettings.h"
+#include "catalogue/MediaDB.h"
+#include "platform/DriveTable.h"
+#include "platform/MessageBox.h"
+#include "scan/CDriveServices.h"
+#include "scan/MessageText.h"
+#include "scan/Paths.h"
+#include "scan/ScanCommands.h"
+#include "ui/CVolumeInfoDlg.h"
+
+LibraryCommands::LibraryCommands(MediaDB& db, const CAppSettings& settings,
+                                 const CDriveServices& drives)
+    : db_(db), settings_(settings), drives_(drives) {}
+
+bool LibraryCommands::Confirm(const char* question) const {
+  return drives_.Messages().Show(question, platform::Buttons::OkCancel,
+                                 platform::Icon::Information) == platform::Answer::Ok;
+}
+
+template <class Remove>
+bool LibraryCommands::RemoveInTransaction(const char* question, Remove remove) {
+  if (!Confirm(question)) return false;
+  db_.Begin();
+  remove();
+  db_.Commit();
+  return true;
+}
+
+bool LibraryCommands::RemoveVolume(int volId) {
+  return RemoveInTransaction(kRemoveVolume, [&] { db_.DeleteVolume(volId); });
+}
+
+bool LibraryCommands::RemoveFolder(int pathId) {
+  return RemoveInTransaction(kRemovePath, [&] { db_.DeletePathTree(pathId); });
+}
+
+bool LibraryCommands::RemovePlayList(int playListId) {
+  if (!Confirm(kRemovePlayList)) return false;
+  db_.DeletePlayList(playListId);  // a single statement, outside any transaction
+  return true;
+}
+
+void LibraryCommands::RescanVolume(int volId, ScanCommands& scans) {
+  const int volType = db_.GetVolumeType(volId);
+  if (volType == platform::kDriveCdRom) {
+    const std::string& drive = settings_.cdDrive;
+    if (drives_.WaitForVolume(drive, db_.GetVolumeSerial(volId), kInsertCorrectCd) == -1) return;
+    scans.ScanVolume(platform::kDriveCdRom, MakeFullPath(drive, "\\", ""));
+  } else if (volType == platform::kDriveFixed) {
+    // The roots are read before the first scan changes the catalogue.
+    const std::string drive = db_.GetVolumeDrive(volId);
+    std::vector<std::string> roots;
+    for (std::uint32_t pathId : db_.GetVolumeRootPathIds(volId))
+      roots.push_back(MakeFullPath(drive, db_.GetPathFullPath(static_cast<int>(pathId)), ""));
+    for (const std::string& root : roots) scans.ScanVolume(platform::kDriveFixed, root);
+  }
+}
+
+void LibraryCommands::RescanFolder(int pathId, ScanCommands& scans) {
+  const auto volume = db_.GetVolume(db_.GetPathVolume(pathId));
+  if (!volume) return;
+  const bool cd = volume->VolType == platform::kDriveCdRom;
+  if (cd && drives_.WaitForVolume(settings_.cdDrive, volume->SerialNo,
+                                  FillMessage(kInsertNamedCd, {volume->DisplayName})) == -1)
+    return;
+  const std::string& drive = cd ? settings_.cdDrive : volume->DrvLtr;
+  scans.ScanVolume(volume->VolType, MakeFullPath(drive, db_.GetPathFullPath(pathId), ""));
+}
+
+bool LibraryCommands::EditVolume(int volId, VolumeInfoView& view) {
+  const auto volume = db_.GetVolume(volId);
+  if (!volume) return false;
+  CVolumeInfoDlg dialog(view);
+  dialog.fields = {volume->DisplayName, volume->Name, volume->Description};
+  if (dialog.DoModal() != kDialogOk) return false;
+  volume->DisplayName = dialog.fields.displayName;
+  volume->Description = dialog.fields.description;
+  db_.UpdateVolumeInfo(*volume);
+  return true;
+}
