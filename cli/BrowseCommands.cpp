@@ -15,12 +15,7 @@ int TreeCommand::Run(CLibraryApp& app, std::FILE* out) {
 }
 
 ListCommand::ListCommand(CLI::App& parent)
-    : command_(parent.add_subcommand("list", "Print the files of a folder or a play list")) {
-  command_->add_option("KIND", kind_, "folder or playlist")->required()->check(CLI::IsMember({"folder", "playlist"}));
-  command_->add_option("ID", id_, "The PathID or PlayListID")->required();
-}
-
-bool ListCommand::Chosen() const { return command_->parsed(); }
+    : NodeCommand(parent, "list", "Print the files of a folder or a play list", {"folder", "playlist"}) {}
 
 int ListCommand::Run(CLibraryApp& app, std::FILE* out) {
   ConsoleLibraryWindow window(app);

@@ -2,6 +2,7 @@
 #include <string>
 
 #include "cli/ConsoleCommand.h"
+#include "cli/NodeCommand.h"
 
 // `tree`: the library tree as a rebuild leaves it.
 class TreeCommand : public ConsoleCommand {
@@ -16,16 +17,10 @@ class TreeCommand : public ConsoleCommand {
 
 // `list folder PATHID` / `list playlist PLAYLISTID`: that node selected, and
 // the media list it fills.
-class ListCommand : public ConsoleCommand {
+class ListCommand : public NodeCommand {
  public:
   explicit ListCommand(CLI::App& parent);
-  bool Chosen() const override;
   int Run(CLibraryApp& app, std::FILE* out) override;
-
- private:
-  CLI::App* command_;
-  std::string kind_;
-  int id_ = 0;
 };
 
 // `search TEXT`: the quick search with TEXT in the Find field.

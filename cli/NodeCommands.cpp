@@ -13,24 +13,6 @@
 
 namespace {
 
-// The catalogue row of a "volume", "folder" or "playlist" must be there;
-// otherwise the command line named a wrong id.
-void RequireRow(CLibraryApp& app, const std::string& kind, int id) {
-  MediaDB& db = app.Db();
-  const bool found = kind == "volume"   ? db.GetVolume(id) != nullptr
-                     : kind == "folder" ? db.GetPath(id) != nullptr
-                                        : db.GetPlayList(id) != nullptr;
-  const char* key = kind == "volume" ? "VolID" : kind == "folder" ? "PathID" : "PlayListID";
-  if (!found)
-    throw UsageError("no " + kind + " with " + key + " " + std::to_string(id) + " in the library");
-}
-
-void AddKindAndId(CLI::App& command, std::string& kind, int& id,
-                  std::initializer_list<std::string> kinds) {
-  command.add_option("KIND", kind, "The kind of node")->required()->check(CLI::IsMember(kinds));
-  command.add_option("ID", id, "Its VolID, PathID or PlayListID")->required();
-}
-
 // The volume's edit dialog answered by the command line.
 class ConsoleVolumeInfo : public VolumeInfoView {
  public:
@@ -44,14 +26,10 @@ class ConsoleVolumeInfo : public VolumeInfoView {
 }  // namespace
 
 RescanCommand::RescanCommand(CLI::App& parent)
-    : command_(parent.add_subcommand("rescan", "Rescan a volume or a folder of the library")) {
-  AddKindAndId(*command_, kind_, id_, {"volume", "folder"});
-}
-
-bool RescanCommand::Chosen() const { return command_->parsed(); }
+    : NodeCommand(parent, "rescan", "Rescan a volume or a folder of the library", {"volume", "folder"}) {}
 
 int RescanCommand::Run(CLibraryApp& app, std::FILE*) {
-  RequireRow(app, kind_, id_);
+  RequireRow(app);
   NoFolderPicker picker;
   ConsoleProgressDialog dialog(app.Platform().messages, stderr, isatty(STDERR_FILENO) == 1);
   ScanCommands scans(app.Scanner(), app.Drives(), app.Settings(), picker, dialog);
@@ -63,15 +41,12 @@ int RescanCommand::Run(CLibraryApp& app, std::FILE*) {
 }
 
 RemoveCommand::RemoveCommand(CLI::App& parent)
-    : command_(parent.add_subcommand(
-          "remove", "Remove a volume, a folder or a play list from the library (asks first)")) {
-  AddKindAndId(*command_, kind_, id_, {"volume", "folder", "playlist"});
-}
-
-bool RemoveCommand::Chosen() const { return command_->parsed(); }
+    : NodeCommand(parent, "remove",
+                  "Remove a volume, a folder or a play list from the library (asks first)",
+                  {"volume", "folder", "playlist"}) {}
 
 int RemoveCommand::Run(CLibraryApp& app, std::FILE*) {
-  RequireRow(app, kind_, id_);
+  RequireRow(app);
   LibraryCommands& commands = app.Commands();
   if (kind_ == "volume")
     commands.RemoveVolume(id_);
@@ -92,7 +67,8 @@ VolumeInfoCommand::VolumeInfoCommand(CLI::App& parent)
 bool VolumeInfoCommand::Chosen() const { return command_->parsed(); }
 
 int VolumeInfoCommand::Run(CLibraryApp& app, std::FILE* out) {
-  RequireRow(app, "volume", volId_);
+  if (!app.Db().GetVolume(volId_))
+    throw UsageError("no volume with VolID " + std::to_string(volId_) + " in the library");
   ConsoleVolumeInfo view([&](VolumeInfoForm& form) {
     if (displayName_) form.displayName = *displayName_;
     if (description_) form.description = *description_;

@@ -3,33 +3,22 @@
 #include <string>
 
 #include "cli/ConsoleCommand.h"
+#include "cli/NodeCommand.h"
 
 // `rescan volume VOLID` / `rescan folder PATHID`: the library's rescan, as
 // the tree's menu runs it.
-class RescanCommand : public ConsoleCommand {
+class RescanCommand : public NodeCommand {
  public:
   explicit RescanCommand(CLI::App& parent);
-  bool Chosen() const override;
   int Run(CLibraryApp& app, std::FILE* out) override;
-
- private:
-  CLI::App* command_;
-  std::string kind_;
-  int id_ = 0;
 };
 
 // `remove volume VOLID` / `remove folder PATHID` / `remove playlist
 // PLAYLISTID`: the library's removal, after its question.
-class RemoveCommand : public ConsoleCommand {
+class RemoveCommand : public NodeCommand {
  public:
   explicit RemoveCommand(CLI::App& parent);
-  bool Chosen() const override;
   int Run(CLibraryApp& app, std::FILE* out) override;
-
- private:
-  CLI::App* command_;
-  std::string kind_;
-  int id_ = 0;
 };
 
 // `volume-info VOLID [--display-name TEXT] [--description TEXT]`: "Vol Info /
