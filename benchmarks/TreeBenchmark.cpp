@@ -81,7 +81,11 @@ class Session {
     app_.List().Bind({list_, quiet, quiet});
     app_.List().CreateColumns();
   }
-  ~Session() { app_.Exit(); }
+  ~Session() {
+    app_.Tree().Unbind();
+    app_.List().Unbind();
+    app_.Exit();
+  }
 
   CLibraryApp& App() { return app_; }
   platform::MemoryTreeControl& Tree() { return tree_; }

@@ -17,6 +17,11 @@ ConsoleLibraryWindow::ConsoleLibraryWindow(CLibraryApp& app)
   app.Tree().Rebuild();
 }
 
+ConsoleLibraryWindow::~ConsoleLibraryWindow() {
+  app_.Tree().Unbind();
+  app_.List().Unbind();
+}
+
 platform::TreeItem ConsoleLibraryWindow::Node(const std::string& kind, int id) const {
   const NodeKind nodeKind = kind == "volume" ? NodeKind::Volume
                             : kind == "folder" ? NodeKind::Folder

@@ -28,6 +28,10 @@ class ConsoleLibraryWindow : private platform::PopupMenu,
  public:
   // Binds the application's tree and list and builds the tree.
   explicit ConsoleLibraryWindow(CLibraryApp& app);
+  // Unbinds them again: the controls go with this window.
+  ~ConsoleLibraryWindow() override;
+  ConsoleLibraryWindow(const ConsoleLibraryWindow&) = delete;
+  ConsoleLibraryWindow& operator=(const ConsoleLibraryWindow&) = delete;
 
   // Who fills in the file's editing dialog: edits the form and returns the button.
   std::function<int(FileInfoForm&)> fileInfoUser;

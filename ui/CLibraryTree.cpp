@@ -49,6 +49,13 @@ class CLibraryTree::FolderIndex {
 CLibraryTree::CLibraryTree(MediaDB& db, LibraryCommands& commands, CMediaList& list)
     : db_(db), commands_(commands), list_(list) {}
 
+void CLibraryTree::Unbind() {
+  if (!controls_) return;
+  controls_->scans.OnLibraryChanged(nullptr);
+  controls_.reset();
+  current_ = context_ = kNoItem;
+}
+
 void CLibraryTree::Bind(const LibraryTreeControls& controls) {
   controls_.emplace(controls);
   controls.scans.OnLibraryChanged([this] { Rebuild(); });

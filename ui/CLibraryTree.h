@@ -58,6 +58,9 @@ class CLibraryTree {
   // scan entry point's library-changed seam at Rebuild, so that every scan
   // (Add CD, Add HD, a rescan) ends with the tree rebuilt.
   void Bind(const LibraryTreeControls& controls);
+  // Lets go of the controls (and the scan entry point's seam); the binder
+  // calls it before its controls go away.
+  void Unbind();
 
   void Clear();
   void Rebuild();

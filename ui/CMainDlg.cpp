@@ -22,6 +22,12 @@ CMainDlg::CMainDlg(const MainWindowParts& parts, MainWindowView& view)
   playListWindow_.OnLibraryChanged([this] { parts_.tree.Rebuild(); });
 }
 
+CMainDlg::~CMainDlg() {
+  if (!panesBound_) return;
+  parts_.tree.Unbind();
+  parts_.list.Unbind();
+}
+
 void CMainDlg::OnInitDialog() {
   view_.AttachToolTips(kControls);
   parts_.tree.Bind(parts_.treeControls);

@@ -76,6 +76,8 @@ class CMainDlg {
   static constexpr int kRightMargin = 70;
 
   CMainDlg(const MainWindowParts& parts, MainWindowView& view);
+  // Unbinds the tree and the list from the window's controls.
+  ~CMainDlg();
   CMainDlg(const CMainDlg&) = delete;
   CMainDlg& operator=(const CMainDlg&) = delete;
 

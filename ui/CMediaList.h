@@ -56,6 +56,8 @@ class CMediaList {
   // Every other operation needs the controls bound first. Adds grid lines,
   // full-row selection and column dragging to the list's style.
   void Bind(const MediaListControls& controls);
+  // Lets go of the controls; the binder calls it before they go away.
+  void Unbind() { controls_.reset(); }
   void CreateColumns();
 
   void Clear();
