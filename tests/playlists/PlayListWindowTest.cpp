@@ -64,11 +64,11 @@ TEST_F(PlayListWindowTest, SaveStoresARowWhicheverWayTheDialogClosed) {
   EXPECT_EQ(input.caption + "|" + input.prompt + "|" + input.okLabel, "Save Playlist|Save Playlist as ..|Save");
   input.press = platform::InputDialog::kCancel;
   window.OnContextMenu(true);
-  const IdList stored = app->Db().GetPlayListIds();
+  const std::vector<CPlayList> stored = app->Db().GetPlayLists();
   ASSERT_EQ(stored.size(), 2u);
-  EXPECT_EQ(app->Db().GetPlayList(stored[0])->Name, "Evening");
-  EXPECT_EQ(app->Db().GetPlayList(stored[1])->Name, "");
-  EXPECT_EQ(app->Db().GetPlayList(stored[1])->FileIDs, "1,2,3");
+  EXPECT_EQ(stored[0].Name, "Evening");
+  EXPECT_EQ(stored[1].Name, "");
+  EXPECT_EQ(stored[1].FileIDs, "1,2,3");
   EXPECT_EQ(rebuilds, 2);
 }
 

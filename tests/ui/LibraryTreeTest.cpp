@@ -168,7 +168,7 @@ TEST_F(LibraryTreeTest, RescanAsksForTheDiscAndScansThroughTheEntryPoint) {
   libraryTree.OnContextMenu(Node(ItemValue(NodeKind::Volume, disk)));
   libraryTree.OnContextMenu(Node(2));
   EXPECT_EQ(scanHost.scanned, (Strings{"5 E:\\", "3 D:\\Music\\", "3 D:\\Audio\\", "5 E:\\Disc\\Side A\\"}));
-  EXPECT_EQ(app->Db().GetPathFileIds(1).size(), 1u);
+  EXPECT_EQ(app->Db().GetFolderListRows(1).size(), 1u);
   EXPECT_NE(Dump().find("      Disc=1\n"), std::string::npos) << "rebuilt after the scans";
 }
 
