@@ -9,6 +9,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "platform/DrivePaths.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/ProgramFolder.h"
 #include "tests/platform/ScopedTmpfs.h"
@@ -59,6 +60,12 @@ TEST_F(LinuxFileSystemTest, DrivePathsFindComponentsWhateverTheirCase) {
   EXPECT_EQ(files.LocalPath("/etc/Hosts"), "/etc/Hosts");
   EXPECT_EQ(files.LocalPath("Q:\\x"), "");
   EXPECT_EQ(files.LocalPath("relative\\x"), "");
+
+  // One spelling: the letter in upper case, dots gone, existing names as stored.
+  EXPECT_EQ(CanonicalDrivePath(table, "c:\\music\\Rock\\..\\.\\rock\\SONG.mp3"), "C:\\Music\\ROCK\\SONG.mp3");
+  EXPECT_EQ(CanonicalDrivePath(table, "c:\\..\\MUSIC\\rock\\..\\Rock\\New\\"), "C:\\Music\\Rock\\New\\");
+  EXPECT_EQ(CanonicalDrivePath(table, "c:"), "C:\\");
+  EXPECT_EQ(CanonicalDrivePath(table, "Q:\\x"), "");
 
   std::optional<FileFacts> facts = files.Stat("C:\\music\\Rock\\SONG.mp3");
   ASSERT_TRUE(facts);
