@@ -55,22 +55,22 @@ int CDriveServices::WaitForVolume(const std::string& drive, const std::string& s
 
 std::vector<std::string> CDriveServices::ListSubfolders(const std::string& folder) const {
   std::vector<std::string> names;
-  for (const auto& entry : files_.List(folder, "*.*"))
-    if (entry.isDirectory) names.push_back(entry.name);
+  for (const auto& entry : files_.List(folder, "*.*").entries)
+    if (entry.IsFolder()) names.push_back(entry.name);
   return names;
 }
 
 std::vector<std::string> CDriveServices::ListFiles(const std::string& folder) const {
   std::vector<std::string> names;
-  for (const auto& entry : files_.List(folder, "*.*"))
-    if (!entry.isDirectory) names.push_back(entry.name);
+  for (const auto& entry : files_.List(folder, "*.*").entries)
+    if (entry.IsFile()) names.push_back(entry.name);
   return names;
 }
 
 std::vector<std::string> CDriveServices::ListMediaFiles(const std::string& folder) const {
   std::vector<std::string> names;
-  for (const auto& entry : files_.List(folder, "*.*"))
-    if (!entry.isDirectory && GetFileType(entry.name) != kNotMedia) names.push_back(entry.name);
+  for (const auto& entry : files_.List(folder, "*.*").entries)
+    if (entry.IsFile() && GetFileType(entry.name) != kNotMedia) names.push_back(entry.name);
   return names;
 }
 
@@ -93,3 +93,4 @@ bool CDriveServices::FileExists(const std::string& path) const { return files_.E
 std::string CDriveServices::ToDrivePath(const std::string& linuxFolder) const {
   return drives_.ToDrivePath(linuxFolder);
 }
+

@@ -36,7 +36,8 @@ class CDriveServices {
   int WaitForVolume(const std::string& drive, const std::string& serialNo,
                     const std::string& prompt) const;
 
-  // Names in a normalised folder, in the order the file system yields them.
+  // Names in a normalised folder, in the order the file system yields them;
+  // files are regular files (links followed).
   std::vector<std::string> ListSubfolders(const std::string& folder) const;
   std::vector<std::string> ListFiles(const std::string& folder) const;
   std::vector<std::string> ListMediaFiles(const std::string& folder) const;
@@ -51,6 +52,7 @@ class CDriveServices {
 
   // A Linux folder as a drive path ("C:\Music"), or "" when no drive holds it.
   std::string ToDrivePath(const std::string& linuxFolder) const;
+
 
   platform::FileSystem& Files() const { return files_; }
   platform::MessageBox& Messages() const { return messages_; }

@@ -16,13 +16,16 @@ unsigned ReaderThreads() {
 
 CVolumeScanner::CVolumeScanner(MediaDB& db, CDriveServices& drives, TagReader& reader,
                                platform::MessageBox& messages)
-    : db_(db), discovery_(db, drives, progress_), tags_(db, reader, messages, progress_, ReaderThreads()) {}
+    : db_(db),
+      discovery_(db, drives, progress_, report_),
+      tags_(db, reader, messages, progress_, ReaderThreads()) {}
 
 void CVolumeScanner::Prepare(int kind, const std::string& root) {
   progress_.progress = 0;
   progress_.done = false;
   progress_.cancel = false;
   progress_.SetStatus("");
+  report_.Clear();
   requestedKind_ = kind;
   scanRoot_ = root;
 }

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "scan/DiscoveryScan.h"
+#include "scan/ScanReport.h"
 #include "scan/TagScan.h"
 #include "scan/WorkerProgress.h"
 
@@ -33,6 +34,8 @@ class CVolumeScanner {
   int Run();
 
   WorkerProgress& Progress() { return progress_; }
+  // What the last scan has to tell once it is done.
+  const ScanReport& Report() const { return report_; }
   const std::string& ScanRoot() const { return scanRoot_; }
   int RequestedKind() const { return requestedKind_; }
   // How long the last tag phase took.
@@ -41,6 +44,7 @@ class CVolumeScanner {
  private:
   MediaDB& db_;
   WorkerProgress progress_;
+  ScanReport report_;
   DiscoveryScan discovery_;
   TagScan tags_;
   std::string scanRoot_;

@@ -4,7 +4,12 @@
 // removes the rows of what is no longer there. Mark, visit, sweep: rows seen
 // again keep their ids, so play lists and the user's edits survive a rescan.
 //
-// Runs on the scan worker. Reads the cancel flag and writes the status text.
+// Only regular files are recorded. A folder that cannot be listed is never
+// taken for an empty one: its rows and those of everything stored below it
+// are kept as they are.
+//
+// Runs on the scan worker. Reads the cancel flag and writes the status text
+// and the report.
 
 #include <set>
 #include <string>
@@ -16,11 +21,12 @@
 
 class CDriveServices;
 class MediaDB;
+class ScanReport;
 class WorkerProgress;
 
 class DiscoveryScan {
  public:
-  DiscoveryScan(MediaDB& db, CDriveServices& drives, WorkerProgress& progress);
+  DiscoveryScan(MediaDB& db, CDriveServices& drives, WorkerProgress& progress, ScanReport& report);
 
   // The volume row of the disc or disk holding the root, inserted when new;
   // loads the volume's rows for the phases that follow.
@@ -53,11 +59,19 @@ class DiscoveryScan {
  private:
   bool HoldsAudioFiles(const std::vector<platform::DirEntry>& entries) const;
   IdList SubtreeOf(const std::string& root, int volId);
+  void NoteSkipped(const platform::Listing& listing);
+  int MarkUnlisted(const std::string& folder, platform::ListingStatus status);
+  bool KeepsUnlisted(const std::string& folder, platform::ListingStatus status);
+  void KeepStoredSubtree(const std::string& folder);
 
   MediaDB& db_;
   CDriveServices& drives_;
   WorkerProgress& progress_;
+  ScanReport& report_;
   VolumeIndex index_;
   std::unordered_set<std::string> mediaFolders_;
+  // Folders whose listing failed while marking: kept whole when recording.
+  std::unordered_set<std::string> notListed_;
+
   std::set<std::pair<std::uint64_t, std::uint64_t>> enteredFolders_;
 };

@@ -68,6 +68,19 @@ TEST_F(ScanCommandsTest, CancelEndsTheDialogAtOnceButTheWorkerFinishesFirst) {
   EXPECT_EQ(rebuilds, 1);
 }
 
+TEST_F(ScanCommandsTest, NotesFollowScanCompleteInOneBox) {
+  Put("c/Music/a.mp3", "id3v1.mp3");
+  Put("c/Music/Locked/b.mp3", "id3v1.mp3");
+  Put("c/Music/Odd\\Name/c.mp3", "id3v1.mp3");
+  listings.FailFrom("C:\\Music\\Locked\\");
+  commands.ScanVolume(3, "C:\\Music\\");
+  EXPECT_EQ(messages.Texts(), (std::vector<std::string>{"Scan Complete.",
+                                                        "1 folder could not be read; its entries were kept.\n"
+                                                        "1 folder was skipped for its name."}));
+  EXPECT_EQ(messages.Shown()[1].icon, platform::Icon::Information);
+  EXPECT_EQ(messages.Shown()[1].buttons, platform::Buttons::Ok);
+}
+
 TEST_F(ScanCommandsTest, AddCdPromptsForADiscAndFindsKnownDiscsAgain) {
   const std::string jazz = folder.MakeFolder("discs/jazz"), rock = folder.MakeFolder("discs/rock");
   LabelDisc(jazz, "Jazz 1", 0x12345678);

@@ -1,6 +1,7 @@
 #pragma once
 // A program folder with a disk C, an empty CD drive E and a catalogue, and a
 // scanner reading real tags with TagLib, through a reader a test may watch.
+// The scanner lists folders through a file system that can be told to fail.
 
 #include <gtest/gtest.h>
 
@@ -15,6 +16,7 @@
 #include "scan/CDriveServices.h"
 #include "scan/CVolumeScanner.h"
 #include "tags/CTagReader.h"
+#include "tests/support/FailingListings.h"
 #include "tests/support/ScriptedMessageBox.h"
 #include "tests/support/TempFolder.h"
 
@@ -44,7 +46,8 @@ class ScanTest : public ::testing::Test {
       : testDrives(folder.Path()),
         table(folder.Path()),
         fileSystem(table),
-        drives(table, fileSystem, messages),
+        listings(fileSystem),
+        drives(table, listings, messages),
         realReader(fileSystem),
         reader(realReader),
         scanner(db, drives, reader, messages) {
@@ -88,6 +91,7 @@ class ScanTest : public ::testing::Test {
   testing_support::TestDrives testDrives;
   platform::LinuxDriveTable table;
   platform::LinuxFileSystem fileSystem;
+  testing_support::FailingListings listings;
   testing_support::ScriptedMessageBox messages;
   CDriveServices drives;
   MediaDB db;

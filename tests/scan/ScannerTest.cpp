@@ -1,11 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <dirent.h>
+#include <sys/stat.h>
+
 #include <csignal>
 #include <filesystem>
 
 #include "scan/DiscoveryScan.h"
+#include "scan/ScanReport.h"
 #include "scan/WorkerProgress.h"
 #include "tests/scan/ScanFixture.h"
+#include "tests/support/PermissionsHold.h"
 
 namespace {
 
@@ -103,7 +108,10 @@ TEST_F(ScanTest, OddNamesAreStoredExactlyAndSiblingsDifferingInCaseStaySeparate)
   Put("c/Music/a_c/c.mp3", "id3v1.mp3");
   Put("c/Music/abc/d.mp3", "id3v1.mp3");
   folder.WriteFile("c/Music/Rock/back\\slash.mp3", "skipped: no drive path can name it");
+  folder.WriteFile("c/Music/Rock/back\\slash.txt", "not audio: not worth a word");
+  Put("c/Music/AC\\DC/e.mp3", "id3v1.mp3");
   Scan(3, "C:\\Music\\");
+  EXPECT_EQ(scanner.Report().Notes(), "1 file and 1 folder were skipped for their names.");
   const auto files = CataloguedFiles();
   EXPECT_EQ(files.size(), 5u);
   EXPECT_TRUE(files.count("\\Music\\It's 100%_é\\Don't 50%_x.mp3"));
@@ -123,6 +131,121 @@ TEST_F(ScanTest, ALoopOfLinksIsEnteredOnce) {
   EXPECT_EQ(CataloguedFiles().size(), 1u);
 }
 
+TEST_F(ScanTest, OnlyRegularFilesAreRecordedAndNothingElseIsEverRead) {
+  Put("c/Music/a.mp3", "id3v1.mp3");
+  Put("c/Music/b.mp3", "id3v2.mp3");
+  const std::string music = folder.Path() + "/c/Music/";
+  ASSERT_EQ(mkfifo((music + "x.mp3").c_str(), 0600), 0);
+  fs::create_symlink(music + "a.mp3", music + "alias.mp3");
+  fs::create_symlink(music + "gone.mp3", music + "broken.mp3");
+  fs::create_symlink("/dev/zero", music + "zero.mp3");
+  // b.mp3 becomes a pipe after it was recorded, just before its tags are read.
+  reader.beforeRead = [&](const std::string& path) {
+    if (!path.ends_with("b.mp3")) return;
+    fs::remove(music + "b.mp3");
+    mkfifo((music + "b.mp3").c_str(), 0600);
+  };
+  Scan(3, "C:\\Music\\");
+  auto files = CataloguedFiles();
+  EXPECT_EQ(files.size(), 3u);
+  EXPECT_EQ(db.GetFile(files.at("\\Music\\alias.mp3"))->id3Title, "Café Müller");
+  EXPECT_EQ(db.GetFile(files.at("\\Music\\b.mp3"))->id3Title, "");
+  reader.beforeRead = nullptr;
+  Scan(3, "C:\\Music\\");  // now a pipe: gone from the catalogue
+  EXPECT_FALSE(CataloguedFiles().count("\\Music\\b.mp3"));
+}
+
+TEST_F(ScanTest, FoldersThatCannotBeListedKeepTheirRowsWhenEverTheListingFails) {
+  for (const char* path : {"c/Music/a.mp3", "c/Music/Locked/b.mp3", "c/Music/Locked/Deep/c.mp3",
+                           "c/Music/Later/d.mp3", "c/Music/Later/Sub/e.mp3", "c/Music/Gone/f.mp3"})
+    Put(path, "id3v1.mp3");
+  Scan(3, "C:\\Music\\");
+  const FolderMap folders = CataloguedFolders();
+  const auto files = CataloguedFiles();
+  ASSERT_EQ(files.size(), 6u);
+
+  // Locked fails in both passes, Later only once the marking pass listed it.
+  listings.FailFrom("C:\\Music\\Locked\\");
+  listings.FailFrom("C:\\Music\\Later\\", 2);
+  fs::remove_all(folder.Path() + "/c/Music/Gone");
+  fs::remove(folder.Path() + "/c/Music/a.mp3");
+  Scan(3, "C:\\Music\\");
+  EXPECT_EQ(scanner.Report().Notes(), "2 folders could not be read; their entries were kept.");
+  auto after = CataloguedFiles();
+  EXPECT_EQ(after.size(), 4u);  // a.mp3 and the vanished folder's file are gone
+  for (const char* kept : {"\\Music\\Locked\\b.mp3", "\\Music\\Locked\\Deep\\c.mp3",
+                           "\\Music\\Later\\d.mp3", "\\Music\\Later\\Sub\\e.mp3"})
+    EXPECT_EQ(after[kept], files.at(kept)) << kept;
+  EXPECT_EQ(db.QueryInt("SELECT count(*) FROM MediaPaths WHERE DirtyBit<>0;"), 0);
+
+  // A root that cannot be listed keeps everything; healed, nothing is new.
+  listings.Heal();
+  listings.FailFrom("C:\\Music\\");
+  Scan(3, "C:\\Music\\");
+  EXPECT_EQ(scanner.Report().Notes(), "1 folder could not be read; its entries were kept.");
+  EXPECT_EQ(CataloguedFiles(), after);
+  listings.Heal();
+  Scan(3, "C:\\Music\\");
+  EXPECT_EQ(CataloguedFiles(), after);
+  EXPECT_EQ(CataloguedFolders().at("\\Music\\Later\\Sub\\"), folders.at("\\Music\\Later\\Sub\\"));
+}
+
+TEST_F(ScanTest, AFolderLockedByItsPermissionsKeepsItsRowsAndTheUsersEdits) {
+  Put("c/Music/Open/a.mp3", "id3v1.mp3");
+  Put("c/Music/Locked/b.mp3", "id3v1.mp3");
+  Put("c/Music/Locked/Deep/c.mp3", "id3v1.mp3");
+  Scan(3, "C:\\Music\\");
+  const auto files = CataloguedFiles();
+  auto edited = db.GetFile(files.at("\\Music\\Locked\\Deep\\c.mp3"));
+  edited->Title = "Mine";
+  edited->Rating = 4;
+  db.UpdateFileUserInfo(*edited);
+
+  const std::string locked = folder.Path() + "/c/Music/Locked";
+  fs::permissions(locked, fs::perms::none);
+  bool unreadable = false;
+  const bool ran = testing_support::RunWherePermissionsHold([&] {
+    DIR* dir = opendir(locked.c_str());
+    unreadable = dir == nullptr;
+    if (dir) closedir(dir);
+    if (unreadable) Scan(3, "C:\\Music\\");
+  });
+  fs::permissions(locked, fs::perms::owner_all);
+  if (!ran || !unreadable) GTEST_SKIP() << "permission bits do not stop this process";
+  EXPECT_EQ(scanner.Report().Notes(), "1 folder could not be read; its entries were kept.");
+  EXPECT_EQ(CataloguedFiles(), files);
+
+  Scan(3, "C:\\Music\\");  // readable again: the same rows, not new ones
+  EXPECT_EQ(CataloguedFiles(), files);
+  const auto kept = db.GetFile(files.at("\\Music\\Locked\\Deep\\c.mp3"));
+  EXPECT_EQ(kept->Title, "Mine");
+  EXPECT_EQ(kept->Rating, 4);
+}
+
+TEST(ScanReport, CountsAreSaidInOneBoxInTheRightNumber) {
+  ScanReport report;
+  EXPECT_EQ(report.Notes(), "");
+  report.FolderNotRead("C:\\A\\");
+  report.SkippedForName({"x.mp3", platform::EntryKind::File});
+  report.SkippedForName({"notes.txt", platform::EntryKind::File});  // never recorded anyway
+  report.SkippedForLength({"deep", platform::EntryKind::Folder});
+  EXPECT_EQ(report.Notes(),
+            "1 folder could not be read; its entries were kept.\n"
+            "1 file was skipped for its name.\n"
+            "1 folder was skipped for the length of its path.");
+  report.FolderNotRead("C:\\B\\");
+  report.FolderNotRead("C:\\A\\");
+  for (const char* name : {"y.ogg", "z.WMA"}) report.SkippedForName({name, platform::EntryKind::File});
+  report.SkippedForName({"a\\b", platform::EntryKind::Folder});
+  report.SkippedForLength({"more", platform::EntryKind::Folder});
+  EXPECT_EQ(report.Notes(),
+            "2 folders could not be read; their entries were kept.\n"
+            "3 files and 1 folder were skipped for their names.\n"
+            "2 folders were skipped for the length of their paths.");
+  report.Clear();
+  EXPECT_EQ(report.Notes(), "");
+}
+
 TEST_F(ScanTest, CancelDuringRecordingStillSweepsWhatWasNotVisited) {
   Put("c/Music/A/a.mp3", "id3v1.mp3");
   Put("c/Music/B/b.mp3", "id3v1.mp3");
@@ -131,7 +254,8 @@ TEST_F(ScanTest, CancelDuringRecordingStillSweepsWhatWasNotVisited) {
 
   // The scan as the worker runs it, cancelled before the first folder.
   WorkerProgress progress;
-  DiscoveryScan discovery(db, drives, progress);
+  ScanReport report;
+  DiscoveryScan discovery(db, drives, progress, report);
   const int volId = discovery.FindOrAddVolume("C:\\Music\\");
   discovery.MarkMediaFolders("C:\\Music\\");
   discovery.MarkSubtreeDirty("C:\\Music\\", volId);
