@@ -29,6 +29,7 @@ std::vector<std::string> CDriveServices::GetDriveList(int driveType) const {
 
 std::unique_ptr<CMediaVolume> CDriveServices::ReadVolumeInfo(const std::string& drive) const {
   const platform::VolumeIdentity identity = drives_.Identify(Letter(drive));
+  if (!identity.ok) return nullptr;
   auto volume = std::make_unique<CMediaVolume>();
   volume->VolID = 0;
   volume->Name = identity.label;
@@ -46,7 +47,8 @@ bool CDriveServices::IsDriveReady(const std::string& drive) const {
 int CDriveServices::WaitForVolume(const std::string& drive, const std::string& serialNo,
                                   const std::string& prompt) const {
   for (;;) {
-    if (IsDriveReady(drive) && ReadVolumeInfo(drive)->SerialNo == serialNo) return 0;
+    const auto volume = IsDriveReady(drive) ? ReadVolumeInfo(drive) : nullptr;
+    if (volume && volume->SerialNo == serialNo) return 0;
     if (messages_.Show(prompt, platform::Buttons::OkCancel, platform::Icon::Information) ==
         platform::Answer::Cancel)
       return -1;

@@ -25,8 +25,8 @@ class CDriveServices {
   std::vector<std::string> GetDriveList(int driveType) const;
 
   // The volume in a drive as a new record: label, serial number as unsigned
-  // decimal text, drive type, drive text. An empty drive gives an empty label
-  // and serial "0".
+  // decimal text, drive type, drive text. None when the drive is not ready
+  // (no medium, or a root that is missing or cannot be listed).
   std::unique_ptr<CMediaVolume> ReadVolumeInfo(const std::string& drive) const;
 
   bool IsDriveReady(const std::string& drive) const;

@@ -25,12 +25,17 @@ void CScanDlg::OnTimer(int id) {
   view_.EndDialog(0);
 }
 
-// "Scan Complete.", then what the user should know about the scan in one box.
+// "Scan Complete.", then what the user should know about the scan in one box;
+// or, for a root that was not scanned, why not.
 void CScanDlg::TellOutcome() {
+  const ScanReport& report = scanner_.Report();
+  if (!report.Refusal().empty()) {
+    messages_.Show(report.Refusal(), platform::Buttons::Ok, platform::Icon::Information);
+    return;
+  }
   messages_.Show(kComplete, platform::Buttons::Ok, platform::Icon::Information);
-  const std::string notes = scanner_.Report().Notes();
-  if
- (!notes.empty()) messages_.Show(notes, platform::Buttons::Ok, platform::Icon::Information);
+  const std::string notes = report.Notes();
+  if (!notes.empty()) messages_.Show(notes, platform::Buttons::Ok, platform::Icon::Information);
 }
 
 void CScanDlg::OnCancel() {

@@ -33,6 +33,10 @@ class CVolumeScanner {
   // The scan itself; on the worker thread. Returns 0.
   int Run();
 
+  // Why a normalised root cannot be scanned now, "" when it can: its drive or
+  // its folder is not there. Any thread.
+  std::string RootRefusal(const std::string& root) const;
+
   WorkerProgress& Progress() { return progress_; }
   // What the last scan has to tell once it is done.
   const ScanReport& Report() const { return report_; }
@@ -42,7 +46,10 @@ class CVolumeScanner {
   std::chrono::steady_clock::duration TagPhaseTime() const { return tagPhaseTime_; }
 
  private:
+  void Scan();
+
   MediaDB& db_;
+  CDriveServices& drives_;
   WorkerProgress progress_;
   ScanReport report_;
   DiscoveryScan discovery_;

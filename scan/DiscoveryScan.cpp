@@ -5,6 +5,7 @@
 #include "catalogue/MediaDB.h"
 #include "platform/FileSystem.h"
 #include "scan/CDriveServices.h"
+#include "scan/MessageText.h"
 #include "scan/Paths.h"
 #include "scan/ScanReport.h"
 #include "scan/WorkerProgress.h"
@@ -14,14 +15,16 @@ DiscoveryScan::DiscoveryScan(MediaDB& db, CDriveServices& drives, WorkerProgress
     : db_(db), drives_(drives), progress_(progress), report_(report) {}
 
 int DiscoveryScan::FindOrAddVolume(const std::string& root) {
-  auto volume = drives_.ReadVolumeInfo(root.substr(0, 1));
+  const auto volume = drives_.ReadVolumeInfo(root.substr(0, 1));
+  if (!volume) return -1;
   int volId = db_.FindVolumeBySerial(volume->SerialNo);
   if (volId == -1) volId = db_.AddVolume(*volume);
   index_.Load(db_, volId);
   return volId;
 }
 
-void DiscoveryScan::ClearMediaFolders() {
+void DiscoveryScan::BeginWalk(const std::string& root) {
+  root_ = root;
   mediaFolders_.clear();
   notListed_.clear();
   enteredFolders_.clear();
@@ -66,11 +69,15 @@ int DiscoveryScan::MarkUnlisted(const std::string& folder, platform::ListingStat
   return 1;
 }
 
-// A folder that could not be listed is kept; a folder gone from a folder that
-// could be listed is gone.
+// A folder that could not be listed is kept, and so is a root that is not
+// there; a folder gone from a folder that could be listed is gone.
 bool DiscoveryScan::KeepsUnlisted(const std::string& folder, platform::ListingStatus status) {
-  if (status != platform::ListingStatus::Unreadable) return false;
-  report_.FolderNotRead(folder);
+  if (status == platform::ListingStatus::Unreadable) {
+    report_.FolderNotRead(folder);
+    return true;
+  }
+  if (folder != root_) return false;
+  report_.Refuse(FillMessage(ScanReport::kNotThere, {folder}));
   return true;
 }
 

@@ -29,8 +29,12 @@ class DiscoveryScan {
   DiscoveryScan(MediaDB& db, CDriveServices& drives, WorkerProgress& progress, ScanReport& report);
 
   // The volume row of the disc or disk holding the root, inserted when new;
-  // loads the volume's rows for the phases that follow.
+  // loads the volume's rows for the phases that follow. -1 when the drive is
+  // not ready: it holds no volume to add.
   int FindOrAddVolume(const std::string& root);
+
+  // Forgets the last walk and sets up the next one from a normalised root.
+  void BeginWalk(const std::string& root);
 
   // Counts the folders below (and including) folder that hold audio files
   // themselves, and remembers every folder with audio somewhere below it.
@@ -54,7 +58,6 @@ class DiscoveryScan {
   void SweepSubtree(const std::string& root, int volId);
 
   VolumeIndex& Index() { return index_; }
-  void ClearMediaFolders();
 
  private:
   bool HoldsAudioFiles(const std::vector<platform::DirEntry>& entries) const;
@@ -69,6 +72,7 @@ class DiscoveryScan {
   WorkerProgress& progress_;
   ScanReport& report_;
   VolumeIndex index_;
+  std::string root_;
   std::unordered_set<std::string> mediaFolders_;
   // Folders whose listing failed while marking: kept whole when recording.
   std::unordered_set<std::string> notListed_;

@@ -14,6 +14,11 @@ ScanCommands::ScanCommands(CVolumeScanner& scanner, CDriveServices& drives, CApp
     : scanner_(scanner), drives_(drives), settings_(settings), picker_(picker), dialogs_(dialogs) {}
 
 void ScanCommands::ScanVolume(int kind, const std::string& root) {
+  // A root that cannot be scanned is said so at once, and nothing changes.
+  if (const std::string refusal = scanner_.RootRefusal(root); !refusal.empty()) {
+    drives_.Messages().Show(refusal, platform::Buttons::Ok, platform::Icon::Information);
+    return;
+  }
   scanner_.Prepare(kind, root);
   dialogs_.RunScanDialog(scanner_);
   if (libraryChanged_) libraryChanged_();

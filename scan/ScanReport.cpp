@@ -29,6 +29,7 @@ void AddLine(std::string& notes, const std::string& line) {
 }  // namespace
 
 void ScanReport::Clear() {
+  refusal_.clear();
   notRead_.clear();
   forName_ = {};
   forLength_ = {};

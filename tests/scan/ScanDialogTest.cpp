@@ -81,6 +81,17 @@ TEST_F(ScanCommandsTest, NotesFollowScanCompleteInOneBox) {
   EXPECT_EQ(messages.Shown()[1].buttons, platform::Buttons::Ok);
 }
 
+TEST_F(ScanCommandsTest, RootsThatAreNotThereAreNotScanned) {
+  Put("c/Music/a.mp3", "id3v1.mp3");
+  commands.ScanVolume(3, "C:\\Music\\");
+  std::filesystem::rename(folder.Path() + "/c/Music", folder.Path() + "/c/Moved");
+  commands.ScanVolume(3, "C:\\Music\\");
+  EXPECT_EQ(messages.Texts(), (std::vector<std::string>{"Scan Complete.",
+                                                        "The folder C:\\Music\\ is not there. Its entries were kept."}));
+  EXPECT_EQ(dialogs.runs, 1);
+  EXPECT_EQ(CataloguedFiles().size(), 1u);
+}
+
 TEST_F(ScanCommandsTest, AddCdPromptsForADiscAndFindsKnownDiscsAgain) {
   const std::string jazz = folder.MakeFolder("discs/jazz"), rock = folder.MakeFolder("discs/rock");
   LabelDisc(jazz, "Jazz 1", 0x12345678);

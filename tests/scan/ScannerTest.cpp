@@ -190,6 +190,25 @@ TEST_F(ScanTest, FoldersThatCannotBeListedKeepTheirRowsWhenEverTheListingFails) 
   EXPECT_EQ(CataloguedFolders().at("\\Music\\Later\\Sub\\"), folders.at("\\Music\\Later\\Sub\\"));
 }
 
+TEST_F(ScanTest, ARootThatIsNotThereKeepsItsRowsAndAddsNoVolume) {
+  Put("c/Music/a.mp3", "id3v1.mp3");
+  Scan(3, "C:\\Music\\");
+  const auto files = CataloguedFiles();
+  fs::rename(folder.Path() + "/c/Music", folder.Path() + "/c/Moved");
+  Scan(3, "C:\\Music\\");
+  EXPECT_EQ(scanner.Report().Refusal(), "The folder C:\\Music\\ is not there. Its entries were kept.");
+  EXPECT_EQ(CataloguedFiles(), files);
+
+  // A drive whose root is missing is not ready: no volume of serial 0 for it.
+  testDrives.AddFixed('G', folder.Path() + "/unplugged");
+  Scan(3, "G:\\Music\\");
+  EXPECT_FALSE(scanner.Report().Refusal().empty());
+  EXPECT_EQ(db.GetVolumeIds(-1).size(), 1u);
+  WorkerProgress progress;
+  ScanReport report;
+  EXPECT_EQ(DiscoveryScan(db, drives, progress, report).FindOrAddVolume("G:\\"), -1);
+}
+
 TEST_F(ScanTest, AFolderLockedByItsPermissionsKeepsItsRowsAndTheUsersEdits) {
   Put("c/Music/Open/a.mp3", "id3v1.mp3");
   Put("c/Music/Locked/b.mp3", "id3v1.mp3");
