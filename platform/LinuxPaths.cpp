@@ -40,6 +40,21 @@ bool CanListFolder(const std::string& folder) {
   return true;
 }
 
+std::vector<std::string> FolderAndItsParents(const std::string& path) {
+  std::string folder = path;
+  while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
+  std::vector<std::string> folders;
+  if (folder.empty() || folder.front() != '/') return folders;
+  for (;;) {
+    folders.push_back(folder);
+    if (folder == "/") break;
+    const std::size_t slash = folder.find_last_of('/');
+    folder = slash == 0 ? "/" : folder.substr(0, slash);
+    while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
+  }
+  return folders;
+}
+
 std::string LastComponent(const std::string& path) {
   std::size_t slash = path.find_last_of('/');
   return slash == std::string::npos ? path : path.substr(slash + 1);

@@ -22,6 +22,10 @@ std::vector<std::string> ComponentsBelow(const std::string& path, const std::str
 // Whether a folder exists and can be opened for listing.
 bool CanListFolder(const std::string& folder);
 
+// An absolute path and each folder above it, nearest first: "/a/b/" gives
+// "/a/b", "/a" and "/". Taken from the text alone.
+std::vector<std::string> FolderAndItsParents(const std::string& path);
+
 // The last component of a path ("" for "/").
 std::string LastComponent(const std::string& path);
 

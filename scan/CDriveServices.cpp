@@ -96,3 +96,4 @@ std::string CDriveServices::ToDrivePath(const std::string& linuxFolder) const {
   return drives_.ToDrivePath(linuxFolder);
 }
 
+std::string CDriveServices::TableFolder() const { return drives_.TableFolder(); }

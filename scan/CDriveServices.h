@@ -53,6 +53,8 @@ class CDriveServices {
   // A Linux folder as a drive path ("C:\Music"), or "" when no drive holds it.
   std::string ToDrivePath(const std::string& linuxFolder) const;
 
+  // The Linux folder holding the drive table, "" when there is none.
+  std::string TableFolder() const;
 
   platform::FileSystem& Files() const { return files_; }
   platform::MessageBox& Messages() const { return messages_; }

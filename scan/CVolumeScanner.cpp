@@ -6,6 +6,7 @@
 #include "platform/FileSystem.h"
 #include "scan/CDriveServices.h"
 #include "scan/MessageText.h"
+#include "scan/OffLimitsFolders.h"
 
 namespace {
 
@@ -43,6 +44,8 @@ int CVolumeScanner::Run() {
 std::string CVolumeScanner::RootRefusal(const std::string& root) const {
   if (!drives_.IsDriveReady(root.substr(0, 1)) || !drives_.Files().Identity(root))
     return FillMessage(ScanReport::kNotThere, {root});
+  if (OffLimitsFolders(drives_).HoldsOrContains(drives_.Files().LocalPath(root)))
+    return FillMessage(ScanReport::kSystemFolder, {root});
   return "";
 }
 

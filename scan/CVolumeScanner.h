@@ -34,7 +34,7 @@ class CVolumeScanner {
   int Run();
 
   // Why a normalised root cannot be scanned now, "" when it can: its drive or
-  // its folder is not there. Any thread.
+  // its folder is not there, or it holds system files. Any thread.
   std::string RootRefusal(const std::string& root) const;
 
   WorkerProgress& Progress() { return progress_; }

@@ -4,6 +4,7 @@
 
 #include "catalogue/MediaDB.h"
 #include "platform/FileSystem.h"
+#include "platform/LinuxPaths.h"
 #include "scan/CDriveServices.h"
 #include "scan/MessageText.h"
 #include "scan/Paths.h"
@@ -25,9 +26,26 @@ int DiscoveryScan::FindOrAddVolume(const std::string& root) {
 
 void DiscoveryScan::BeginWalk(const std::string& root) {
   root_ = root;
+  offLimits_ = OffLimitsFolders(drives_);
   mediaFolders_.clear();
   notListed_.clear();
   enteredFolders_.clear();
+  recordedFolders_.clear();
+  // The folders above the root count as entered, so that a link up to one of
+  // them (to "/", say) does not lead the walk out of the root.
+  const platform::FileSystem& files = drives_.Files();
+  const auto rootIdentity = files.Identity(root);
+  for (const std::string& folder : platform::FolderAndItsParents(files.LocalPath(root))) {
+    const auto identity = files.Identity(folder);
+    if (identity && identity != rootIdentity) enteredFolders_.insert({identity->device, identity->inode});
+  }
+}
+
+bool DiscoveryScan::EnterOnce(const std::string& folder, FolderSet& entered) const {
+  const auto identity = drives_.Files().Identity(folder);
+  if (!identity) return true;  // its listing tells what became of it
+  if (offLimits_.Holds(*identity)) return false;
+  return entered.insert({identity->device, identity->inode}).second;
 }
 
 bool DiscoveryScan::HoldsAudioFiles(const std::vector<platform::DirEntry>& entries) const {
@@ -41,9 +59,11 @@ bool DiscoveryScan::HoldsAudioFiles(const std::vector<platform::DirEntry>& entri
 int DiscoveryScan::MarkMediaFolders(const std::string& folder) {
   if (progress_.cancel) return 0;
   const std::string normal = NormalizeFolder(folder);
-  const auto identity = drives_.Files().Identity(normal);
-  if (identity && !enteredFolders_.insert({identity->device, identity->inode}).second) return 0;
-
+  if (!EnterOnce(normal, enteredFolders_)) {
+    // Looked at before the walk began; it changed since.
+    if (normal == root_) report_.Refuse(FillMessage(ScanReport::kSystemFolder, {normal}));
+    return 0;
+  }
   const platform::Listing listing = drives_.Files().List(normal, "*.*");
   if (!listing.Listed()) return MarkUnlisted(normal, listing.status);
   NoteSkipped(listing);
@@ -133,6 +153,7 @@ int DiscoveryScan::ScanFolder(const std::string& folder, int parentId, int volId
     KeepStoredSubtree(folder);
     return 0;
   }
+  if (!EnterOnce(folder, recordedFolders_)) return 0;
   progress_.SetStatus(folder);
   // One listing gives both the audio files and the sub-folders.
   const platform::Listing listing = drives_.Files().List(folder, "*.*");

@@ -6,17 +6,21 @@
 //
 // Only regular files are recorded. A folder that cannot be listed is never
 // taken for an empty one: its rows and those of everything stored below it
-// are kept as they are.
+// are kept as they are. The walk stays below the root: it never enters the
+// folders above it nor those that are off limits, and enters every folder
+// once, however many links lead to it.
 //
 // Runs on the scan worker. Reads the cancel flag and writes the status text
 // and the report.
 
+#include <cstdint>
 #include <set>
 #include <string>
 #include <unordered_set>
 #include <utility>
 
 #include "platform/FileSystem.h"
+#include "scan/OffLimitsFolders.h"
 #include "scan/VolumeIndex.h"
 
 class CDriveServices;
@@ -60,8 +64,12 @@ class DiscoveryScan {
   VolumeIndex& Index() { return index_; }
 
  private:
+  using FolderSet = std::set<std::pair<std::uint64_t, std::uint64_t>>;
+
   bool HoldsAudioFiles(const std::vector<platform::DirEntry>& entries) const;
   IdList SubtreeOf(const std::string& root, int volId);
+  // False when the folder is off limits or already in the set.
+  bool EnterOnce(const std::string& folder, FolderSet& entered) const;
   void NoteSkipped(const platform::Listing& listing);
   int MarkUnlisted(const std::string& folder, platform::ListingStatus status);
   bool KeepsUnlisted(const std::string& folder, platform::ListingStatus status);
@@ -73,9 +81,10 @@ class DiscoveryScan {
   ScanReport& report_;
   VolumeIndex index_;
   std::string root_;
+  OffLimitsFolders offLimits_;
   std::unordered_set<std::string> mediaFolders_;
   // Folders whose listing failed while marking: kept whole when recording.
   std::unordered_set<std::string> notListed_;
-
-  std::set<std::pair<std::uint64_t, std::uint64_t>> enteredFolders_;
+  FolderSet enteredFolders_;
+  FolderSet recordedFolders_;
 };

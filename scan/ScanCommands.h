@@ -35,7 +35,8 @@ class ScanCommands {
   void OnLibraryChanged(std::function<void()> rebuild) { libraryChanged_ = std::move(rebuild); }
 
   // kind 5 (CD) or 3 (disk folder); root a normalised folder with its drive.
-  // A root that is not there is not scanned: a message says so.
+  // A root that is not there or holds system files is not scanned: a message
+  // says why.
   void ScanVolume(int kind, const std::string& root);
   void AddCd();
   void AddHd();

@@ -17,6 +17,7 @@ struct DirEntry;
 class ScanReport {
  public:
   static constexpr const char* kNotThere = "The folder %s is not there. Its entries were kept.";
+  static constexpr const char* kSystemFolder = "The folder %s holds system files and is not scanned.";
 
   void Clear();
 

@@ -81,13 +81,16 @@ TEST_F(ScanCommandsTest, NotesFollowScanCompleteInOneBox) {
   EXPECT_EQ(messages.Shown()[1].buttons, platform::Buttons::Ok);
 }
 
-TEST_F(ScanCommandsTest, RootsThatAreNotThereAreNotScanned) {
+TEST_F(ScanCommandsTest, RootsThatAreNotThereOrHoldSystemFilesAreNotScanned) {
   Put("c/Music/a.mp3", "id3v1.mp3");
   commands.ScanVolume(3, "C:\\Music\\");
   std::filesystem::rename(folder.Path() + "/c/Music", folder.Path() + "/c/Moved");
   commands.ScanVolume(3, "C:\\Music\\");
+  std::filesystem::create_directory_symlink("/proc/self", folder.Path() + "/c/self");
+  commands.AddFolder("C:\\self\\");
   EXPECT_EQ(messages.Texts(), (std::vector<std::string>{"Scan Complete.",
-                                                        "The folder C:\\Music\\ is not there. Its entries were kept."}));
+                                                        "The folder C:\\Music\\ is not there. Its entries were kept.",
+                                                        "The folder C:\\self\\ holds system files and is not scanned."}));
   EXPECT_EQ(dialogs.runs, 1);
   EXPECT_EQ(CataloguedFiles().size(), 1u);
 }

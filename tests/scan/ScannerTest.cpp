@@ -7,6 +7,7 @@
 #include <filesystem>
 
 #include "scan/DiscoveryScan.h"
+#include "scan/MessageText.h"
 #include "scan/ScanReport.h"
 #include "scan/WorkerProgress.h"
 #include "tests/scan/ScanFixture.h"
@@ -129,6 +130,34 @@ TEST_F(ScanTest, ALoopOfLinksIsEnteredOnce) {
   Scan(3, "C:\\Music\\");
   EXPECT_EQ(CataloguedFolders().size(), 2u);
   EXPECT_EQ(CataloguedFiles().size(), 1u);
+}
+
+TEST_F(ScanTest, TheWalkStaysBelowTheRootAndOutOfTheDrivesAndSystemFolders) {
+  Put("c/Music/A/a.mp3", "id3v1.mp3");
+  Put("elsewhere/Linked/l.mp3", "id3v1.mp3");
+  Put("f/f.mp3", "id3v1.mp3");
+  testDrives.AddFixed('F', folder.Path() + "/f");
+  const std::string music = folder.Path() + "/c/Music/";
+  fs::create_directory_symlink(folder.Path() + "/elsewhere/Linked", music + "linked");  // followed
+  fs::create_directory_symlink("/", music + "machine");
+  fs::create_directory_symlink(folder.Path(), music + "program");
+  fs::create_directory_symlink(folder.Path() + "/drives", music + "drives");
+  fs::create_directory_symlink(folder.Path() + "/drives/f:", music + "f");  // a drive's root is fine
+  fs::create_directory_symlink("/proc", music + "proc");
+  fs::create_directory_symlink("/proc/self/fd", music + "fd");
+  Scan(3, "C:\\Music\\");
+  std::vector<std::string> paths;
+  for (const auto& [path, id] : CataloguedFolders()) paths.push_back(path);
+  EXPECT_EQ(paths, (std::vector<std::string>{"\\Music\\", "\\Music\\A\\", "\\Music\\f\\",
+                                             "\\Music\\linked\\"}));
+  EXPECT_TRUE(scanner.Report().Notes().empty());
+
+  // A root that is, or lies in, a system folder is not scanned at all.
+  for (const char* root : {"C:\\Music\\proc\\", "C:\\Music\\proc\\self\\", "C:\\Music\\fd\\"}) {
+    Scan(3, root);
+    EXPECT_EQ(scanner.Report().Refusal(), FillMessage(ScanReport::kSystemFolder, {root}));
+  }
+  EXPECT_EQ(CataloguedFolders().size(), 4u);
 }
 
 TEST_F(ScanTest, OnlyRegularFilesAreRecordedAndNothingElseIsEverRead) {
