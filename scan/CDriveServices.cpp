@@ -2,6 +2,7 @@
 
 #include <cctype>
 
+#include "platform/DrivePaths.h"
 #include "platform/DriveTable.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
@@ -94,6 +95,11 @@ bool CDriveServices::FileExists(const std::string& path) const { return files_.E
 
 std::string CDriveServices::ToDrivePath(const std::string& linuxFolder) const {
   return drives_.ToDrivePath(linuxFolder);
+}
+
+std::string CDriveServices::CanonicalPath(const std::string& drivePath) const {
+  const std::string canonical = platform::CanonicalDrivePath(drives_, drivePath);
+  return canonical.empty() ? drivePath : canonical;
 }
 
 std::string CDriveServices::TableFolder() const { return drives_.TableFolder(); }

@@ -53,6 +53,10 @@ class CDriveServices {
   // A Linux folder as a drive path ("C:\Music"), or "" when no drive holds it.
   std::string ToDrivePath(const std::string& linuxFolder) const;
 
+  // The one spelling of a drive path (see platform::CanonicalDrivePath); the
+  // path as given when it has none.
+  std::string CanonicalPath(const std::string& drivePath) const;
+
   // The Linux folder holding the drive table, "" when there is none.
   std::string TableFolder() const;
 

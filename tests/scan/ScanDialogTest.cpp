@@ -95,6 +95,17 @@ TEST_F(ScanCommandsTest, RootsThatAreNotThereOrHoldSystemFilesAreNotScanned) {
   EXPECT_EQ(CataloguedFiles().size(), 1u);
 }
 
+TEST_F(ScanCommandsTest, EverySpellingOfAFolderGivesOneRoot) {
+  Put("c/Keep/a.mp3", "id3v1.mp3");
+  Put("c/Other/b.mp3", "id3v1.mp3");
+  for (const char* spelling : {"C:\\Keep\\..\\Keep", "c:\\keep", "C:\\.\\KEEP\\", "c:\\Other\\..\\..\\Keep"})
+    commands.AddFolder(spelling);
+  EXPECT_EQ(CataloguedFolders(), (std::map<std::string, int>{{"\\Keep\\", 1}}));
+  EXPECT_EQ(settings.lastAddedFolder, "C:\\Keep\\");
+  ASSERT_EQ(db.GetVolumeIds(3).size(), 1u);
+  EXPECT_EQ(db.GetVolume(db.GetVolumeIds(3)[0])->DrvLtr, "C");
+}
+
 TEST_F(ScanCommandsTest, AddCdPromptsForADiscAndFindsKnownDiscsAgain) {
   const std::string jazz = folder.MakeFolder("discs/jazz"), rock = folder.MakeFolder("discs/rock");
   LabelDisc(jazz, "Jazz 1", 0x12345678);
