@@ -33,6 +33,14 @@ std::vector<std::string> ComponentsBelow(const std::string& path, const std::str
   return components;
 }
 
+std::vector<std::string> SystemFolders() { return {"/proc", "/sys", "/dev"}; }
+
+bool IsSystemFolder(const std::string& path) {
+  for (const std::string& folder : SystemFolders())
+    if (IsSameOrBelow(path, folder)) return true;
+  return false;
+}
+
 bool CanListFolder(const std::string& folder) {
   DIR* dir = opendir(folder.c_str());
   if (!dir) return false;

@@ -5,15 +5,9 @@
 #include "platform/LinuxPaths.h"
 #include "scan/CDriveServices.h"
 
-namespace {
-
-constexpr const char* kSystemFolders[] = {"/proc", "/sys", "/dev"};
-
-}  // namespace
-
 OffLimitsFolders::OffLimitsFolders(const CDriveServices& drives) : files_(&drives.Files()) {
   const auto machineRoot = files_->Identity("/");
-  for (const char* folder : kSystemFolders) {
+  for (const std::string& folder : platform::SystemFolders()) {
     const auto identity = files_->Identity(folder);
     if (!identity) continue;
     folders_.push_back(*identity);
