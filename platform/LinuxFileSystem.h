@@ -10,7 +10,7 @@
 
 namespace platform {
 
-class LinuxFileSystem final : public FileSystem {
+class LinuxFileSystem : public FileSystem {
  public:
   explicit LinuxFileSystem(const DriveTable& drives);
 

@@ -72,27 +72,13 @@ TEST_F(ScanCommandsTest, NotesFollowScanCompleteInOneBox) {
   Put("c/Music/a.mp3", "id3v1.mp3");
   Put("c/Music/Locked/b.mp3", "id3v1.mp3");
   Put("c/Music/Odd\\Name/c.mp3", "id3v1.mp3");
-  listings.FailFrom("C:\\Music\\Locked\\");
+  fileSystem.FailFrom("C:\\Music\\Locked\\");
   commands.ScanVolume(3, "C:\\Music\\");
   EXPECT_EQ(messages.Texts(), (std::vector<std::string>{"Scan Complete.",
                                                         "1 folder could not be read; its entries were kept.\n"
                                                         "1 folder was skipped for its name."}));
   EXPECT_EQ(messages.Shown()[1].icon, platform::Icon::Information);
   EXPECT_EQ(messages.Shown()[1].buttons, platform::Buttons::Ok);
-}
-
-TEST_F(ScanCommandsTest, RootsThatAreNotThereOrHoldSystemFilesAreNotScanned) {
-  Put("c/Music/a.mp3", "id3v1.mp3");
-  commands.ScanVolume(3, "C:\\Music\\");
-  std::filesystem::rename(folder.Path() + "/c/Music", folder.Path() + "/c/Moved");
-  commands.ScanVolume(3, "C:\\Music\\");
-  std::filesystem::create_directory_symlink("/proc/self", folder.Path() + "/c/self");
-  commands.AddFolder("C:\\self\\");
-  EXPECT_EQ(messages.Texts(), (std::vector<std::string>{"Scan Complete.",
-                                                        "The folder C:\\Music\\ is not there. Its entries were kept.",
-                                                        "The folder C:\\self\\ holds system files and is not scanned."}));
-  EXPECT_EQ(dialogs.runs, 1);
-  EXPECT_EQ(CataloguedFiles().size(), 1u);
 }
 
 TEST_F(ScanCommandsTest, EverySpellingOfAFolderGivesOneRoot) {

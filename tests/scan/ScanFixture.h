@@ -1,7 +1,7 @@
 #pragma once
 // A program folder with a disk C, an empty CD drive E and a catalogue, and a
 // scanner reading real tags with TagLib, through a reader a test may watch.
-// The scanner lists folders through a file system that can be told to fail.
+// Listings fail where a test says so.
 
 #include <gtest/gtest.h>
 
@@ -12,7 +12,6 @@
 
 #include "catalogue/MediaDB.h"
 #include "platform/LinuxDriveTable.h"
-#include "platform/LinuxFileSystem.h"
 #include "scan/CDriveServices.h"
 #include "scan/CVolumeScanner.h"
 #include "tags/CTagReader.h"
@@ -46,8 +45,7 @@ class ScanTest : public ::testing::Test {
       : testDrives(folder.Path()),
         table(folder.Path()),
         fileSystem(table),
-        listings(fileSystem),
-        drives(table, listings, messages),
+        drives(table, fileSystem, messages),
         realReader(fileSystem),
         reader(realReader),
         scanner(db, drives, reader, messages) {
@@ -90,8 +88,7 @@ class ScanTest : public ::testing::Test {
   testing_support::TempFolder folder;
   testing_support::TestDrives testDrives;
   platform::LinuxDriveTable table;
-  platform::LinuxFileSystem fileSystem;
-  testing_support::FailingListings listings;
+  testing_support::FailingListings fileSystem;
   testing_support::ScriptedMessageBox messages;
   CDriveServices drives;
   MediaDB db;

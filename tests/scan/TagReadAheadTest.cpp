@@ -50,8 +50,7 @@ TEST(TagReadAhead, ACancelledWaitReturnsWhileAReaderIsStuckAndStoppingStillJoins
     std::atomic<bool> release{false};
     std::atomic<int> reads{0};
     int GetTag(std::string, CMediaFile&) override {
-      ++reads;
-      while (!release) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+      for (++reads; !release;) std::this_thread::sleep_for(std::chrono::milliseconds(1));
       return 0;
     }
   } reader;
@@ -70,12 +69,6 @@ TEST(TagReadAhead, ACancelledWaitReturnsWhileAReaderIsStuckAndStoppingStillJoins
     reader.release = true;  // the destructor waits for the read under way, and no other
   }
   EXPECT_EQ(reader.reads.load(), 1);
-
-  EchoReader echo;
-  const std::atomic<bool> never{false};
-  TagReadAhead readAhead(echo, {"x"}, 1);
-  EXPECT_TRUE(readAhead.WaitFor(0, never));
-  EXPECT_EQ(readAhead.Take(0).id3Title, "x");
 }
 
 }  // namespace
