@@ -17,8 +17,7 @@ int DrivesCommand::Run(CLibraryApp& app, std::FILE* out) {
     const char letter = drive[0];
     const bool ready = app.Drives().IsDriveReady(drive);
     std::string serial, label;
-    if (ready) {
-      const auto volume = app.Drives().ReadVolumeInfo(drive);
+    if (const auto volume = ready ? app.Drives().ReadVolumeInfo(drive) : nullptr) {
       serial = volume->SerialNo;
       label = volume->Name;
     }

@@ -3,6 +3,7 @@
 #include <dirent.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cctype>
 #include <optional>
 #include <vector>
@@ -58,7 +59,52 @@ std::optional<std::string> ExistingName(const std::string& folder, const std::st
   return NameIgnoringCase(folder.empty() ? "/" : folder, name);
 }
 
+char UpperLetter(const std::string& path) {
+  return static_cast<char>(std::toupper(static_cast<unsigned char>(path[0])));
+}
+
+// The components with "." dropped and each ".." taking away the one before it.
+std::vector<std::string> WithoutDots(const std::vector<std::string>& components) {
+  std::vector<std::string> kept;
+  for (const std::string& component : components) {
+    if (component == ".") continue;
+    if (component != "..") kept.push_back(component);
+    else if (!kept.empty()) kept.pop_back();
+  }
+  return kept;
+}
+
+std::string JoinAsDrivePath(char letter, const std::vector<std::string>& components, bool trailingBackslash) {
+  std::string path{letter, ':'};
+  for (const std::string& component : components) path += "\\" + component;
+  if (components.empty() || trailingBackslash) path += "\\";
+  return path;
+}
+
 }  // namespace
+
+std::string CanonicalDrivePath(const DriveTable& drives, const std::string& path) {
+  if (!IsDrivePath(path)) return "";
+  const char letter = UpperLetter(path);
+  const std::string root = drives.RootFolder(letter);
+  if (root.empty()) return "";
+  const std::vector<std::string> components = WithoutDots(SplitAtBackslashes(path.substr(2)));
+  const bool trailingBackslash = path.ends_with('\\');
+  // ResolvePath spells each existing component as stored; what lies below the
+  // root is the canonical path. Components are single names, so the resolved
+  // path holds one Linux component for each.
+  std::string local = ResolvePath(drives, JoinAsDrivePath(letter, components, false));
+  while (local.size() > 1 && local.back() == '/') local.pop_back();
+  const std::size_t rootLength = root == "/" ? 0 : root.size();
+  std::vector<std::string> spelled;
+  for (std::size_t at = rootLength; at < local.size();) {
+    const std::size_t end = std::min(local.find('/', at + 1), local.size());
+    spelled.push_back(local.substr(at + 1, end - at - 1));
+    at = end;
+  }
+  if (spelled.size() != components.size()) return JoinAsDrivePath(letter, components, trailingBackslash);
+  return JoinAsDrivePath(letter, spelled, trailingBackslash);
+}
 
 std::string ResolvePath(const DriveTable& drives, const std::string& path) {
   if (path.starts_with('/')) return path;

@@ -19,4 +19,11 @@ namespace platform {
 // "" when the drive has no root now, or the text is neither kind of path.
 std::string ResolvePath(const DriveTable& drives, const std::string& path);
 
+// One spelling for every drive path naming the same place: the letter in upper
+// case, "." and ".." taken away as text (never above the drive's root), and
+// each component that exists spelled as the file system stores it (as
+// ResolvePath finds it). A trailing "\" stays. "" when the text is not a drive
+// path or the drive has no root now.
+std::string CanonicalDrivePath(const DriveTable& drives, const std::string& path);
+
 }  // namespace platform

@@ -47,6 +47,10 @@ class DriveTable {
   // Label and serial number of the volume in the drive.
   virtual VolumeIdentity Identify(char letter) const = 0;
 
+  // The Linux folder holding the table itself, "" when it is not kept in one.
+  // Its links lead to every drive's root, so no scan may walk into it.
+  virtual std::string TableFolder() const = 0;
+
   // Puts an absolute Linux folder on a drive letter and returns it as a drive
   // path ("C:\Music\Rock"), or "" when no drive holds it. May add a letter to
   // the table for a file system that has none yet.

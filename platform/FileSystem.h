@@ -14,9 +14,31 @@
 
 namespace platform {
 
+// What an entry is once links are followed. Only regular files and folders
+// are ever opened: a pipe, a socket or a device could block a reader for ever,
+// and a broken link leads nowhere.
+enum class EntryKind { File, Folder, Other };
+
 struct DirEntry {
   std::string name;
-  bool isDirectory = false;
+  EntryKind kind = EntryKind::Other;
+  bool IsFile() const { return kind == EntryKind::File; }
+  bool IsFolder() const { return kind == EntryKind::Folder; }
+};
+
+// Missing: the folder is not there (or is not a folder). Unreadable: it is
+// there but could not be listed, or not to the end; nothing can be said of
+// what it holds.
+enum class ListingStatus { Listed, Missing, Unreadable };
+
+struct Listing {
+  ListingStatus status = ListingStatus::Missing;
+  std::vector<DirEntry> entries;
+  // Matching entries left out: names holding a "\" (no drive path can name
+  // them), and entries whose Linux path would be too long to open.
+  std::vector<DirEntry> unnameable;
+  std::vector<DirEntry> tooLong;
+  bool Listed() const { return status == ListingStatus::Listed; }
 };
 
 struct FileFacts {
@@ -54,11 +76,11 @@ class FileSystem {
 
   // Entries of a folder whose names match a wildcard pattern ("*.mp3", "*.*"),
   // without regard to case, in the order the file system yields them; "." and
-  // ".." and names holding a "\" are left out. An unreadable folder lists nothing.
-  virtual std::vector<DirEntry> List(const std::string& folder,
-                                     const std::string& pattern) const = 0;
+  // ".." are left out. A folder that cannot be listed says so by its status:
+  // it is never taken for an empty one.
+  virtual Listing List(const std::string& folder, const std::string& pattern) const = 0;
 
-  // Whether a folder holds at least one entry that is not a folder and matches.
+  // Whether a folder holds at least one regular file that matches.
   virtual bool AnyFileMatches(const std::string& folder,
                               const std::string& pattern) const = 0;
 

@@ -4,6 +4,8 @@
 #include <fnmatch.h>
 #include <sys/stat.h>
 
+#include <cerrno>
+#include <climits>
 #include <cstring>
 
 namespace platform {
@@ -21,11 +23,42 @@ std::string EscapeForFnmatch(const std::string& pattern) {
 
 bool IsDotOrDotDot(const char* name) { return std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0; }
 
-bool LeadsToFolder(int folderFd, const dirent& entry) {
-  if (entry.d_type == DT_DIR) return true;
-  if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN) return false;
+EntryKind KindOfMode(mode_t mode) {
+  if (S_ISREG(mode)) return EntryKind::File;
+  if (S_ISDIR(mode)) return EntryKind::Folder;
+  return EntryKind::Other;
+}
+
+// The entry's type says enough unless it is a link or unknown; then one stat
+// follows the link. A broken link is Other.
+EntryKind KindOf(int folderFd, const dirent& entry) {
+  switch (entry.d_type) {
+    case DT_REG: return EntryKind::File;
+    case DT_DIR: return EntryKind::Folder;
+    case DT_LNK:
+    case DT_UNKNOWN: break;
+    default: return EntryKind::Other;
+  }
   struct stat facts {};
-  return fstatat(folderFd, entry.d_name, &facts, 0) == 0 && S_ISDIR(facts.st_mode);
+  if (fstatat(folderFd, entry.d_name, &facts, 0) != 0) return EntryKind::Other;
+  return KindOfMode(facts.st_mode);
+}
+
+std::size_t LengthWithoutTrailingSlashes(const std::string& folder) {
+  std::size_t length = folder.size();
+  while (length > 1 && folder[length - 1] == '/') --length;
+  return length;
+}
+
+EntryFit FitOf(std::size_t folderLength, const char* name) {
+  if (std::strchr(name, '\\')) return EntryFit::NameHoldsBackslash;
+  // The path "folder/name" and its terminating zero must fit in PATH_MAX.
+  if (folderLength + 1 + std::strlen(name) >= PATH_MAX) return EntryFit::PathTooLong;
+  return EntryFit::Fits;
+}
+
+ListingStatus StatusOfFailedOpen(int error) {
+  return error == ENOENT || error == ENOTDIR ? ListingStatus::Missing : ListingStatus::Unreadable;
 }
 
 class NameMatcher {
@@ -43,18 +76,28 @@ class NameMatcher {
 
 }  // namespace
 
-bool ForEachMatchingEntry(const std::string& folder, const std::string& pattern,
-                          const std::function<bool(const DirEntry&)>& visit) {
+ListingStatus ForEachMatchingEntry(const std::string& folder, const std::string& pattern,
+                                   const std::function<bool(const DirEntry&, EntryFit)>& visit) {
+  if (folder.empty()) return ListingStatus::Missing;
   DIR* dir = opendir(folder.c_str());
-  if (!dir) return false;
-  NameMatcher matcher(pattern);
-  while (const dirent* entry = readdir(dir)) {
-    if (IsDotOrDotDot(entry->d_name) || std::strchr(entry->d_name, '\\')) continue;
-    if (!matcher.Matches(entry->d_name)) continue;
-    if (!visit(DirEntry{entry->d_name, LeadsToFolder(dirfd(dir), *entry)})) break;
+  if (!dir) return StatusOfFailedOpen(errno);
+  const NameMatcher matcher(pattern);
+  const std::size_t folderLength = LengthWithoutTrailingSlashes(folder);
+  ListingStatus status = ListingStatus::Listed;
+  for (;;) {
+    // readdir gives null both at the end and on an error; only errno tells.
+    errno = 0;
+    const dirent* entry = readdir(dir);
+    if (!entry) {
+      if (errno != 0) status = ListingStatus::Unreadable;
+      break;
+    }
+    if (IsDotOrDotDot(entry->d_name) || !matcher.Matches(entry->d_name)) continue;
+    const DirEntry found{entry->d_name, KindOf(dirfd(dir), *entry)};
+    if (!visit(found, FitOf(folderLength, entry->d_name))) break;
   }
   closedir(dir);
-  return true;
+  return status;
 }
 
 }  // namespace platform

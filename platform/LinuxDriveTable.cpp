@@ -152,7 +152,8 @@ std::string LinuxDriveTable::ToDrivePath(const std::string& linuxFolder) {
   if (!letter) return "";
   std::string root = RootFolder(letter);
   std::string mountPoint = SeparateMountBelowRoot(folder, root);
-  if (!mountPoint.empty()) {
+  // The system's own file systems get no letter: nothing there is catalogued.
+  if (!mountPoint.empty() && !IsSystemFolder(mountPoint)) {
     if (char added = LinkFixedDrive(mountPoint)) {
       letter = added;
       root = mountPoint;

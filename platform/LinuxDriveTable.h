@@ -34,6 +34,7 @@ class LinuxDriveTable final : public DriveTable {
   std::string RootFolder(char letter) const override;
   bool IsReady(char letter) const override;
   VolumeIdentity Identify(char letter) const override;
+  std::string TableFolder() const override { return drivesFolder_; }
   std::string ToDrivePath(const std::string& linuxFolder) override;
 
  private:

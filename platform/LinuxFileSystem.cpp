@@ -31,19 +31,23 @@ LinuxFileSystem::LinuxFileSystem(const DriveTable& drives) : drives_(drives) {}
 
 std::string LinuxFileSystem::LocalPath(const std::string& path) const { return ResolvePath(drives_, path); }
 
-std::vector<DirEntry> LinuxFileSystem::List(const std::string& folder, const std::string& pattern) const {
-  std::vector<DirEntry> entries;
-  ForEachMatchingEntry(LocalPath(folder), pattern, [&](const DirEntry& entry) {
-    entries.push_back(entry);
+Listing LinuxFileSystem::List(const std::string& folder, const std::string& pattern) const {
+  Listing listing;
+  listing.status = ForEachMatchingEntry(LocalPath(folder), pattern, [&](const DirEntry& entry, EntryFit fit) {
+    switch (fit) {
+      case EntryFit::Fits: listing.entries.push_back(entry); break;
+      case EntryFit::NameHoldsBackslash: listing.unnameable.push_back(entry); break;
+      case EntryFit::PathTooLong: listing.tooLong.push_back(entry); break;
+    }
     return true;
   });
-  return entries;
+  return listing;
 }
 
 bool LinuxFileSystem::AnyFileMatches(const std::string& folder, const std::string& pattern) const {
   bool found = false;
-  ForEachMatchingEntry(LocalPath(folder), pattern, [&](const DirEntry& entry) {
-    found = !entry.isDirectory;
+  ForEachMatchingEntry(LocalPath(folder), pattern, [&](const DirEntry& entry, EntryFit fit) {
+    found = entry.IsFile() && fit == EntryFit::Fits;
     return !found;
   });
   return found;

@@ -10,12 +10,12 @@
 
 namespace platform {
 
-class LinuxFileSystem final : public FileSystem {
+class LinuxFileSystem : public FileSystem {
  public:
   explicit LinuxFileSystem(const DriveTable& drives);
 
   std::string LocalPath(const std::string& path) const override;
-  std::vector<DirEntry> List(const std::string& folder, const std::string& pattern) const override;
+  Listing List(const std::string& folder, const std::string& pattern) const override;
   bool AnyFileMatches(const std::string& folder, const std::string& pattern) const override;
   std::optional<FolderIdentity> Identity(const std::string& folder) const override;
   std::optional<FileFacts> Stat(const std::string& path) const override;

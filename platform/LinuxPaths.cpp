@@ -33,11 +33,34 @@ std::vector<std::string> ComponentsBelow(const std::string& path, const std::str
   return components;
 }
 
+std::vector<std::string> SystemFolders() { return {"/proc", "/sys", "/dev"}; }
+
+bool IsSystemFolder(const std::string& path) {
+  for (const std::string& folder : SystemFolders())
+    if (IsSameOrBelow(path, folder)) return true;
+  return false;
+}
+
 bool CanListFolder(const std::string& folder) {
   DIR* dir = opendir(folder.c_str());
   if (!dir) return false;
   closedir(dir);
   return true;
+}
+
+std::vector<std::string> FolderAndItsParents(const std::string& path) {
+  std::string folder = path;
+  while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
+  std::vector<std::string> folders;
+  if (folder.empty() || folder.front() != '/') return folders;
+  for (;;) {
+    folders.push_back(folder);
+    if (folder == "/") break;
+    const std::size_t slash = folder.find_last_of('/');
+    folder = slash == 0 ? "/" : folder.substr(0, slash);
+    while (folder.size() > 1 && folder.back() == '/') folder.pop_back();
+  }
+  return folders;
 }
 
 std::string LastComponent(const std::string& path) {

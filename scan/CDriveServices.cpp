@@ -2,6 +2,7 @@
 
 #include <cctype>
 
+#include "platform/DrivePaths.h"
 #include "platform/DriveTable.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
@@ -29,6 +30,7 @@ std::vector<std::string> CDriveServices::GetDriveList(int driveType) const {
 
 std::unique_ptr<CMediaVolume> CDriveServices::ReadVolumeInfo(const std::string& drive) const {
   const platform::VolumeIdentity identity = drives_.Identify(Letter(drive));
+  if (!identity.ok) return nullptr;
   auto volume = std::make_unique<CMediaVolume>();
   volume->VolID = 0;
   volume->Name = identity.label;
@@ -46,7 +48,8 @@ bool CDriveServices::IsDriveReady(const std::string& drive) const {
 int CDriveServices::WaitForVolume(const std::string& drive, const std::string& serialNo,
                                   const std::string& prompt) const {
   for (;;) {
-    if (IsDriveReady(drive) && ReadVolumeInfo(drive)->SerialNo == serialNo) return 0;
+    const auto volume = IsDriveReady(drive) ? ReadVolumeInfo(drive) : nullptr;
+    if (volume && volume->SerialNo == serialNo) return 0;
     if (messages_.Show(prompt, platform::Buttons::OkCancel, platform::Icon::Information) ==
         platform::Answer::Cancel)
       return -1;
@@ -55,22 +58,22 @@ int CDriveServices::WaitForVolume(const std::string& drive, const std::string& s
 
 std::vector<std::string> CDriveServices::ListSubfolders(const std::string& folder) const {
   std::vector<std::string> names;
-  for (const auto& entry : files_.List(folder, "*.*"))
-    if (entry.isDirectory) names.push_back(entry.name);
+  for (const auto& entry : files_.List(folder, "*.*").entries)
+    if (entry.IsFolder()) names.push_back(entry.name);
   return names;
 }
 
 std::vector<std::string> CDriveServices::ListFiles(const std::string& folder) const {
   std::vector<std::string> names;
-  for (const auto& entry : files_.List(folder, "*.*"))
-    if (!entry.isDirectory) names.push_back(entry.name);
+  for (const auto& entry : files_.List(folder, "*.*").entries)
+    if (entry.IsFile()) names.push_back(entry.name);
   return names;
 }
 
 std::vector<std::string> CDriveServices::ListMediaFiles(const std::string& folder) const {
   std::vector<std::string> names;
-  for (const auto& entry : files_.List(folder, "*.*"))
-    if (!entry.isDirectory && GetFileType(entry.name) != kNotMedia) names.push_back(entry.name);
+  for (const auto& entry : files_.List(folder, "*.*").entries)
+    if (entry.IsFile() && GetFileType(entry.name) != kNotMedia) names.push_back(entry.name);
   return names;
 }
 
@@ -93,3 +96,10 @@ bool CDriveServices::FileExists(const std::string& path) const { return files_.E
 std::string CDriveServices::ToDrivePath(const std::string& linuxFolder) const {
   return drives_.ToDrivePath(linuxFolder);
 }
+
+std::string CDriveServices::CanonicalPath(const std::string& drivePath) const {
+  const std::string canonical = platform::CanonicalDrivePath(drives_, drivePath);
+  return canonical.empty() ? drivePath : canonical;
+}
+
+std::string CDriveServices::TableFolder() const { return drives_.TableFolder(); }

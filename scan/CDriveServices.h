@@ -25,8 +25,8 @@ class CDriveServices {
   std::vector<std::string> GetDriveList(int driveType) const;
 
   // The volume in a drive as a new record: label, serial number as unsigned
-  // decimal text, drive type, drive text. An empty drive gives an empty label
-  // and serial "0".
+  // decimal text, drive type, drive text. None when the drive is not ready
+  // (no medium, or a root that is missing or cannot be listed).
   std::unique_ptr<CMediaVolume> ReadVolumeInfo(const std::string& drive) const;
 
   bool IsDriveReady(const std::string& drive) const;
@@ -36,7 +36,8 @@ class CDriveServices {
   int WaitForVolume(const std::string& drive, const std::string& serialNo,
                     const std::string& prompt) const;
 
-  // Names in a normalised folder, in the order the file system yields them.
+  // Names in a normalised folder, in the order the file system yields them;
+  // files are regular files (links followed).
   std::vector<std::string> ListSubfolders(const std::string& folder) const;
   std::vector<std::string> ListFiles(const std::string& folder) const;
   std::vector<std::string> ListMediaFiles(const std::string& folder) const;
@@ -51,6 +52,13 @@ class CDriveServices {
 
   // A Linux folder as a drive path ("C:\Music"), or "" when no drive holds it.
   std::string ToDrivePath(const std::string& linuxFolder) const;
+
+  // The one spelling of a drive path (see platform::CanonicalDrivePath); the
+  // path as given when it has none.
+  std::string CanonicalPath(const std::string& drivePath) const;
+
+  // The Linux folder holding the drive table, "" when there is none.
+  std::string TableFolder() const;
 
   platform::FileSystem& Files() const { return files_; }
   platform::MessageBox& Messages() const { return messages_; }

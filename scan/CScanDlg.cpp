@@ -20,9 +20,22 @@ void CScanDlg::OnTimer(int id) {
   view_.SetProgressPos(progress.progress);
   if (!progress.done) return;
   view_.StopTimer(kTimerId);
-  if (!progress.cancel) messages_.Show(kComplete, platform::Buttons::Ok, platform::Icon::Information);
+  if (!progress.cancel) TellOutcome();
   ended_ = true;
   view_.EndDialog(0);
+}
+
+// "Scan Complete.", then what the user should know about the scan in one box;
+// or, for a root that was not scanned, why not.
+void CScanDlg::TellOutcome() {
+  const ScanReport& report = scanner_.Report();
+  if (!report.Refusal().empty()) {
+    messages_.Show(report.Refusal(), platform::Buttons::Ok, platform::Icon::Information);
+    return;
+  }
+  messages_.Show(kComplete, platform::Buttons::Ok, platform::Icon::Information);
+  const std::string notes = report.Notes();
+  if (!notes.empty()) messages_.Show(notes, platform::Buttons::Ok, platform::Icon::Information);
 }
 
 void CScanDlg::OnCancel() {

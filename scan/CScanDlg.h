@@ -1,8 +1,9 @@
 #pragma once
 // The logic of the "Scan Volume" dialog: it starts the scan worker, polls the
-// scanner every 500 ms, says "Scan Complete." unless cancelled, and when it
-// goes away cancels the scan and waits for the worker. The front end supplies
-// the controls (ScanDialogView) and calls the On* handlers on its
+// scanner every 500 ms, says "Scan Complete." unless cancelled (then one box
+// of notes when the scan has any, such as folders it could not read), and
+// when it goes away cancels the scan and waits for the worker. The front end
+// supplies the controls (ScanDialogView) and calls the On* handlers on its
 // user-interface thread.
 
 #include <string>
@@ -46,6 +47,8 @@ class CScanDlg {
   void OnDestroy();
 
  private:
+  void TellOutcome();
+
   CVolumeScanner& scanner_;
   platform::MessageBox& messages_;
   ScanDialogView& view_;

@@ -3,6 +3,10 @@
 #include <thread>
 
 #include "catalogue/MediaDB.h"
+#include "platform/FileSystem.h"
+#include "scan/CDriveServices.h"
+#include "scan/MessageText.h"
+#include "scan/OffLimitsFolders.h"
 
 namespace {
 
@@ -16,22 +20,51 @@ unsigned ReaderThreads() {
 
 CVolumeScanner::CVolumeScanner(MediaDB& db, CDriveServices& drives, TagReader& reader,
                                platform::MessageBox& messages)
-    : db_(db), discovery_(db, drives, progress_), tags_(db, reader, messages, progress_, ReaderThreads()) {}
+    : db_(db),
+      drives_(drives),
+      discovery_(db, drives, progress_, report_),
+      tags_(db, reader, messages, progress_, ReaderThreads()) {}
 
 void CVolumeScanner::Prepare(int kind, const std::string& root) {
   progress_.progress = 0;
   progress_.done = false;
   progress_.cancel = false;
   progress_.SetStatus("");
+  report_.Clear();
   requestedKind_ = kind;
   scanRoot_ = root;
 }
 
 int CVolumeScanner::Run() {
+  Scan();
+  progress_.done = true;
+  return 0;
+}
+
+std::string CVolumeScanner::RootRefusal(const std::string& root) const {
+  if (!drives_.IsDriveReady(root.substr(0, 1)) || !drives_.Files().Identity(root))
+    return FillMessage(ScanReport::kNotThere, {root});
+  if (OffLimitsFolders(drives_).HoldsOrContains(drives_.Files().LocalPath(root)))
+    return FillMessage(ScanReport::kSystemFolder, {root});
+  return "";
+}
+
+void CVolumeScanner::Scan() {
+  // Nothing is recorded or removed for a root that is not there.
+  if (std::string refusal = RootRefusal(scanRoot_); !refusal.empty()) {
+    report_.Refuse(std::move(refusal));
+    return;
+  }
   const int volId = discovery_.FindOrAddVolume(scanRoot_);
+  if (volId == -1) {
+    report_.Refuse(FillMessage(ScanReport::kNotThere, {scanRoot_}));
+    return;
+  }
+
   progress_.SetStatus(kSearching);
-  discovery_.ClearMediaFolders();
+  discovery_.BeginWalk(scanRoot_);
   discovery_.MarkMediaFolders(scanRoot_);
+  if (!report_.Refusal().empty()) return;  // the root went away since it was looked at
   discovery_.MarkSubtreeDirty(scanRoot_, volId);
   discovery_.ScanFolder(scanRoot_, -1, volId);
   discovery_.SweepSubtree(scanRoot_, volId);
@@ -41,7 +74,4 @@ int CVolumeScanner::Run() {
   tags_.Run(scanRoot_, volId, discovery_.Index());
   db_.Commit();
   tagPhaseTime_ = std::chrono::steady_clock::now() - tagPhaseStart;
-
-  progress_.done = true;
-  return 0;
 }

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "scan/DiscoveryScan.h"
+#include "scan/ScanReport.h"
 #include "scan/TagScan.h"
 #include "scan/WorkerProgress.h"
 
@@ -32,15 +33,25 @@ class CVolumeScanner {
   // The scan itself; on the worker thread. Returns 0.
   int Run();
 
+  // Why a normalised root cannot be scanned now, "" when it can: its drive or
+  // its folder is not there, or it holds system files. Any thread.
+  std::string RootRefusal(const std::string& root) const;
+
   WorkerProgress& Progress() { return progress_; }
+  // What the last scan has to tell once it is done.
+  const ScanReport& Report() const { return report_; }
   const std::string& ScanRoot() const { return scanRoot_; }
   int RequestedKind() const { return requestedKind_; }
   // How long the last tag phase took.
   std::chrono::steady_clock::duration TagPhaseTime() const { return tagPhaseTime_; }
 
  private:
+  void Scan();
+
   MediaDB& db_;
+  CDriveServices& drives_;
   WorkerProgress progress_;
+  ScanReport report_;
   DiscoveryScan discovery_;
   TagScan tags_;
   std::string scanRoot_;

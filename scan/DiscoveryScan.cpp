@@ -4,45 +4,116 @@
 
 #include "catalogue/MediaDB.h"
 #include "platform/FileSystem.h"
+#include "platform/LinuxPaths.h"
 #include "scan/CDriveServices.h"
+#include "scan/MessageText.h"
 #include "scan/Paths.h"
+#include "scan/ScanReport.h"
 #include "scan/WorkerProgress.h"
 
-DiscoveryScan::DiscoveryScan(MediaDB& db, CDriveServices& drives, WorkerProgress& progress)
-    : db_(db), drives_(drives), progress_(progress) {}
+DiscoveryScan::DiscoveryScan(MediaDB& db, CDriveServices& drives, WorkerProgress& progress,
+                             ScanReport& report)
+    : db_(db), drives_(drives), progress_(progress), report_(report) {}
 
 int DiscoveryScan::FindOrAddVolume(const std::string& root) {
-  auto volume = drives_.ReadVolumeInfo(root.substr(0, 1));
+  const auto volume = drives_.ReadVolumeInfo(root.substr(0, 1));
+  if (!volume) return -1;
   int volId = db_.FindVolumeBySerial(volume->SerialNo);
   if (volId == -1) volId = db_.AddVolume(*volume);
   index_.Load(db_, volId);
   return volId;
 }
 
-void DiscoveryScan::ClearMediaFolders() {
+void DiscoveryScan::BeginWalk(const std::string& root) {
+  root_ = root;
+  offLimits_ = OffLimitsFolders(drives_);
   mediaFolders_.clear();
+  notListed_.clear();
   enteredFolders_.clear();
+  recordedFolders_.clear();
+  // The folders above the root count as entered, so that a link up to one of
+  // them (to "/", say) does not lead the walk out of the root.
+  const platform::FileSystem& files = drives_.Files();
+  const auto rootIdentity = files.Identity(root);
+  for (const std::string& folder : platform::FolderAndItsParents(files.LocalPath(root))) {
+    const auto identity = files.Identity(folder);
+    if (identity && identity != rootIdentity) enteredFolders_.insert({identity->device, identity->inode});
+  }
+}
+
+bool DiscoveryScan::EnterOnce(const std::string& folder, FolderSet& entered) const {
+  const auto identity = drives_.Files().Identity(folder);
+  if (!identity) return true;  // its listing tells what became of it
+  if (offLimits_.Holds(*identity)) return false;
+  return entered.insert({identity->device, identity->inode}).second;
 }
 
 bool DiscoveryScan::HoldsAudioFiles(const std::vector<platform::DirEntry>& entries) const {
   // The same test as asking for "*.mp3", then "*.ogg", then "*.wma".
   for (const char* pattern : {"*.mp3", "*.ogg", "*.wma"})
     for (const auto& entry : entries)
-      if (!entry.isDirectory && fnmatch(pattern, entry.name.c_str(), FNM_CASEFOLD) == 0) return true;
+      if (entry.IsFile() && fnmatch(pattern, entry.name.c_str(), FNM_CASEFOLD) == 0) return true;
   return false;
 }
 
 int DiscoveryScan::MarkMediaFolders(const std::string& folder) {
+  if (progress_.cancel) return 0;
   const std::string normal = NormalizeFolder(folder);
-  const auto identity = drives_.Files().Identity(normal);
-  if (identity && !enteredFolders_.insert({identity->device, identity->inode}).second) return 0;
-
-  const auto entries = drives_.Files().List(normal, "*.*");
-  int count = HoldsAudioFiles(entries) ? 1 : 0;
-  for (const auto& entry : entries)
-    if (entry.isDirectory) count += MarkMediaFolders(normal + entry.name);
+  if (!EnterOnce(normal, enteredFolders_)) {
+    // Looked at before the walk began; it changed since.
+    if (normal == root_) report_.Refuse(FillMessage(ScanReport::kSystemFolder, {normal}));
+    return 0;
+  }
+  const platform::Listing listing = drives_.Files().List(normal, "*.*");
+  if (!listing.Listed()) return MarkUnlisted(normal, listing.status);
+  NoteSkipped(listing);
+  int count = HoldsAudioFiles(listing.entries) ? 1 : 0;
+  for (const auto& entry : listing.entries)
+    if (entry.IsFolder()) count += MarkMediaFolders(normal + entry.name);
   if (count > 0) mediaFolders_.insert(normal);
   return count;
+}
+
+void DiscoveryScan::NoteSkipped(const platform::Listing& listing) {
+  for (const auto& entry : listing.unnameable) report_.SkippedForName(entry);
+  for (const auto& entry : listing.tooLong) report_.SkippedForLength(entry);
+}
+
+int DiscoveryScan::MarkUnlisted(const std::string& folder, platform::ListingStatus status) {
+  if (!KeepsUnlisted(folder, status)) return 0;
+  notListed_.insert(folder);
+  // A stored folder counts as holding audio, so that the folders above it are
+  // recorded and its kept rows stay where they are in the tree.
+  if (index_.FindPath(GetFolderPart(folder)) == -1) return 0;
+  mediaFolders_.insert(folder);
+  return 1;
+}
+
+// A folder that could not be listed is kept, and so is a root that is not
+// there; a folder gone from a folder that could be listed is gone.
+bool DiscoveryScan::KeepsUnlisted(const std::string& folder, platform::ListingStatus status) {
+  if (status == platform::ListingStatus::Unreadable) {
+    report_.FolderNotRead(folder);
+    return true;
+  }
+  if (folder != root_) return false;
+  report_.Refuse(FillMessage(ScanReport::kNotThere, {folder}));
+  return true;
+}
+
+void DiscoveryScan::KeepStoredSubtree(const std::string& folder) {
+  const int pathId = index_.FindPath(GetFolderPart(folder));
+  if (pathId == -1) return;
+  const IdList paths = db_.GetSubtreePathIds(pathId);
+  IdList files;
+  for (std::uint32_t id : paths)
+    for (int fileId : index_.FilesOf(id)) files.push_back(fileId);
+  db_.Begin();
+  db_.SetPathsDirtyBit(paths, 0);
+  db_.SetFilesDirtyBit(files, 0);
+  db_.Commit();
+  for (std::uint32_t id : paths) index_.SetPathDirtyBit(id, 0);
+  for (std::uint32_t id : files) index_.File(id)->DirtyBit = 0;
 }
 
 IdList DiscoveryScan::SubtreeOf(const std::string& root, int volId) {
@@ -78,21 +149,31 @@ void DiscoveryScan::MarkSubtreeDirty(const std::string& root, int volId) {
 int DiscoveryScan::ScanFolder(const std::string& folder, int parentId, int volId) {
   if (!mediaFolders_.count(folder)) return 0;
   if (progress_.cancel) return 0;
+  if (notListed_.count(folder)) {
+    KeepStoredSubtree(folder);
+    return 0;
+  }
+  if (!EnterOnce(folder, recordedFolders_)) return 0;
   progress_.SetStatus(folder);
+  // One listing gives both the audio files and the sub-folders.
+  const platform::Listing listing = drives_.Files().List(folder, "*.*");
+  if (!listing.Listed()) {
+    if (KeepsUnlisted(folder, listing.status)) KeepStoredSubtree(folder);
+    return 0;
+  }
+  std::vector<std::string> names, subfolders;
+  for (const auto& entry : listing.entries) {
+    if (entry.IsFolder())
+      subfolders.push_back(entry.name);
+    else if (entry.IsFile() && GetFileType(entry.name) != kNotMedia)
+      names.push_back(entry.name);
+  }
 
   db_.Begin();
   const int pathId = FindOrAddPath(folder, parentId, volId);
   if (index_.Path(pathId)->DirtyBit != 0) {
     db_.SetPathDirtyBit(pathId, 0);
     index_.SetPathDirtyBit(pathId, 0);
-  }
-  // One listing gives both the audio files and the sub-folders.
-  std::vector<std::string> names, subfolders;
-  for (const auto& entry : drives_.Files().List(folder, "*.*")) {
-    if (entry.isDirectory)
-      subfolders.push_back(entry.name);
-    else if (GetFileType(entry.name) != kNotMedia)
-      names.push_back(entry.name);
   }
   // The folder is resolved to a Linux path once, for all of its new files.
   const std::string localFolder = drives_.Files().LocalPath(folder);

@@ -4,27 +4,41 @@
 // removes the rows of what is no longer there. Mark, visit, sweep: rows seen
 // again keep their ids, so play lists and the user's edits survive a rescan.
 //
-// Runs on the scan worker. Reads the cancel flag and writes the status text.
+// Only regular files are recorded. A folder that cannot be listed is never
+// taken for an empty one: its rows and those of everything stored below it
+// are kept as they are. The walk stays below the root: it never enters the
+// folders above it nor those that are off limits, and enters every folder
+// once, however many links lead to it.
+//
+// Runs on the scan worker. Reads the cancel flag and writes the status text
+// and the report.
 
+#include <cstdint>
 #include <set>
 #include <string>
 #include <unordered_set>
 #include <utility>
 
 #include "platform/FileSystem.h"
+#include "scan/OffLimitsFolders.h"
 #include "scan/VolumeIndex.h"
 
 class CDriveServices;
 class MediaDB;
+class ScanReport;
 class WorkerProgress;
 
 class DiscoveryScan {
  public:
-  DiscoveryScan(MediaDB& db, CDriveServices& drives, WorkerProgress& progress);
+  DiscoveryScan(MediaDB& db, CDriveServices& drives, WorkerProgress& progress, ScanReport& report);
 
   // The volume row of the disc or disk holding the root, inserted when new;
-  // loads the volume's rows for the phases that follow.
+  // loads the volume's rows for the phases that follow. -1 when the drive is
+  // not ready: it holds no volume to add.
   int FindOrAddVolume(const std::string& root);
+
+  // Forgets the last walk and sets up the next one from a normalised root.
+  void BeginWalk(const std::string& root);
 
   // Counts the folders below (and including) folder that hold audio files
   // themselves, and remembers every folder with audio somewhere below it.
@@ -48,16 +62,29 @@ class DiscoveryScan {
   void SweepSubtree(const std::string& root, int volId);
 
   VolumeIndex& Index() { return index_; }
-  void ClearMediaFolders();
 
  private:
+  using FolderSet = std::set<std::pair<std::uint64_t, std::uint64_t>>;
+
   bool HoldsAudioFiles(const std::vector<platform::DirEntry>& entries) const;
   IdList SubtreeOf(const std::string& root, int volId);
+  // False when the folder is off limits or already in the set.
+  bool EnterOnce(const std::string& folder, FolderSet& entered) const;
+  void NoteSkipped(const platform::Listing& listing);
+  int MarkUnlisted(const std::string& folder, platform::ListingStatus status);
+  bool KeepsUnlisted(const std::string& folder, platform::ListingStatus status);
+  void KeepStoredSubtree(const std::string& folder);
 
   MediaDB& db_;
   CDriveServices& drives_;
   WorkerProgress& progress_;
+  ScanReport& report_;
   VolumeIndex index_;
+  std::string root_;
+  OffLimitsFolders offLimits_;
   std::unordered_set<std::string> mediaFolders_;
-  std::set<std::pair<std::uint64_t, std::uint64_t>> enteredFolders_;
+  // Folders whose listing failed while marking: kept whole when recording.
+  std::unordered_set<std::string> notListed_;
+  FolderSet enteredFolders_;
+  FolderSet recordedFolders_;
 };

@@ -14,9 +14,19 @@ ScanCommands::ScanCommands(CVolumeScanner& scanner, CDriveServices& drives, CApp
     : scanner_(scanner), drives_(drives), settings_(settings), picker_(picker), dialogs_(dialogs) {}
 
 void ScanCommands::ScanVolume(int kind, const std::string& root) {
-  scanner_.Prepare(kind, root);
+  const std::string folder = CanonicalFolder(root);
+  // A root that cannot be scanned is said so at once, and nothing changes.
+  if (const std::string refusal = scanner_.RootRefusal(folder); !refusal.empty()) {
+    drives_.Messages().Show(refusal, platform::Buttons::Ok, platform::Icon::Information);
+    return;
+  }
+  scanner_.Prepare(kind, folder);
   dialogs_.RunScanDialog(scanner_);
   if (libraryChanged_) libraryChanged_();
+}
+
+std::string ScanCommands::CanonicalFolder(const std::string& root) const {
+  return NormalizeFolder(drives_.CanonicalPath(root));
 }
 
 void ScanCommands::AddCd() {
@@ -40,7 +50,7 @@ void ScanCommands::AddHd() {
 }
 
 void ScanCommands::AddFolder(const std::string& drivePath) {
-  const std::string folder = NormalizeFolder(drivePath);
+  const std::string folder = CanonicalFolder(drivePath);
   ScanVolume(3, folder);
   settings_.lastAddedFolder = folder;
 }

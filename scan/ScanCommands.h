@@ -34,7 +34,10 @@ class ScanCommands {
   // Called after every scan dialog has closed.
   void OnLibraryChanged(std::function<void()> rebuild) { libraryChanged_ = std::move(rebuild); }
 
-  // kind 5 (CD) or 3 (disk folder); root a normalised folder with its drive.
+  // kind 5 (CD) or 3 (disk folder); root a normalised folder with its drive,
+  // scanned under its one spelling (see CDriveServices::CanonicalPath). A
+  // root that is not there or holds system files is not scanned: a message
+  // says why.
   void ScanVolume(int kind, const std::string& root);
   void AddCd();
   void AddHd();
@@ -42,6 +45,8 @@ class ScanCommands {
   void AddFolder(const std::string& drivePath);
 
  private:
+  std::string CanonicalFolder(const std::string& root) const;
+
   CVolumeScanner& scanner_;
   CDriveServices& drives_;
   CAppSettings& settings_;

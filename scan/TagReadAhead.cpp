@@ -51,6 +51,16 @@ void TagReadAhead::ReadFiles() {
   }
 }
 
+bool TagReadAhead::WaitFor(std::size_t index, const std::atomic<bool>& cancel) {
+  std::unique_lock lock(mutex_);
+  const Slot& slot = slots_[index % slots_.size()];
+  while (slot.job != index + 1) {
+    if (cancel) return false;
+    resultReady_.wait_for(lock, kCancelCheck);
+  }
+  return true;
+}
+
 CMediaFile TagReadAhead::Take(std::size_t index) {
   std::unique_lock lock(mutex_);
   Slot& slot = slots_[index % slots_.size()];

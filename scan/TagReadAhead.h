@@ -7,6 +7,8 @@
 //
 // Constructed, taken from and stopped by the scan worker only.
 
+#include <atomic>
+#include <chrono>
 #include <condition_variable>
 #include <cstddef>
 #include <exception>
@@ -23,13 +25,23 @@ class TagReadAhead {
  public:
   TagReadAhead(TagReader& reader, std::vector<std::string> fullPaths, unsigned threads,
                std::size_t window = 64);
-  // Stops reading and waits for the reader threads.
+  // Stops reading and waits for the reader threads, each of which finishes the
+  // file it is reading.
   ~TagReadAhead();
   TagReadAhead(const TagReadAhead&) = delete;
   TagReadAhead& operator=(const TagReadAhead&) = delete;
 
+  // How often a wait for a result looks at the cancel flag.
+  static constexpr std::chrono::milliseconds kCancelCheck{50};
+
+  // Waits until the result for file `index` is there (true) or cancel is set
+  // (false), whichever comes first: a reader stuck in a slow read never keeps
+  // the worker from stopping.
+  bool WaitFor(std::size_t index, const std::atomic<bool>& cancel);
+
   // The tags read for file `index` (taken in order, each once), in a fresh
-  // record; rethrows whatever the reader threw for that file.
+  // record, waiting for them if need be; rethrows whatever the reader threw
+  // for that file.
   CMediaFile Take(std::size_t index);
 
   // No further file is read; the worker takes nothing after this.

@@ -72,12 +72,13 @@ void TagScan::Run(const std::string& root, int volId, VolumeIndex& index) {
     const std::vector<int> fileIds = index.FilesOf(pathId);
     const int n = static_cast<int>(fileIds.size());
     for (int i = 0; i < n; ++i) {
-      if (progress_.cancel) {
-        readAhead.Stop();
-        break;
-      }
       FileRow* row = index.File(fileIds[i]);
-      if (folder && ToRead(*row)) {
+      const bool unread = folder && ToRead(*row);
+      if (progress_.cancel || (unread && !readAhead.WaitFor(taken, progress_.cancel))) {
+        readAhead.Stop();
+        return;
+      }
+      if (unread) {
         // An unread row holds no tags yet: a fresh record stands for it.
         CMediaFile record;
         record.FileID = row->FileID;

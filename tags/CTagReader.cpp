@@ -7,6 +7,7 @@
 #include <taglib/mpegfile.h>
 #include <taglib/tag.h>
 #include <taglib/vorbisfile.h>
+#include <sys/stat.h>
 
 #include <memory>
 #include <string_view>
@@ -62,8 +63,20 @@ bool IsTrailingWhiteSpace(char c) {
   return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\v' || c == '\f';
 }
 
+// Cut before the sequence that would not fit whole: a byte that continues a
+// sequence (10xxxxxx) never starts the part cut away.
+void CutUtf8(std::string& utf8, std::size_t limit) {
+  if (utf8.size() <= limit) return;
+  std::size_t end = limit;
+  while (end > 0 && (static_cast<unsigned char>(utf8[end]) & 0xC0) == 0x80) --end;
+  utf8.resize(end);
+}
+
 std::string Utf8WithoutTrailingWhiteSpace(const TagLib::String& text) {
-  std::string utf8 = text.to8Bit(true);
+  // No character takes less than a byte, so the first kMaxTagTextBytes
+  // characters hold all that can be kept; the rest is never converted.
+  std::string utf8 = text.substr(0, static_cast<unsigned int>(CTagReader::kMaxTagTextBytes)).to8Bit(true);
+  CutUtf8(utf8, CTagReader::kMaxTagTextBytes);
   std::size_t end = utf8.size();
   while (end > 0 && IsTrailingWhiteSpace(utf8[end - 1])) --end;
   utf8.resize(end);
@@ -90,6 +103,13 @@ bool Parsed(TagLib::File& file) {
   return file.isValid() && file.length() > 0;
 }
 
+// Checked right before TagLib opens the file: opening a pipe waits for a
+// writer, and reading a device may never end.
+bool IsRegularFile(const std::string& localPath) {
+  struct stat facts {};
+  return stat(localPath.c_str(), &facts) == 0 && S_ISREG(facts.st_mode);
+}
+
 }  // namespace
 
 CTagReader::CTagReader(const platform::FileSystem& fileSystem) : fileSystem_(fileSystem) {}
@@ -98,7 +118,7 @@ int CTagReader::GetTag(std::string fullPath, CMediaFile& file) {
   const FileKind kind = KindFromName(fullPath);
   if (kind == FileKind::Unknown) return 0;
   const std::string localPath = fileSystem_.LocalPath(fullPath);
-  if (localPath.empty()) return 0;
+  if (localPath.empty() || !IsRegularFile(localPath)) return 0;
 
   const std::unique_ptr<TagLib::File> media = OpenAs(kind, localPath.c_str());
   if (!Parsed(*media)) return 0;

@@ -63,4 +63,10 @@ TEST_F(LibraryConsoleTest, EditsAndRemovalsChangeTheCatalogueOnlyWhenConfirmed) 
   EXPECT_EQ(Run("file-info 9").status, 2);
 }
 
+TEST_F(LibraryConsoleTest, AddHdOfASystemFolderAddsNothingNotEvenADriveLetter) {
+  EXPECT_EQ(Run("add-hd /proc").out, "The folder Z:\\proc\\ holds system files and is not scanned.\n");
+  EXPECT_EQ(Run("drives").out.find("/proc"), std::string::npos);
+  EXPECT_EQ(Query("SELECT count(*) FROM MediaVolumes;") + Query("SELECT count(*) FROM MediaPaths;"), "1;3;");
+}
+
 }  // namespace

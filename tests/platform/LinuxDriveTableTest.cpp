@@ -100,7 +100,10 @@ TEST_F(LinuxDriveTableTest, DrivePathUsesTheLongestRootHoldingTheFolder) {
   EXPECT_EQ(table.ToDrivePath(tmp.Path() + "/music-link/Rock"), "C:\\Music\\Rock");
   EXPECT_EQ(table.ToDrivePath(tmp.Path() + "/home2/x"), "");
   EXPECT_EQ(table.ToDrivePath(home + "/Music/back\\slash"), "");
-  EXPECT_EQ(table.Letters(), (std::vector<char>{'C', 'G'}));
+  drives.AddFixed('Z', "/");
+  EXPECT_EQ(table.ToDrivePath("/proc/self"), "Z:\\proc\\" + fs::canonical("/proc/self").filename().string());
+  EXPECT_EQ(table.ToDrivePath("/sys/kernel"), "Z:\\sys\\kernel");
+  EXPECT_EQ(table.Letters(), (std::vector<char>{'C', 'G', 'Z'}));  // no letter of their own
 }
 
 TEST_F(LinuxDriveTableTest, FolderOnAnotherFileSystemGetsALetterOfItsOwn) {

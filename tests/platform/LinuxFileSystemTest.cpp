@@ -1,18 +1,22 @@
 #include "platform/LinuxFileSystem.h"
 
 #include <gtest/gtest.h>
+#include <fcntl.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <climits>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 
+#include "platform/DrivePaths.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/ProgramFolder.h"
 #include "tests/platform/ScopedTmpfs.h"
+#include "tests/support/PermissionsHold.h"
 #include "tests/support/TempFolder.h"
 
 namespace fs = std::filesystem;
@@ -42,7 +46,7 @@ class LinuxFileSystemTest : public ::testing::Test {
 
   std::vector<std::string> Names(const std::string& folder, const std::string& pattern) const {
     std::vector<std::string> names;
-    for (const DirEntry& entry : files.List(folder, pattern)) names.push_back(entry.name);
+    for (const DirEntry& entry : files.List(folder, pattern).entries) names.push_back(entry.name);
     std::sort(names.begin(), names.end());
     return names;
   }
@@ -66,6 +70,12 @@ TEST_F(LinuxFileSystemTest, DrivePathsFindComponentsWhateverTheirCase) {
   EXPECT_EQ(files.LocalPath("Q:\\x"), "");
   EXPECT_EQ(files.LocalPath("relative\\x"), "");
 
+  // One spelling: the letter in upper case, dots gone, existing names as stored.
+  EXPECT_EQ(CanonicalDrivePath(table, "c:\\music\\Rock\\..\\.\\rock\\SONG.mp3"), "C:\\Music\\ROCK\\SONG.mp3");
+  EXPECT_EQ(CanonicalDrivePath(table, "c:\\..\\MUSIC\\rock\\..\\Rock\\New\\"), "C:\\Music\\Rock\\New\\");
+  EXPECT_EQ(CanonicalDrivePath(table, "c:"), "C:\\");
+  EXPECT_EQ(CanonicalDrivePath(table, "Q:\\x"), "");
+
   std::optional<FileFacts> facts = files.Stat("C:\\music\\Rock\\SONG.mp3");
   ASSERT_TRUE(facts);
   EXPECT_EQ(facts->name, "Song.MP3");
@@ -73,7 +83,7 @@ TEST_F(LinuxFileSystemTest, DrivePathsFindComponentsWhateverTheirCase) {
   EXPECT_FALSE(files.Stat("C:\\Music\\missing.mp3"));
 }
 
-TEST_F(LinuxFileSystemTest, ListMatchesPatternsWithoutRegardToCase) {
+TEST_F(LinuxFileSystemTest, ListMatchesPatternsWithoutRegardToCaseAndTellsWhatEachEntryIs) {
   for (const char* name : {"a.MP3", "b.mp3", "noext", "it's 100% _x_.mp3", " blank .mp3",
                            "\xC3\x9C" "ber \xC3\xBC.mp3", "[live] set.mp3", "back\\slash.mp3", "c.flac"})
     tmp.WriteFile(std::string("c/Music/") + name, "x");
@@ -81,29 +91,66 @@ TEST_F(LinuxFileSystemTest, ListMatchesPatternsWithoutRegardToCase) {
   tmp.MakeFolder("c/Elsewhere");
   fs::create_directory_symlink(root + "/Elsewhere", root + "/Music/linked");
   fs::create_symlink(root + "/gone", root + "/Music/dangling.mp3");
+  fs::create_symlink(root + "/Music/a.MP3", root + "/Music/alias.mp3");
+  ASSERT_EQ(mkfifo((root + "/Music/pipe.mp3").c_str(), 0600), 0);
 
   EXPECT_EQ(Names("C:\\music\\", "*.mp3"),
-            (std::vector<std::string>{" blank .mp3", "Folder.mp3", "[live] set.mp3", "a.MP3", "b.mp3",
-                                      "dangling.mp3", "it's 100% _x_.mp3", "\xC3\x9C" "ber \xC3\xBC.mp3"}));
-  EXPECT_EQ(Names("C:\\Music", "*.*").size(), 11u);  // all but the name holding "\"
+            (std::vector<std::string>{" blank .mp3", "Folder.mp3", "[live] set.mp3", "a.MP3", "alias.mp3",
+                                      "b.mp3", "dangling.mp3", "it's 100% _x_.mp3", "pipe.mp3",
+                                      "\xC3\x9C" "ber \xC3\xBC.mp3"}));
+  EXPECT_EQ(Names("C:\\Music", "*.*").size(), 13u);  // all but the name holding "\"
   EXPECT_EQ(Names("C:\\Music", "[live]*"), (std::vector<std::string>{"[live] set.mp3"}));
   EXPECT_EQ(Names("C:\\Music", "?.Mp3"), (std::vector<std::string>{"a.MP3", "b.mp3"}));
-  EXPECT_TRUE(Names("C:\\Missing", "*.*").empty());
 
-  for (const DirEntry& entry : files.List("C:\\Music", "*.*")) {
-    bool folder = entry.name == "Folder.mp3" || entry.name == "linked";
-    EXPECT_EQ(entry.isDirectory, folder) << entry.name;
+  const Listing listing = files.List("C:\\Music", "*.*");
+  EXPECT_EQ(listing.status, ListingStatus::Listed);
+  ASSERT_EQ(listing.unnameable.size(), 1u);
+  EXPECT_EQ(listing.unnameable[0].name, "back\\slash.mp3");
+  EXPECT_TRUE(listing.unnameable[0].IsFile());
+  for (const DirEntry& entry : listing.entries) {
+    const bool folder = entry.name == "Folder.mp3" || entry.name == "linked";
+    const bool other = entry.name == "pipe.mp3" || entry.name == "dangling.mp3";
+    EXPECT_EQ(entry.kind, folder ? EntryKind::Folder : other ? EntryKind::Other : EntryKind::File) << entry.name;
   }
   EXPECT_TRUE(files.AnyFileMatches("C:\\Music", "*.FLAC"));
+  EXPECT_FALSE(files.AnyFileMatches("C:\\Music", "pipe.*"));
   tmp.MakeFolder("c/Only folders/x.flac");
   EXPECT_FALSE(files.AnyFileMatches("C:\\Only folders", "*.flac"));
 }
 
-TEST_F(LinuxFileSystemTest, UnreadableFolderListsNothing) {
-  if (geteuid() == 0) GTEST_SKIP() << "permission bits do not stop root";
+TEST_F(LinuxFileSystemTest, AFolderThatCannotBeListedIsNeverTakenForAnEmptyOne) {
+  tmp.MakeFolder("c/Empty");
   tmp.WriteFile("c/Locked/a.mp3", "x");
+  tmp.WriteFile("c/file.mp3", "x");
   fs::permissions(root + "/Locked", fs::perms::none);
-  EXPECT_TRUE(files.List("C:\\Locked", "*.*").empty());
+  EXPECT_EQ(files.List("C:\\Empty", "*.*").status, ListingStatus::Listed);
+  EXPECT_EQ(files.List("C:\\Missing", "*.*").status, ListingStatus::Missing);
+  EXPECT_EQ(files.List("C:\\file.mp3", "*.*").status, ListingStatus::Missing);
+  EXPECT_EQ(files.List("Q:\\", "*.*").status, ListingStatus::Missing);
+  const bool held = testing_support::RunWherePermissionsHold(
+      root + "/Locked", [&] { EXPECT_EQ(files.List("C:\\Locked", "*.*").status, ListingStatus::Unreadable); });
+  if (!held) GTEST_SKIP() << "permission bits do not stop this process";
+}
+
+TEST_F(LinuxFileSystemTest, EntriesWhosePathsAreTooLongToOpenAreSetApart) {
+  // A folder whose path leaves room for a short name but not for a long one,
+  // which can only be made relative to the folder.
+  std::string deep = root;
+  while (deep.size() < 3800) deep += "/" + std::string(std::min<std::size_t>(100, 3870 - deep.size()), 'd');
+  fs::create_directories(deep);
+  std::ofstream(deep + "/short.mp3") << "x";
+  const int folderFd = open(deep.c_str(), O_RDONLY | O_DIRECTORY);
+  ASSERT_GE(folderFd, 0);
+  const std::string longName = std::string(250, 'f') + ".mp3";
+  close(openat(folderFd, longName.c_str(), O_CREAT | O_WRONLY, 0600));
+
+  const Listing listing = files.List(deep, "*.*");
+  ASSERT_EQ(listing.entries.size(), 1u);
+  EXPECT_EQ(listing.entries[0].name, "short.mp3");
+  ASSERT_EQ(listing.tooLong.size(), 1u);
+  EXPECT_TRUE(listing.tooLong[0].IsFile());
+  unlinkat(folderFd, longName.c_str(), 0);
+  close(folderFd);
 }
 
 TEST_F(LinuxFileSystemTest, IdentityIsTheFolderWhicheverPathReachesIt) {

@@ -68,6 +68,30 @@ TEST_F(ScanCommandsTest, CancelEndsTheDialogAtOnceButTheWorkerFinishesFirst) {
   EXPECT_EQ(rebuilds, 1);
 }
 
+TEST_F(ScanCommandsTest, NotesFollowScanCompleteInOneBox) {
+  Put("c/Music/a.mp3", "id3v1.mp3");
+  Put("c/Music/Locked/b.mp3", "id3v1.mp3");
+  Put("c/Music/Odd\\Name/c.mp3", "id3v1.mp3");
+  fileSystem.FailFrom("C:\\Music\\Locked\\");
+  commands.ScanVolume(3, "C:\\Music\\");
+  EXPECT_EQ(messages.Texts(), (std::vector<std::string>{"Scan Complete.",
+                                                        "1 folder could not be read; its entries were kept.\n"
+                                                        "1 folder was skipped for its name."}));
+  EXPECT_EQ(messages.Shown()[1].icon, platform::Icon::Information);
+  EXPECT_EQ(messages.Shown()[1].buttons, platform::Buttons::Ok);
+}
+
+TEST_F(ScanCommandsTest, EverySpellingOfAFolderGivesOneRoot) {
+  Put("c/Keep/a.mp3", "id3v1.mp3");
+  Put("c/Other/b.mp3", "id3v1.mp3");
+  for (const char* spelling : {"C:\\Keep\\..\\Keep", "c:\\keep", "C:\\.\\KEEP\\", "c:\\Other\\..\\..\\Keep"})
+    commands.AddFolder(spelling);
+  EXPECT_EQ(CataloguedFolders(), (std::map<std::string, int>{{"\\Keep\\", 1}}));
+  EXPECT_EQ(settings.lastAddedFolder, "C:\\Keep\\");
+  ASSERT_EQ(db.GetVolumeIds(3).size(), 1u);
+  EXPECT_EQ(db.GetVolume(db.GetVolumeIds(3)[0])->DrvLtr, "C");
+}
+
 TEST_F(ScanCommandsTest, AddCdPromptsForADiscAndFindsKnownDiscsAgain) {
   const std::string jazz = folder.MakeFolder("discs/jazz"), rock = folder.MakeFolder("discs/rock");
   LabelDisc(jazz, "Jazz 1", 0x12345678);

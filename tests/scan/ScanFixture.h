@@ -1,6 +1,7 @@
 #pragma once
 // A program folder with a disk C, an empty CD drive E and a catalogue, and a
 // scanner reading real tags with TagLib, through a reader a test may watch.
+// Listings fail where a test says so.
 
 #include <gtest/gtest.h>
 
@@ -11,10 +12,10 @@
 
 #include "catalogue/MediaDB.h"
 #include "platform/LinuxDriveTable.h"
-#include "platform/LinuxFileSystem.h"
 #include "scan/CDriveServices.h"
 #include "scan/CVolumeScanner.h"
 #include "tags/CTagReader.h"
+#include "tests/support/FailingListings.h"
 #include "tests/support/ScriptedMessageBox.h"
 #include "tests/support/TempFolder.h"
 
@@ -87,7 +88,7 @@ class ScanTest : public ::testing::Test {
   testing_support::TempFolder folder;
   testing_support::TestDrives testDrives;
   platform::LinuxDriveTable table;
-  platform::LinuxFileSystem fileSystem;
+  testing_support::FailingListings fileSystem;
   testing_support::ScriptedMessageBox messages;
   CDriveServices drives;
   MediaDB db;

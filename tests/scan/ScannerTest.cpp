@@ -1,11 +1,16 @@
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include <csignal>
 #include <filesystem>
 
 #include "scan/DiscoveryScan.h"
+#include "scan/MessageText.h"
+#include "scan/ScanReport.h"
 #include "scan/WorkerProgress.h"
 #include "tests/scan/ScanFixture.h"
+#include "tests/support/PermissionsHold.h"
 
 namespace {
 
@@ -103,7 +108,10 @@ TEST_F(ScanTest, OddNamesAreStoredExactlyAndSiblingsDifferingInCaseStaySeparate)
   Put("c/Music/a_c/c.mp3", "id3v1.mp3");
   Put("c/Music/abc/d.mp3", "id3v1.mp3");
   folder.WriteFile("c/Music/Rock/back\\slash.mp3", "skipped: no drive path can name it");
+  folder.WriteFile("c/Music/Rock/back\\slash.txt", "not audio: not worth a word");
+  Put("c/Music/AC\\DC/e.mp3", "id3v1.mp3");
   Scan(3, "C:\\Music\\");
+  EXPECT_EQ(scanner.Report().Notes(), "1 file and 1 folder were skipped for their names.");
   const auto files = CataloguedFiles();
   EXPECT_EQ(files.size(), 5u);
   EXPECT_TRUE(files.count("\\Music\\It's 100%_é\\Don't 50%_x.mp3"));
@@ -123,6 +131,123 @@ TEST_F(ScanTest, ALoopOfLinksIsEnteredOnce) {
   EXPECT_EQ(CataloguedFiles().size(), 1u);
 }
 
+TEST_F(ScanTest, TheWalkStaysBelowTheRootAndOutOfTheDrivesAndSystemFolders) {
+  Put("c/Music/A/a.mp3", "id3v1.mp3");
+  Put("elsewhere/l.mp3", "id3v1.mp3");
+  Put("f/f.mp3", "id3v1.mp3");
+  testDrives.AddFixed('F', folder.Path() + "/f");
+  const std::string music = folder.Path() + "/c/Music/";
+  // Only "linked" leads somewhere new; "/" and the program folder lie above the root.
+  const std::pair<std::string, const char*> links[] = {
+      {folder.Path() + "/elsewhere", "linked"}, {"/", "machine"}, {folder.Path(), "program"},
+      {folder.Path() + "/drives", "drives"}, {"/proc", "proc"}, {"/proc/self/fd", "fd"}};
+  for (const auto& [target, name] : links) fs::create_directory_symlink(target, music + name);
+  Scan(3, "C:\\Music\\");
+  std::vector<std::string> paths;
+  for (const auto& [path, id] : CataloguedFolders()) paths.push_back(path);
+  EXPECT_EQ(paths, (std::vector<std::string>{"\\Music\\", "\\Music\\A\\", "\\Music\\linked\\"}));
+
+  // A root that is, or lies in, a system folder records nothing.
+  for (const char* root : {"C:\\Music\\proc\\self\\", "C:\\Music\\fd\\"}) {
+    Scan(3, root);
+    EXPECT_EQ(scanner.Report().Refusal(), FillMessage(ScanReport::kSystemFolder, {root}));
+  }
+  EXPECT_EQ(CataloguedFolders().size(), 3u);
+}
+
+TEST_F(ScanTest, OnlyRegularFilesAreRecordedAndNothingElseIsEverRead) {
+  Put("c/Music/a.mp3", "id3v1.mp3");
+  Put("c/Music/b.mp3", "id3v2.mp3");
+  const std::string music = folder.Path() + "/c/Music/";
+  ASSERT_EQ(mkfifo((music + "x.mp3").c_str(), 0600), 0);
+  fs::create_symlink(music + "a.mp3", music + "alias.mp3");
+  fs::create_symlink(music + "gone.mp3", music + "broken.mp3");
+  fs::create_symlink("/dev/zero", music + "zero.mp3");
+  // b.mp3 becomes a pipe after it was recorded, just before its tags are read.
+  reader.beforeRead = [&](const std::string& path) {
+    if (!path.ends_with("b.mp3")) return;
+    fs::remove(music + "b.mp3");
+    mkfifo((music + "b.mp3").c_str(), 0600);
+  };
+  Scan(3, "C:\\Music\\");
+  auto files = CataloguedFiles();
+  EXPECT_EQ(files.size(), 3u);
+  EXPECT_EQ(db.GetFile(files.at("\\Music\\alias.mp3"))->id3Title, "Café Müller");
+  EXPECT_EQ(db.GetFile(files.at("\\Music\\b.mp3"))->id3Title, "");
+  reader.beforeRead = nullptr;
+  Scan(3, "C:\\Music\\");  // now a pipe: gone from the catalogue
+  EXPECT_FALSE(CataloguedFiles().count("\\Music\\b.mp3"));
+}
+
+TEST_F(ScanTest, FoldersThatCannotBeListedKeepTheirRowsWhenEverTheListingFails) {
+  for (const char* path : {"c/Music/a.mp3", "c/Music/Locked/b.mp3", "c/Music/Locked/Deep/c.mp3",
+                           "c/Music/Later/d.mp3", "c/Music/Later/Sub/e.mp3", "c/Music/Gone/f.mp3"})
+    Put(path, "id3v1.mp3");
+  Scan(3, "C:\\Music\\");
+  const FolderMap folders = CataloguedFolders();
+  const auto files = CataloguedFiles();
+  ASSERT_EQ(files.size(), 6u);
+
+  // Locked fails in both passes, Later only once the marking pass listed it.
+  fileSystem.FailFrom("C:\\Music\\Locked\\");
+  fileSystem.FailFrom("C:\\Music\\Later\\", 2);
+  fs::remove_all(folder.Path() + "/c/Music/Gone");
+  fs::remove(folder.Path() + "/c/Music/a.mp3");
+  Scan(3, "C:\\Music\\");
+  EXPECT_EQ(scanner.Report().Notes(), "2 folders could not be read; their entries were kept.");
+  auto after = CataloguedFiles();
+  EXPECT_EQ(after.size(), 4u);  // a.mp3 and the vanished folder's file are gone
+  for (const char* kept : {"\\Music\\Locked\\b.mp3", "\\Music\\Locked\\Deep\\c.mp3",
+                           "\\Music\\Later\\d.mp3", "\\Music\\Later\\Sub\\e.mp3"})
+    EXPECT_EQ(after[kept], files.at(kept)) << kept;
+  EXPECT_EQ(db.QueryInt("SELECT count(*) FROM MediaPaths WHERE DirtyBit<>0;"), 0);
+
+  // A root that cannot be listed keeps everything; healed, nothing is new.
+  fileSystem.Heal();
+  fileSystem.FailFrom("C:\\Music\\");
+  Scan(3, "C:\\Music\\");
+  EXPECT_EQ(scanner.Report().Notes(), "1 folder could not be read; its entries were kept.");
+  EXPECT_EQ(CataloguedFiles(), after);
+  fileSystem.Heal();
+  Scan(3, "C:\\Music\\");
+  EXPECT_EQ(CataloguedFiles(), after);
+  EXPECT_EQ(CataloguedFolders().at("\\Music\\Later\\Sub\\"), folders.at("\\Music\\Later\\Sub\\"));
+}
+
+TEST_F(ScanTest, ARootThatIsNotThereKeepsItsRowsAndAddsNoVolume) {
+  Put("c/Music/a.mp3", "id3v1.mp3");
+  Scan(3, "C:\\Music\\");
+  fs::rename(folder.Path() + "/c/Music", folder.Path() + "/c/Moved");
+  Scan(3, "C:\\Music\\");
+  EXPECT_EQ(scanner.Report().Refusal(), "The folder C:\\Music\\ is not there. Its entries were kept.");
+  EXPECT_EQ(CataloguedFiles().size(), 1u);
+  testDrives.AddFixed('G', folder.Path() + "/unplugged");  // not ready: no volume of serial 0
+  Scan(3, "G:\\");
+  EXPECT_EQ(db.GetVolumeIds(-1).size(), 1u);
+}
+
+TEST_F(ScanTest, AFolderLockedByItsPermissionsKeepsItsRowsAndTheUsersEdits) {
+  Put("c/Music/Open/a.mp3", "id3v1.mp3");
+  Put("c/Music/Locked/Deep/c.mp3", "id3v1.mp3");
+  Scan(3, "C:\\Music\\");
+  const auto files = CataloguedFiles();
+  auto edited = db.GetFile(files.at("\\Music\\Locked\\Deep\\c.mp3"));
+  edited->Title = "Mine";
+  edited->Rating = 4;
+  db.UpdateFileUserInfo(*edited);
+
+  const std::string locked = folder.Path() + "/c/Music/Locked";
+  fs::permissions(locked, fs::perms::none);
+  const bool held = testing_support::RunWherePermissionsHold(locked, [&] { Scan(3, "C:\\Music\\"); });
+  fs::permissions(locked, fs::perms::owner_all);
+  if (!held) GTEST_SKIP() << "permission bits do not stop this process";
+  EXPECT_EQ(scanner.Report().Notes(), "1 folder could not be read; its entries were kept.");
+  Scan(3, "C:\\Music\\");  // readable again: the same rows, not new ones
+  EXPECT_EQ(CataloguedFiles(), files);
+  const auto kept = db.GetFile(files.at("\\Music\\Locked\\Deep\\c.mp3"));
+  EXPECT_EQ(kept->Title + std::to_string(kept->Rating), "Mine4");
+}
+
 TEST_F(ScanTest, CancelDuringRecordingStillSweepsWhatWasNotVisited) {
   Put("c/Music/A/a.mp3", "id3v1.mp3");
   Put("c/Music/B/b.mp3", "id3v1.mp3");
@@ -131,7 +256,8 @@ TEST_F(ScanTest, CancelDuringRecordingStillSweepsWhatWasNotVisited) {
 
   // The scan as the worker runs it, cancelled before the first folder.
   WorkerProgress progress;
-  DiscoveryScan discovery(db, drives, progress);
+  ScanReport report;
+  DiscoveryScan discovery(db, drives, progress, report);
   const int volId = discovery.FindOrAddVolume("C:\\Music\\");
   discovery.MarkMediaFolders("C:\\Music\\");
   discovery.MarkSubtreeDirty("C:\\Music\\", volId);

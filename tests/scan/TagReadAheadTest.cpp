@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <stdexcept>
+#include <thread>
 
 #include "scan/TagReadAhead.h"
 #include "tags/TagReader.h"
@@ -41,6 +43,32 @@ TEST(TagReadAhead, StoppingEndsTheReadersWithoutReadingTheRest) {
     readAhead.Stop();
   }  // the destructor joins the readers
   EXPECT_LT(reader.reads.load(), 100);
+}
+
+TEST(TagReadAhead, ACancelledWaitReturnsWhileAReaderIsStuckAndStoppingStillJoinsIt) {
+  struct StuckReader : TagReader {
+    std::atomic<bool> release{false};
+    std::atomic<int> reads{0};
+    int GetTag(std::string, CMediaFile&) override {
+      for (++reads; !release;) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+      return 0;
+    }
+  } reader;
+  std::atomic<bool> cancel{false};
+  {
+    TagReadAhead readAhead(reader, {"a", "b", "c"}, 1, 4);
+    std::thread canceller([&] {
+      std::this_thread::sleep_for(std::chrono::milliseconds(100));
+      cancel = true;
+    });
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_FALSE(readAhead.WaitFor(0, cancel));
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(500));
+    canceller.join();
+    readAhead.Stop();
+    reader.release = true;  // the destructor waits for the read under way, and no other
+  }
+  EXPECT_EQ(reader.reads.load(), 1);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "tags/CTagReader.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <taglib/vorbisfile.h>
 
 #include <filesystem>
@@ -106,6 +107,33 @@ TEST_F(CTagReaderTest, WhiteSpaceIsTrimmedAtTheEndOnly) {
   EXPECT_EQ(record.id3Title, "  inner \t gap");
   EXPECT_EQ(record.id3Artist, "");
   EXPECT_EQ(Read(kFixtures + "/id3v2.mp3").id3Title, "Trailing Blanks");
+}
+
+TEST_F(CTagReaderTest, LongTextsAreCutAt64KiBBetweenCharacters) {
+  CopyFixture("vorbis.ogg", "long.ogg");
+  std::string twoByteTitle = "a";
+  for (int i = 0; i < 50000; ++i) twoByteTitle += "\xC3\xA9";  // 100,001 bytes
+  {
+    TagLib::Ogg::Vorbis::File file((temp.Path() + "/long.ogg").c_str(), false);
+    file.tag()->setTitle(TagLib::String(twoByteTitle, TagLib::String::UTF8));
+    file.tag()->setArtist(std::string(70000, 'x'));
+    file.tag()->setComment(std::string(65530, 'c') + std::string(10, ' ') + "end");
+    ASSERT_TRUE(file.save());
+  }
+  const CMediaFile record = Read("long.ogg");
+  EXPECT_EQ(record.id3Title, twoByteTitle.substr(0, 65535));  // "é" at 65535 would not fit whole
+  EXPECT_EQ(record.id3Artist, std::string(65536, 'x'));
+  EXPECT_EQ(record.id3Comment, std::string(65530, 'c'));  // cut, then trimmed
+  EXPECT_EQ(record.id3Album, "\xE5\xA4\x8F\xE3\x81\xAE\xE6\xAD\x8C");
+}
+
+TEST_F(CTagReaderTest, OnlyRegularFilesAreOpened) {
+  ASSERT_EQ(mkfifo((temp.Path() + "/pipe.mp3").c_str(), 0600), 0);
+  std::filesystem::create_symlink("/dev/zero", temp.Path() + "/zero.mp3");
+  std::filesystem::create_symlink(kFixtures + "/id3v1.mp3", temp.Path() + "/linked.mp3");
+  ExpectUntouched("pipe.mp3");  // would wait for a writer for ever if opened
+  ExpectUntouched("zero.mp3");
+  EXPECT_EQ(Read("linked.mp3").id3Title, "Caf\xC3\xA9 M\xC3\xBCller");
 }
 
 TEST_F(CTagReaderTest, TextArrivesAsUtf8) {

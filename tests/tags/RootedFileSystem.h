@@ -27,7 +27,7 @@ class RootedFileSystem : public platform::FileSystem {
     return root_ + "/" + path;
   }
 
-  std::vector<platform::DirEntry> List(const std::string&, const std::string&) const override { return {}; }
+  platform::Listing List(const std::string&, const std::string&) const override { return {}; }
   bool AnyFileMatches(const std::string&, const std::string&) const override { return false; }
   std::optional<platform::FolderIdentity> Identity(const std::string&) const override { return {}; }
   std::optional<platform::FileFacts> Stat(const std::string&) const override { return {}; }

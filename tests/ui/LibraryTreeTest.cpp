@@ -165,6 +165,18 @@ TEST_F(LibraryTreeTest, RescanAsksForTheDiscAndScansThroughTheEntryPoint) {
   testing_support::LabelDisc(folder.Path() + "/disc", "JAZZ", 305419896);
   drives.InsertDisc('E', folder.Path() + "/disc");
   libraryTree.OnContextMenu(Node(50000001));
+  // Drive D is not there: its folders are not scanned, and nothing of them goes.
+  libraryTree.OnContextMenu(Node(ItemValue(NodeKind::Volume, disk)));
+  const Strings texts = messages.Texts();
+  EXPECT_EQ(Strings(texts.end() - 2, texts.end()),
+            (Strings{"The folder D:\\Music\\ is not there. Its entries were kept.",
+                     "The folder D:\\Audio\\ is not there. Its entries were kept."}));
+  EXPECT_EQ(Count("MediaPaths WHERE VolID=" + std::to_string(disk)), "5");
+
+  drives.AddFixed('D', folder.MakeFolder("d"));
+  folder.MakeFolder("d/Music");
+  folder.MakeFolder("d/Audio");
+  folder.MakeFolder("disc/Disc/Side A");
   libraryTree.OnContextMenu(Node(ItemValue(NodeKind::Volume, disk)));
   libraryTree.OnContextMenu(Node(2));
   EXPECT_EQ(scanHost.scanned, (Strings{"5 E:\\", "3 D:\\Music\\", "3 D:\\Audio\\", "5 E:\\Disc\\Side A\\"}));

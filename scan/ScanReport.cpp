@@ -1,0 +1,58 @@
+#include "scan/ScanReport.h"
+
+#include "platform/FileSystem.h"
+#include "scan/Paths.h"
+
+namespace {
+
+std::string Counted(int count, const char* one, const char* many) {
+  return std::to_string(count) + " " + (count == 1 ? one : many);
+}
+
+// "3 files and 1 folder were skipped for their names."
+std::string SkippedLine(int files, int folders, const char* oneReason, const char* manyReason) {
+  if (files + folders == 0) return "";
+  std::string subject;
+  if (files > 0) subject = Counted(files, "file", "files");
+  if (files > 0 && folders > 0) subject += " and ";
+  if (folders > 0) subject += Counted(folders, "folder", "folders");
+  const bool one = files + folders == 1;
+  return subject + (one ? " was skipped for " : " were skipped for ") + (one ? oneReason : manyReason);
+}
+
+void AddLine(std::string& notes, const std::string& line) {
+  if (line.empty()) return;
+  if (!notes.empty()) notes += "\n";
+  notes += line;
+}
+
+}  // namespace
+
+void ScanReport::Clear() {
+  refusal_.clear();
+  notRead_.clear();
+  forName_ = {};
+  forLength_ = {};
+}
+
+// Only audio files count: any other file would not have been recorded anyway.
+// A folder might have held some, so every folder counts.
+void ScanReport::Count::Add(const platform::DirEntry& entry) {
+  if (entry.IsFolder()) ++folders;
+  else if (entry.IsFile() && GetFileType(entry.name) != kNotMedia) ++files;
+}
+
+void ScanReport::SkippedForName(const platform::DirEntry& entry) { forName_.Add(entry); }
+void ScanReport::SkippedForLength(const platform::DirEntry& entry) { forLength_.Add(entry); }
+
+std::string ScanReport::Notes() const {
+  std::string notes;
+  const int notRead = static_cast<int>(notRead_.size());
+  if (notRead > 0)
+    AddLine(notes, Counted(notRead, "folder could not be read; its entries were kept.",
+                           "folders could not be read; their entries were kept."));
+  AddLine(notes, SkippedLine(forName_.files, forName_.folders, "its name.", "their names."));
+  AddLine(notes, SkippedLine(forLength_.files, forLength_.folders, "the length of its path.",
+                             "the length of their paths."));
+  return notes;
+}

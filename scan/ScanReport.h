@@ -1,0 +1,46 @@
+#pragma once
+// What a finished scan tells the user besides "Scan Complete.": the folders
+// it could not read (whose entries it kept), and the files and folders it
+// skipped because a drive path cannot name them or their paths are too long.
+// Or, in place of all that, why the root was not scanned at all.
+//
+// Written by the scan worker, read by the dialog once the worker is done.
+
+#include <set>
+#include <string>
+#include <utility>
+
+namespace platform {
+struct DirEntry;
+}
+
+class ScanReport {
+ public:
+  static constexpr const char* kNotThere = "The folder %s is not there. Its entries were kept.";
+  static constexpr const char* kSystemFolder = "The folder %s holds system files and is not scanned.";
+
+  void Clear();
+
+  // The root was not scanned; the message says why.
+  void Refuse(std::string message) { refusal_ = std::move(message); }
+  const std::string& Refusal() const { return refusal_; }
+
+  void FolderNotRead(const std::string& folder) { notRead_.insert(folder); }
+  void SkippedForName(const platform::DirEntry& entry);
+  void SkippedForLength(const platform::DirEntry& entry);
+
+  // One line per kind of note; "" when there is nothing to tell.
+  std::string Notes() const;
+
+ private:
+  struct Count {
+    int files = 0;
+    int folders = 0;
+    void Add(const platform::DirEntry& entry);
+  };
+
+  std::string refusal_;
+  std::set<std::string> notRead_;
+  Count forName_;
+  Count forLength_;
+};
