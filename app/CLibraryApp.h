@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "app/CAppSettings.h"
+#include "settings/CAppSettings.h"
 #include "catalogue/MediaDB.h"
 #include "platform/CatalogueLock.h"
 #include "playback/CMciPlayer.h"

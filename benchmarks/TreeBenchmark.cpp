@@ -29,8 +29,8 @@
 #include "platform/MemoryTreeControl.h"
 #include "platform/MessageBox.h"
 #include "scan/ScanCommands.h"
-#include "ui/CFileInfoDlg.h"
-#include "ui/CVolumeInfoDlg.h"
+#include "dialogs/CFileInfoDlg.h"
+#include "dialogs/CVolumeInfoDlg.h"
 #include "ui/QuickSearch.h"
 
 namespace fs = std::filesystem;

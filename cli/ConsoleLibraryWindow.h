@@ -17,8 +17,8 @@
 #include "platform/MemoryTreeControl.h"
 #include "platform/PopupMenu.h"
 #include "scan/ScanCommands.h"
-#include "ui/CFileInfoDlg.h"
-#include "ui/CVolumeInfoDlg.h"
+#include "dialogs/CFileInfoDlg.h"
+#include "dialogs/CVolumeInfoDlg.h"
 
 class CLibraryApp;
 

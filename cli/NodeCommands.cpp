@@ -8,7 +8,7 @@
 #include "cli/ConsoleProgressDialog.h"
 #include "cli/NoFolderPicker.h"
 #include "scan/ScanCommands.h"
-#include "ui/CVolumeInfoDlg.h"
+#include "dialogs/CVolumeInfoDlg.h"
 #include "ui/LibraryCommands.h"
 
 namespace {

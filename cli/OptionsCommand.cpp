@@ -6,7 +6,7 @@
 
 #include "app/CLibraryApp.h"
 #include "cli/NoFolderPicker.h"
-#include "ui/COptionsDlg.h"
+#include "dialogs/COptionsDlg.h"
 
 namespace {
 

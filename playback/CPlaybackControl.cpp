@@ -1,6 +1,6 @@
 #include "playback/CPlaybackControl.h"
 
-#include "app/CAppSettings.h"
+#include "settings/CAppSettings.h"
 #include "catalogue/MediaDB.h"
 #include "platform/DriveTable.h"
 #include "platform/MessageBox.h"

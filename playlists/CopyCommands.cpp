@@ -1,6 +1,6 @@
 #include "playlists/CopyCommands.h"
 
-#include "app/CAppSettings.h"
+#include "settings/CAppSettings.h"
 #include "platform/MessageBox.h"
 #include "playlists/CCopyDlg.h"
 #include "playlists/CPlayListModel.h"

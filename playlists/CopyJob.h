@@ -11,7 +11,7 @@
 #include <string>
 
 #include "playlists/CopySummary.h"
-#include "scan/WorkerProgress.h"
+#include "base/WorkerProgress.h"
 
 struct CopyJob {
   std::string target;

@@ -5,7 +5,7 @@
 #include "playlists/CopyJob.h"
 #include "playlists/FileIds.h"
 #include "scan/CDriveServices.h"
-#include "scan/MessageText.h"
+#include "base/MessageText.h"
 #include "scan/Paths.h"
 
 namespace {

@@ -5,7 +5,7 @@
 #include "catalogue/MediaDB.h"
 #include "platform/FileSystem.h"
 #include "scan/CDriveServices.h"
-#include "scan/MessageText.h"
+#include "base/MessageText.h"
 #include "scan/OffLimitsFolders.h"
 
 namespace {

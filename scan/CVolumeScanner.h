@@ -9,7 +9,7 @@
 #include "scan/DiscoveryScan.h"
 #include "scan/ScanReport.h"
 #include "scan/TagScan.h"
-#include "scan/WorkerProgress.h"
+#include "base/WorkerProgress.h"
 
 class CDriveServices;
 class MediaDB;

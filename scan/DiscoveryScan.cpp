@@ -6,10 +6,10 @@
 #include "platform/FileSystem.h"
 #include "platform/LinuxPaths.h"
 #include "scan/CDriveServices.h"
-#include "scan/MessageText.h"
+#include "base/MessageText.h"
 #include "scan/Paths.h"
 #include "scan/ScanReport.h"
-#include "scan/WorkerProgress.h"
+#include "base/WorkerProgress.h"
 
 DiscoveryScan::DiscoveryScan(MediaDB& db, CDriveServices& drives, WorkerProgress& progress,
                              ScanReport& report)

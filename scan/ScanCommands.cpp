@@ -1,12 +1,12 @@
 #include "scan/ScanCommands.h"
 
-#include "app/CAppSettings.h"
+#include "settings/CAppSettings.h"
 #include "platform/FileSystem.h"
 #include "platform/FolderPicker.h"
 #include "platform/MessageBox.h"
 #include "scan/CDriveServices.h"
 #include "scan/CVolumeScanner.h"
-#include "scan/MessageText.h"
+#include "base/MessageText.h"
 #include "scan/Paths.h"
 
 ScanCommands::ScanCommands(CVolumeScanner& scanner, CDriveServices& drives, CAppSettings& settings,

@@ -8,7 +8,7 @@
 #include "scan/Paths.h"
 #include "scan/TagReadAhead.h"
 #include "scan/VolumeIndex.h"
-#include "scan/WorkerProgress.h"
+#include "base/WorkerProgress.h"
 #include "tags/TagReader.h"
 
 namespace {

@@ -5,7 +5,7 @@
 
 #include "catalogue/MediaDB.h"
 #include "platform/DriveTable.h"
-#include "scan/MessageText.h"
+#include "base/MessageText.h"
 #include "scan/ScanCommands.h"
 #include "ui/CMediaList.h"
 #include "ui/LibraryCommands.h"

@@ -1,9 +1,9 @@
 #include "ui/CMainDlg.h"
 
-#include "app/CAppSettings.h"
+#include "settings/CAppSettings.h"
 #include "playback/CPlaybackControl.h"
 #include "scan/ScanCommands.h"
-#include "ui/COptionsDlg.h"
+#include "dialogs/COptionsDlg.h"
 #include "ui/QuickSearch.h"
 
 namespace {

@@ -6,8 +6,8 @@
 #include "platform/ListControl.h"
 #include "playlists/CPlayListModel.h"
 #include "playlists/FileIds.h"
-#include "scan/MessageText.h"
-#include "ui/CFileInfoDlg.h"
+#include "base/MessageText.h"
+#include "dialogs/CFileInfoDlg.h"
 
 namespace {
 

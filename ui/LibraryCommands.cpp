@@ -3,15 +3,15 @@
 #include <string>
 #include <vector>
 
-#include "app/CAppSettings.h"
+#include "settings/CAppSettings.h"
 #include "catalogue/MediaDB.h"
 #include "platform/DriveTable.h"
 #include "platform/MessageBox.h"
 #include "scan/CDriveServices.h"
-#include "scan/MessageText.h"
+#include "base/MessageText.h"
 #include "scan/Paths.h"
 #include "scan/ScanCommands.h"
-#include "ui/CVolumeInfoDlg.h"
+#include "dialogs/CVolumeInfoDlg.h"
 
 LibraryCommands::LibraryCommands(MediaDB& db, const CAppSettings& settings,
                                  const CDriveServices& drives)

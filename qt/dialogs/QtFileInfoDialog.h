@@ -6,7 +6,7 @@
 #include <QDialog>
 #include <array>
 
-#include "ui/CFileInfoDlg.h"
+#include "dialogs/CFileInfoDlg.h"
 
 class QLabel;
 class QLineEdit;

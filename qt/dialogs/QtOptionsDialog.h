@@ -6,7 +6,7 @@
 #include <QDialog>
 #include <functional>
 
-#include "ui/COptionsDlg.h"
+#include "dialogs/COptionsDlg.h"
 
 class QComboBox;
 class QLineEdit;

@@ -5,7 +5,7 @@
 
 #include <QDialog>
 
-#include "ui/CVolumeInfoDlg.h"
+#include "dialogs/CVolumeInfoDlg.h"
 
 class QLineEdit;
 

@@ -1,4 +1,4 @@
-#include "app/CAppSettings.h"
+#include "settings/CAppSettings.h"
 #include "playlists/CPlayListDlg.h"
 #include "playlists/CopyCommands.h"
 #include "tests/playlists/PlayListFixture.h"

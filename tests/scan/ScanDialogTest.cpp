@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/CAppSettings.h"
+#include "settings/CAppSettings.h"
 #include "platform/FolderPicker.h"
 #include "scan/ScanCommands.h"
 #include "tests/scan/ScanFixture.h"

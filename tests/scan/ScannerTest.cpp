@@ -6,9 +6,9 @@
 #include <filesystem>
 
 #include "scan/DiscoveryScan.h"
-#include "scan/MessageText.h"
+#include "base/MessageText.h"
 #include "scan/ScanReport.h"
-#include "scan/WorkerProgress.h"
+#include "base/WorkerProgress.h"
 #include "tests/scan/ScanFixture.h"
 #include "tests/support/PermissionsHold.h"
 

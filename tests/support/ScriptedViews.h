@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "platform/PopupMenu.h"
-#include "ui/CFileInfoDlg.h"
-#include "ui/COptionsDlg.h"
-#include "ui/CVolumeInfoDlg.h"
+#include "dialogs/CFileInfoDlg.h"
+#include "dialogs/COptionsDlg.h"
+#include "dialogs/CVolumeInfoDlg.h"
 
 namespace testing_support {
 

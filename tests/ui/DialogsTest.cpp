@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "app/CAppSettings.h"
+#include "settings/CAppSettings.h"
 #include "catalogue/MediaDB.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
@@ -10,9 +10,9 @@
 #include "tests/support/ScriptedMessageBox.h"
 #include "tests/support/ScriptedViews.h"
 #include "tests/support/TempFolder.h"
-#include "ui/CFolderDialog.h"
-#include "ui/CInputDlg.h"
-#include "ui/COptionsDlg.h"
+#include "dialogs/CFolderDialog.h"
+#include "dialogs/CInputDlg.h"
+#include "dialogs/COptionsDlg.h"
 
 namespace {
 

@@ -15,7 +15,7 @@
 #include "qt/dialogs/QtVolumeInfoDialog.h"
 #include "scan/ScanCommands.h"
 #include "tools/screenshots/Shots.h"
-#include "ui/CFileInfoDlg.h"
+#include "dialogs/CFileInfoDlg.h"
 
 namespace {
 

@@ -15,7 +15,7 @@
 #include "qt/dialogs/QtOptionsDialog.h"
 #include "qt/dialogs/QtVolumeInfoDialog.h"
 #include "tests/qt/dialogs/WhenShown.h"
-#include "ui/CInputDlg.h"
+#include "dialogs/CInputDlg.h"
 
 namespace {
 

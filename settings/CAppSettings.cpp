@@ -1,4 +1,4 @@
-#include "app/CAppSettings.h"
+#include "settings/CAppSettings.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,9 +1,9 @@
-#include "ui/COptionsDlg.h"
+#include "dialogs/COptionsDlg.h"
 
-#include "app/CAppSettings.h"
+#include "settings/CAppSettings.h"
 #include "platform/DriveTable.h"
 #include "scan/CDriveServices.h"
-#include "ui/CFolderDialog.h"
+#include "dialogs/CFolderDialog.h"
 
 COptionsDlg::COptionsDlg(CAppSettings& settings, const CDriveServices& drives,
                          platform::FolderPicker& picker, OptionsView& view)

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string>
 
-#include "ui/DialogResult.h"
+#include "dialogs/DialogResult.h"
 
 struct FileInfoForm {
   std::string fileName;  // read-only

@@ -1,4 +1,4 @@
-#include "ui/CVolumeInfoDlg.h"
+#include "dialogs/CVolumeInfoDlg.h"
 
 CVolumeInfoDlg::CVolumeInfoDlg(VolumeInfoView& view) : view_(view) {}
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "ui/DialogResult.h"
+#include "dialogs/DialogResult.h"
 
 class CAppSettings;
 class CDriveServices;

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "ui/DialogResult.h"
+#include "dialogs/DialogResult.h"
 
 struct VolumeInfoForm {
   std::string displayName;

@@ -1,4 +1,4 @@
-#include "ui/CFolderDialog.h"
+#include "dialogs/CFolderDialog.h"
 
 #include "platform/FileSystem.h"
 #include "platform/FolderPicker.h"

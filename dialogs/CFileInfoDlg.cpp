@@ -1,4 +1,4 @@
-#include "ui/CFileInfoDlg.h"
+#include "dialogs/CFileInfoDlg.h"
 
 #include <cstdio>
 

@@ -1,4 +1,4 @@
-#include "ui/CInputDlg.h"
+#include "dialogs/CInputDlg.h"
 
 #include "platform/InputDialog.h"
 
