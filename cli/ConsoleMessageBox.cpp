@@ -1,5 +1,6 @@
 #include "cli/ConsoleMessageBox.h"
 
+#include "base/AsciiCase.h"
 #include "cli/ConsoleCommand.h"
 
 #include <cctype>
@@ -14,7 +15,7 @@ platform::Answer Positive(platform::Buttons buttons) {
 std::string FirstWordLower(const char* line) {
   std::string word;
   for (const char* c = line; *c && !std::isspace(static_cast<unsigned char>(*c)); ++c)
-    word += static_cast<char>(std::tolower(static_cast<unsigned char>(*c)));
+    word += AsciiLower(*c);
   return word;
 }
 

@@ -2,6 +2,8 @@
 
 #include <cstdio>
 
+#include "base/LengthText.h"
+
 namespace {
 
 constexpr int kRatingButtons = 5;
@@ -24,7 +26,7 @@ FileInfoForm CFileInfoDlg::OpeningForm() const {
           artist,
           album,
           comment,
-          Format("Length:  %d:%02d", (length - length % 60) / 60, length % 60),
+          "Length:  " + MinutesAndSeconds(length),
           Format("Bit Rate: %d kb/s", bitRate),
           Format("Sample Rate: %d Hz", sampleRate),
           Format("Channels: %d", channels),

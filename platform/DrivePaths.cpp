@@ -8,6 +8,8 @@
 #include <optional>
 #include <vector>
 
+#include "base/AsciiCase.h"
+
 namespace platform {
 namespace {
 
@@ -25,16 +27,6 @@ std::vector<std::string> SplitAtBackslashes(const std::string& text) {
     start = end + 1;
   }
   return components;
-}
-
-char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool EqualIgnoringAsciiCase(const std::string& a, const char* b) {
-  std::size_t i = 0;
-  for (; i < a.size(); ++i) {
-    if (b[i] == '\0' || AsciiLower(a[i]) != AsciiLower(b[i])) return false;
-  }
-  return b[i] == '\0';
 }
 
 bool EntryExists(const std::string& path) {

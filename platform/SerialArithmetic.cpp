@@ -4,6 +4,8 @@
 #include <array>
 #include <cstring>
 
+#include "base/AsciiCase.h"
+
 namespace platform {
 namespace {
 
@@ -51,8 +53,6 @@ constexpr std::uint32_t kFnvOffset = 2166136261u;
 constexpr std::uint32_t kFnvPrime = 16777619u;
 
 std::uint32_t FnvAdd(std::uint32_t hash, std::uint8_t byte) { return (hash ^ byte) * kFnvPrime; }
-
-char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 bool IsOneOf(std::string_view value, std::initializer_list<std::string_view> names) {
   return std::find(names.begin(), names.end(), value) != names.end();

@@ -49,10 +49,11 @@ bool DiscoveryScan::EnterOnce(const std::string& folder, FolderSet& entered) con
 }
 
 bool DiscoveryScan::HoldsAudioFiles(const std::vector<platform::DirEntry>& entries) const {
-  // The same test as asking for "*.mp3", then "*.ogg", then "*.wma".
-  for (const char* pattern : {"*.mp3", "*.ogg", "*.wma"})
-    for (const auto& entry : entries)
-      if (entry.IsFile() && fnmatch(pattern, entry.name.c_str(), FNM_CASEFOLD) == 0) return true;
+  // As asking for "*.mp3", "*.ogg" and "*.wma": an audio ending after a dot.
+  for (const auto& entry : entries)
+    if (entry.IsFile() && entry.name.find('.') != std::string::npos &&
+        GetFileType(entry.name) != kNotMedia)
+      return true;
   return false;
 }
 

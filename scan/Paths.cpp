@@ -3,15 +3,11 @@
 #include <algorithm>
 #include <cctype>
 
+#include "base/AsciiCase.h"
+
 namespace {
 
 bool HasDrive(const std::string& path) { return path.size() >= 2 && path[1] == ':'; }
-
-std::string ToLowerAscii(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return text;
-}
 
 }  // namespace
 
@@ -49,7 +45,7 @@ std::string GetFolderName(const std::string& folder) {
 int GetFileType(const std::string& fileName) {
   const auto dot = fileName.rfind('.');
   const std::string extension =
-      ToLowerAscii(dot == std::string::npos ? fileName : fileName.substr(dot + 1));
+      AsciiLower(dot == std::string::npos ? fileName : fileName.substr(dot + 1));
   if (extension == "mp3") return kMp3;
   if (extension == "ogg") return kOgg;
   if (extension == "wma") return kWma;

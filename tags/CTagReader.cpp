@@ -12,28 +12,19 @@
 #include <memory>
 #include <string_view>
 
+#include "base/AsciiCase.h"
+
 namespace {
 
 enum class FileKind { Unknown, OggVorbis, Mpeg, Flac, Musepack, Asf };
 
-bool EndsWithUpperAscii(std::string_view path, std::string_view upperEnding) {
-  if (path.size() < upperEnding.size()) return false;
-  const std::string_view tail = path.substr(path.size() - upperEnding.size());
-  for (std::size_t i = 0; i < tail.size(); ++i) {
-    const char c = tail[i];
-    const char upper = (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c;
-    if (upper != upperEnding[i]) return false;
-  }
-  return true;
-}
-
 FileKind KindFromName(std::string_view path) {
   if (path.size() <= 4) return FileKind::Unknown;
-  if (EndsWithUpperAscii(path, ".OGG")) return FileKind::OggVorbis;
-  if (EndsWithUpperAscii(path, ".MP3")) return FileKind::Mpeg;
-  if (EndsWithUpperAscii(path, ".FLAC")) return FileKind::Flac;
-  if (EndsWithUpperAscii(path, ".MPC")) return FileKind::Musepack;
-  if (EndsWithUpperAscii(path, ".WMA")) return FileKind::Asf;
+  if (EndsWithIgnoringAsciiCase(path, ".OGG")) return FileKind::OggVorbis;
+  if (EndsWithIgnoringAsciiCase(path, ".MP3")) return FileKind::Mpeg;
+  if (EndsWithIgnoringAsciiCase(path, ".FLAC")) return FileKind::Flac;
+  if (EndsWithIgnoringAsciiCase(path, ".MPC")) return FileKind::Musepack;
+  if (EndsWithIgnoringAsciiCase(path, ".WMA")) return FileKind::Asf;
   return FileKind::Unknown;
 }
 

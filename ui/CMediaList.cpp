@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
+#include "base/LengthText.h"
 #include "platform/ListControl.h"
 #include "playlists/CPlayListModel.h"
 #include "playlists/FileIds.h"
@@ -24,11 +25,7 @@ std::string RatingText(int rating) {
   return std::string(stars, '*') + std::string(kRatingWidth - stars, ' ');
 }
 
-std::string LengthText(int seconds) {
-  char text[32];
-  std::snprintf(text, sizeof text, "%2d:%02d", (seconds - seconds % 60) / 60, seconds % 60);
-  return text;
-}
+std::string LengthText(int seconds) { return MinutesAndSeconds(seconds, 2); }
 
 std::string VolumeText(const MediaListRow& row) {
   return row.VolType == kCdVolume ? row.DisplayName : FillMessage("[drive %s:]", {row.DrvLtr});

@@ -2,6 +2,7 @@
 
 #include <cctype>
 
+#include "base/AsciiCase.h"
 #include "platform/mci/PlaybinDevice.h"
 
 namespace platform::mci {
@@ -9,11 +10,7 @@ namespace platform::mci {
 DeviceTable::DeviceTable() = default;
 DeviceTable::~DeviceTable() = default;
 
-std::string DeviceTable::Key(const std::string& alias) {
-  std::string key = alias;
-  for (char& c : key) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-  return key;
-}
+std::string DeviceTable::Key(const std::string& alias) { return AsciiLower(alias); }
 
 PlaybinDevice* DeviceTable::Find(const std::string& alias) const {
   auto it = devices_.find(Key(alias));

@@ -5,20 +5,14 @@
 #include <limits>
 #include <vector>
 
+#include "base/AsciiCase.h"
+
 namespace platform::mci {
 namespace {
 
 bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
-bool SameWord(std::string_view a, std::string_view b) {
-  if (a.size() != b.size()) return false;
-  for (std::size_t i = 0; i < a.size(); ++i) {
-    if (std::tolower(static_cast<unsigned char>(a[i])) !=
-        std::tolower(static_cast<unsigned char>(b[i])))
-      return false;
-  }
-  return true;
-}
+bool SameWord(std::string_view a, std::string_view b) { return EqualIgnoringAsciiCase(a, b); }
 
 // Splits on blanks. A token starting with '"' runs to the next '"', which must
 // end the token; a stray or unmatched quote makes the whole text invalid.
