@@ -7,25 +7,24 @@ ConsoleProgressDialog::ConsoleProgressDialog(platform::MessageBox& messages, std
                                              bool terminal)
     : messages_(messages), line_(err, terminal) {}
 
-template <class Dialog>
-void ConsoleProgressDialog::RunModal(Dialog& dialog, int timerId) {
+void ConsoleProgressDialog::RunModal(CWorkerDlg& dialog) {
   ended_ = false;
   dialog.OnInitDialog();
   while (!ended_) {
     std::this_thread::sleep_for(std::chrono::milliseconds(timerPeriodMs_));
-    dialog.OnTimer(timerId);
+    dialog.OnTimer(dialog.TimerId());
   }
   dialog.OnDestroy();
 }
 
 void ConsoleProgressDialog::RunScanDialog(CVolumeScanner& scanner) {
-  CScanDlg dialog(scanner, messages_, static_cast<ScanDialogView&>(*this));
-  RunModal(dialog, CScanDlg::kTimerId);
+  CScanDlg dialog(scanner, messages_, *this);
+  RunModal(dialog);
 }
 
 void ConsoleProgressDialog::RunCopyDialog(CopyWorker& worker, const IdList& fileIds) {
-  CCopyDlg dialog(worker, fileIds, messages_, static_cast<CopyDialogView&>(*this));
-  RunModal(dialog, CCopyDlg::kTimerId);
+  CCopyDlg dialog(worker, fileIds, messages_, *this);
+  RunModal(dialog);
 }
 
 void ConsoleProgressDialog::SetStatusText(const std::string& text) { line_.SetStatus(text); }

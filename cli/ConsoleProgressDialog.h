@@ -5,6 +5,7 @@
 
 #include <cstdio>
 
+#include "base/WorkerDialogView.h"
 #include "cli/ConsoleProgressLine.h"
 #include "playlists/CCopyDlg.h"
 #include "scan/CScanDlg.h"
@@ -16,8 +17,7 @@ class MessageBox;
 
 class ConsoleProgressDialog : public ScanDialogHost,
                               public CopyDialogHost,
-                              private ScanDialogView,
-                              private CopyDialogView {
+                              private WorkerDialogView {
  public:
   ConsoleProgressDialog(platform::MessageBox& messages, std::FILE* err, bool terminal);
 
@@ -25,15 +25,13 @@ class ConsoleProgressDialog : public ScanDialogHost,
   void RunCopyDialog(CopyWorker& worker, const IdList& fileIds) override;
 
  private:
-  // Both dialogs' views are the same controls.
   void SetStatusText(const std::string& text) override;
   void SetProgressPos(int position) override;
   void StartTimer(int id, int periodMs) override;
   void StopTimer(int id) override;
   void EndDialog(int result) override;
 
-  template <class Dialog>
-  void RunModal(Dialog& dialog, int timerId);
+  void RunModal(CWorkerDlg& dialog);
 
   platform::MessageBox& messages_;
   ConsoleProgressLine line_;

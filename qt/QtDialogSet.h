@@ -5,24 +5,22 @@
 
 #include "qt/DesktopDialogs.h"
 #include "qt/dialogs/QtAboutBox.h"
-#include "qt/dialogs/QtCopyDialogHost.h"
 #include "qt/dialogs/QtFileInfoDialog.h"
 #include "qt/dialogs/QtFolderPicker.h"
 #include "qt/dialogs/QtInputDialog.h"
 #include "qt/dialogs/QtOptionsDialog.h"
-#include "qt/dialogs/QtScanDialogHost.h"
 #include "qt/dialogs/QtVolumeInfoDialog.h"
+#include "qt/dialogs/QtWorkerDialogHost.h"
 
 struct QtDialogSet {
-  explicit QtDialogSet(platform::MessageBox& messages) : scans(messages), copies(messages) {}
+  explicit QtDialogSet(platform::MessageBox& messages) : workers(messages) {}
 
   DesktopDialogs Services() {
-    return {picker, input, fileInfo, volumeInfo, options, scans, copies, ShowAboutBox};
+    return {picker, input, fileInfo, volumeInfo, options, workers, workers, ShowAboutBox};
   }
   void SetParent(QWidget* window) {
     picker.SetParent(window);
-    scans.SetParent(window);
-    copies.SetParent(window);
+    workers.SetParent(window);
   }
 
   QtFolderPicker picker;
@@ -30,6 +28,5 @@ struct QtDialogSet {
   QtFileInfoDialog fileInfo;
   QtVolumeInfoDialog volumeInfo;
   QtOptionsDialog options;
-  QtScanDialogHost scans;
-  QtCopyDialogHost copies;
+  QtWorkerDialogHost workers;  // scans and copies
 };

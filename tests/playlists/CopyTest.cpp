@@ -9,7 +9,7 @@
 #include "playlists/FileIds.h"
 #include "tests/platform/ScopedTmpfs.h"
 #include "tests/playlists/PlayListFixture.h"
-#include "tests/support/CopyDialogDriver.h"
+#include "tests/support/WorkerDialogDriver.h"
 
 namespace {
 
@@ -58,7 +58,7 @@ TEST_F(CopyTest, TwoCdsAndADiskGoVolumeByVolumeAskingForEachDiscOnce) {
   EXPECT_EQ(Read("c/QORCache/same.mp3"), "jazz");  // the Jazz disc went before the disk
   EXPECT_EQ(Read("c/QORCache/j.mp3") + Read("c/QORCache/r.mp3"), "jazzrock");
   EXPECT_NE(fs::status(Local("c/QORCache/j.mp3")).permissions() & fs::perms::owner_write, fs::perms::none);
-  EXPECT_EQ(dialogs.statusText, "E:\\r.mp3");
+  EXPECT_EQ(dialogs.statusTexts.back(), "E:\\r.mp3");
   EXPECT_EQ(Job().state.progress, 25);  // counted again from 0 for the last volume
   EXPECT_EQ(NotCopied(), Strings{"same.mp3: already there"});
   EXPECT_EQ(dialogs.timerPeriodMs, 500);
@@ -90,10 +90,10 @@ TEST_F(CopyTest, ProgressCountsEveryListedFileAndStartsWhereTheLastCopyLeftIt) {
   // The disc prompt holds the worker until the dialog has shown its bar.
   Hold({AddFile("d.mp3", "", AddVolume(5, "Disc", 7), "\\", "Disc")});
   std::atomic<bool> shown{false};
-  dialogs.beforeTick = [&](CCopyDlg&, int tick) { shown = tick > 0; };
+  dialogs.beforeTick = [&](CWorkerDlg&, int tick) { shown = tick > 0; };
   messages.OnShow([&](const testing_support::ShownMessage&) { WaitFor([&] { return shown.load(); }); });
   copy.CopyToCache();
-  EXPECT_EQ(dialogs.position, 100);
+  EXPECT_EQ(dialogs.positions.back(), 100);
   EXPECT_EQ(messages.Texts().back(), "File Copy Complete.");
 }
 
@@ -106,7 +106,7 @@ TEST_F(CopyTest, CancelClosesAtOnceAndTheWorkerStopsBeforeTheNextFile) {
     WaitFor([&] { return Job().state.cancel.load(); });
     drives.InsertDisc('E', Local("Disc"));  // too late: the dialog has gone
   });
-  dialogs.beforeTick = [&](CCopyDlg& dialog, int) {
+  dialogs.beforeTick = [&](CWorkerDlg& dialog, int) {
     WaitFor([&] { return prompted.load(); });
     dialog.OnCancel();
   };

@@ -2,7 +2,7 @@
 #include "playlists/CPlayListDlg.h"
 #include "playlists/CopyCommands.h"
 #include "tests/playlists/PlayListFixture.h"
-#include "tests/support/CopyDialogDriver.h"
+#include "tests/support/WorkerDialogDriver.h"
 #include "tests/support/ScriptedFolderPicker.h"
 #include "tests/support/ScriptedInputDialog.h"
 

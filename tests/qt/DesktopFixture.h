@@ -21,12 +21,11 @@
 #include "qt/QtListControl.h"
 #include "qt/QtTreeControl.h"
 #include "qt/dialogs/QtAboutBox.h"
-#include "qt/dialogs/QtCopyDialogHost.h"
 #include "qt/dialogs/QtFileInfoDialog.h"
 #include "qt/dialogs/QtInputDialog.h"
 #include "qt/dialogs/QtOptionsDialog.h"
-#include "qt/dialogs/QtScanDialogHost.h"
 #include "qt/dialogs/QtVolumeInfoDialog.h"
+#include "qt/dialogs/QtWorkerDialogHost.h"
 #include "tests/qt/UserActions.h"
 #include "tests/support/RecordingMediaControl.h"
 #include "tests/support/ScriptedFolderPicker.h"
@@ -50,7 +49,7 @@ class DesktopTest : public ::testing::Test {
     app.Settings().mainWidth = 700;
     app.Settings().splitter = 250;
     window = std::make_unique<MainWindow>(
-        app, DesktopDialogs{picker, input, fileInfo, volumeInfo, options, scans, copies, ShowAboutBox});
+        app, DesktopDialogs{picker, input, fileInfo, volumeInfo, options, workers, workers, ShowAboutBox});
     for (QAbstractItemModel* model : {List().model(), PlayList().model()})
       modelTesters.push_back(std::make_unique<QAbstractItemModelTester>(
           model, QAbstractItemModelTester::FailureReportingMode::Fatal));
@@ -119,8 +118,7 @@ class DesktopTest : public ::testing::Test {
   QtFileInfoDialog fileInfo;
   QtVolumeInfoDialog volumeInfo;
   QtOptionsDialog options;
-  QtScanDialogHost scans{messages};
-  QtCopyDialogHost copies{messages};
+  QtWorkerDialogHost workers{messages};
   std::unique_ptr<MainWindow> window;
   std::vector<std::unique_ptr<QAbstractItemModelTester>> modelTesters;
 };

@@ -4,7 +4,7 @@
 #include "platform/FolderPicker.h"
 #include "scan/ScanCommands.h"
 #include "tests/scan/ScanFixture.h"
-#include "tests/support/ScanDialogDriver.h"
+#include "tests/support/WorkerDialogDriver.h"
 
 namespace {
 
@@ -43,9 +43,9 @@ TEST_F(ScanCommandsTest, TheDialogShowsProgressAndSaysCompleteOnce) {
   Put("c/Music/a.mp3", "id3v1.mp3");
   commands.ScanVolume(3, "C:\\Music\\");
   EXPECT_EQ(messages.Texts(), std::vector<std::string>{"Scan Complete."});
-  EXPECT_EQ(dialogs.lastView.endedWith, 0);
-  EXPECT_EQ(dialogs.lastView.timerRunning, 0);
-  EXPECT_FALSE(dialogs.lastView.statusTexts.empty());
+  EXPECT_EQ(dialogs.endedWith, 0);
+  EXPECT_EQ(dialogs.timerRunning, 0);
+  EXPECT_FALSE(dialogs.statusTexts.empty());
   EXPECT_EQ(rebuilds, 1);
   EXPECT_EQ(CataloguedFiles().size(), 1u);
 }
@@ -56,7 +56,7 @@ TEST_F(ScanCommandsTest, CancelEndsTheDialogAtOnceButTheWorkerFinishesFirst) {
   reader.beforeRead = [&](const std::string&) {
     while (!release) std::this_thread::sleep_for(std::chrono::milliseconds(1));
   };
-  dialogs.beforeTick = [&](CScanDlg& dialog, int tick) {
+  dialogs.beforeTick = [&](CWorkerDlg& dialog, int tick) {
     if (tick == 3) {
       dialog.OnCancel();
       release = true;  // the worker may go on only once the dialog has ended

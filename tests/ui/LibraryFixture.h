@@ -18,7 +18,7 @@
 #include "scan/Paths.h"
 #include "scan/ScanCommands.h"
 #include "tests/support/RecordingMediaControl.h"
-#include "tests/support/ScanDialogDriver.h"
+#include "tests/support/WorkerDialogDriver.h"
 #include "tests/support/ScriptedFolderPicker.h"
 #include "tests/support/ScriptedMessageBox.h"
 #include "tests/support/ScriptedViews.h"

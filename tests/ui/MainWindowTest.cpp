@@ -1,5 +1,5 @@
 #include "playlists/CopyCommands.h"
-#include "tests/support/CopyDialogDriver.h"
+#include "tests/support/WorkerDialogDriver.h"
 #include "tests/support/ScriptedInputDialog.h"
 #include "tests/ui/LibraryFixture.h"
 #include "ui/CMainDlg.h"

@@ -3,16 +3,17 @@
 #include <QMessageBox>
 #include <QTemporaryDir>
 
+#include "playlists/CCopyDlg.h"
 #include "playlists/CopyCommands.h"
 #include "playlists/CPlayListDlg.h"
 #include "qt/dialogs/QtAboutBox.h"
-#include "qt/dialogs/QtCopyDialog.h"
 #include "qt/dialogs/QtFileInfoDialog.h"
 #include "qt/dialogs/QtInputDialog.h"
 #include "qt/dialogs/QtMessageBox.h"
 #include "qt/dialogs/QtOptionsDialog.h"
-#include "qt/dialogs/QtScanDialog.h"
 #include "qt/dialogs/QtVolumeInfoDialog.h"
+#include "qt/dialogs/QtWorkerDialog.h"
+#include "scan/CScanDlg.h"
 #include "scan/ScanCommands.h"
 #include "tools/screenshots/Shots.h"
 #include "dialogs/CFileInfoDlg.h"
@@ -58,14 +59,14 @@ std::unique_ptr<QWidget> Input() {
 }
 
 std::unique_ptr<QWidget> Scan() {
-  auto dialog = std::make_unique<QtScanDialog>();
+  auto dialog = std::make_unique<QtWorkerDialog>(CScanDlg::kCaption);
   dialog->SetStatusText("C:\\Music\\The Quiet Owls\\Low Tide\\");
   dialog->SetProgressPos(40);
   return dialog;
 }
 
 std::unique_ptr<QWidget> Copy() {
-  auto dialog = std::make_unique<QtCopyDialog>();
+  auto dialog = std::make_unique<QtWorkerDialog>(CCopyDlg::kCaption);
   dialog->SetStatusText("E:\\Low Tide\\03 Night Harbour.mp3");
   dialog->SetProgressPos(66);
   return dialog;

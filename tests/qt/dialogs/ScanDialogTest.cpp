@@ -6,8 +6,8 @@
 #include <optional>
 
 #include "qt/dialogs/QtMessageBox.h"
-#include "qt/dialogs/QtScanDialog.h"
-#include "qt/dialogs/QtScanDialogHost.h"
+#include "qt/dialogs/QtWorkerDialog.h"
+#include "qt/dialogs/QtWorkerDialogHost.h"
 #include "tests/qt/dialogs/WhenShown.h"
 #include "tests/scan/ScanFixture.h"
 
@@ -22,13 +22,13 @@ class QtScanDialogTest : public ScanTest {
     host.RunScanDialog(scanner);
   }
 
-  QtScanDialogHost host;
+  QtWorkerDialogHost host;
 };
 
 TEST_F(QtScanDialogTest, ARealScanShowsItsLastFileAndEndsWithScanComplete) {
   QString statusAtEnd;
   messages.OnShow([&](const testing_support::ShownMessage&) {
-    if (auto* dialog = VisibleWindow<QtScanDialog>()) statusAtEnd = dialog->findChild<QLabel*>()->text();
+    if (auto* dialog = VisibleWindow<QtWorkerDialog>()) statusAtEnd = dialog->findChild<QLabel*>()->text();
   });
   ScanMusic();
   EXPECT_EQ(messages.Texts(), std::vector<std::string>{"Scan Complete."});
@@ -45,7 +45,7 @@ TEST_F(QtScanDialogTest, CancelKeepsTheDialogUpUntilTheWorkerEndsAndItsBoxesAreA
     while (!scanner.Progress().cancel) std::this_thread::sleep_for(std::chrono::milliseconds(1));
     workerAnswer = workerBoxes.Show("Go on?", platform::Buttons::OkCancel, platform::Icon::Warning);
   };
-  WhenShown<QtScanDialog>([&](QtScanDialog& dialog) {
+  WhenShown<QtWorkerDialog>([&](QtWorkerDialog& dialog) {
     ASSERT_TRUE(QTest::qWaitFor([&] { return reading.load(); }, 10000));
     QTest::mouseClick(ButtonSaying(dialog, "Cancel"), Qt::LeftButton);
     WhenShown<QMessageBox>([&dialog](QMessageBox& box) {

@@ -1,4 +1,4 @@
-#include "qt/dialogs/QtProgressDialog.h"
+#include "qt/dialogs/QtWorkerDialog.h"
 
 #include <QEventLoop>
 #include <QLabel>
@@ -13,7 +13,7 @@
 
 // The template: 224 x 62 dialog units; the status line 210 x 14 at the top,
 // the bar 205 x 10 under it, the 50 x 14 "Cancel" centred at the bottom.
-QtProgressDialog::QtProgressDialog(const char* caption, QWidget* parent)
+QtWorkerDialog::QtWorkerDialog(const char* caption, QWidget* parent)
     : QDialog(parent),
       status_(new QLabel(this)),
       bar_(new QProgressBar(this)),
@@ -29,12 +29,12 @@ QtProgressDialog::QtProgressDialog(const char* caption, QWidget* parent)
   bar_->setValue(0);
   bar_->setTextVisible(false);
   bar_->setFixedHeight(DialogUnitsY(*this, 10));
-  connect(cancel_, &QPushButton::clicked, this, &QtProgressDialog::reject);
+  connect(cancel_, &QPushButton::clicked, this, &QtWorkerDialog::reject);
   connect(ticks_, &QTimer::timeout, this, [this] {
-    if (hooks_.tick) hooks_.tick(timerId_);
+    if (logic_) logic_->OnTimer(timerId_);
   });
   connect(waiting_, &QTimer::timeout, this, [this] {
-    if (hooks_.workerBusy()) return;
+    if (logic_->WorkerBusy()) return;
     waiting_->stop();
     done(result());
   });
@@ -48,64 +48,64 @@ QtProgressDialog::QtProgressDialog(const char* caption, QWidget* parent)
   setFixedSize(DialogUnits(*this, 224, 62).expandedTo(sizeHint()));
 }
 
-int QtProgressDialog::Run(Hooks hooks) {
-  hooks_ = std::move(hooks);
+int QtWorkerDialog::Run(CWorkerDlg& logic) {
+  logic_ = &logic;
   cancel_->setEnabled(true);
-  hooks_.start();
+  logic.OnInitDialog();
   const int result = exec();
   // The run may have ended without the logic (its parent closing, say): the
   // worker is still stopped and waited for.
-  hooks_.stopWorker();
+  logic.StopWorker();
   WaitForWorker();
-  hooks_.finish();
-  StopTicking();
+  logic.OnDestroy();
+  ticks_->stop();
   waiting_->stop();
-  hooks_ = {};
+  logic_ = nullptr;
   return result;
 }
 
-void QtProgressDialog::SetStatus(const std::string& text) {
+void QtWorkerDialog::SetStatusText(const std::string& text) {
   const QString full = ToQString(text);
   status_->setToolTip(full);
   const int width = status_->isVisible() ? status_->width() : DialogUnitsX(*this, 210);
   status_->setText(status_->fontMetrics().elidedText(full, Qt::ElideMiddle, width));
 }
 
-void QtProgressDialog::SetPosition(int position) { bar_->setValue(position); }
+void QtWorkerDialog::SetProgressPos(int position) { bar_->setValue(position); }
 
-void QtProgressDialog::StartTicking(int timerId, int periodMs) {
-  timerId_ = timerId;
+void QtWorkerDialog::StartTimer(int id, int periodMs) {
+  timerId_ = id;
   ticks_->start(periodMs);
 }
 
-void QtProgressDialog::StopTicking() { ticks_->stop(); }
+void QtWorkerDialog::StopTimer(int) { ticks_->stop(); }
 
-void QtProgressDialog::End(int result) {
+void QtWorkerDialog::EndDialog(int result) {
   cancel_->setEnabled(false);
-  if (!hooks_.workerBusy || !hooks_.workerBusy()) {
+  if (!logic_ || !logic_->WorkerBusy()) {
     done(result);
     return;
   }
   // The window stays, as the logic's own wait would keep it, but the event
   // loop keeps turning.
-  hooks_.stopWorker();
+  logic_->StopWorker();
   setResult(result);
   waiting_->start(kWaitPollMs);
 }
 
-void QtProgressDialog::reject() {
-  if (hooks_.cancel)
-    hooks_.cancel();
+void QtWorkerDialog::reject() {
+  if (logic_)
+    logic_->OnCancel();
   else
     QDialog::reject();
 }
 
-void QtProgressDialog::WaitForWorker() {
-  if (!hooks_.workerBusy()) return;
+void QtWorkerDialog::WaitForWorker() {
+  if (!logic_->WorkerBusy()) return;
   QEventLoop loop;
   QTimer poll;
   connect(&poll, &QTimer::timeout, &loop, [&] {
-    if (!hooks_.workerBusy()) loop.quit();
+    if (!logic_->WorkerBusy()) loop.quit();
   });
   poll.start(kWaitPollMs);
   // Input waits until the worker is gone; the worker's boxes open their own loops.

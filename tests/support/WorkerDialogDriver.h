@@ -1,0 +1,78 @@
+#pragma once
+// Runs the worker dialogs' logic the way a front end does, with controls that
+// record what they were shown and a timer ticked by hand (faster than a
+// person's 500 ms) until the dialog ends.
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "base/CWorkerDlg.h"
+#include "playlists/CCopyDlg.h"
+#include "scan/CScanDlg.h"
+#include "scan/ScanCommands.h"
+
+namespace testing_support {
+
+class WorkerDialogDriver : public WorkerDialogView {
+ public:
+  explicit WorkerDialogDriver(platform::MessageBox& messages) : messages_(messages) {}
+
+  std::function<void(CWorkerDlg&, int tick)> beforeTick;  // may press Cancel
+  // What the last run showed.
+  std::vector<std::string> statusTexts;
+  std::vector<int> positions;
+  int timerRunning = 0;  // the running timer's id
+  int timerPeriodMs = 0;
+  int endedWith = -1;
+  int runs = 0;
+
+  void SetStatusText(const std::string& text) override { statusTexts.push_back(text); }
+  void SetProgressPos(int position) override { positions.push_back(position); }
+  void StartTimer(int id, int periodMs) override {
+    timerRunning = id;
+    timerPeriodMs = periodMs;
+  }
+  void StopTimer(int) override { timerRunning = 0; }
+  void EndDialog(int result) override { endedWith = result; }
+
+ protected:
+  void Drive(CWorkerDlg& dialog) {
+    ++runs;
+    statusTexts.clear();
+    positions.clear();
+    endedWith = -1;
+    dialog.OnInitDialog();
+    for (int tick = 0; endedWith == -1; ++tick) {
+      if (beforeTick) beforeTick(dialog, tick);
+      if (endedWith != -1) break;
+      std::this_thread::sleep_for(std::chrono::milliseconds(2));
+      dialog.OnTimer(dialog.TimerId());
+    }
+    dialog.OnDestroy();
+  }
+
+  platform::MessageBox& messages_;
+};
+
+class ScanDialogDriver : public ScanDialogHost, public WorkerDialogDriver {
+ public:
+  using WorkerDialogDriver::WorkerDialogDriver;
+  void RunScanDialog(CVolumeScanner& scanner) override {
+    CScanDlg dialog(scanner, messages_, *this);
+    Drive(dialog);
+  }
+};
+
+class CopyDialogDriver : public CopyDialogHost, public WorkerDialogDriver {
+ public:
+  using WorkerDialogDriver::WorkerDialogDriver;
+  void RunCopyDialog(CopyWorker& worker, const IdList& fileIds) override {
+    CCopyDlg dialog(worker, fileIds, messages_, *this);
+    Drive(dialog);
+  }
+};
+
+}  // namespace testing_support
