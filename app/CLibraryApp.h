@@ -7,7 +7,6 @@
 #include <memory>
 #include <string>
 
-#include "settings/CAppSettings.h"
 #include "catalogue/MediaDB.h"
 #include "platform/CatalogueLock.h"
 #include "playback/CMciPlayer.h"
@@ -15,6 +14,7 @@
 #include "playlists/CPlayListModel.h"
 #include "scan/CDriveServices.h"
 #include "scan/CVolumeScanner.h"
+#include "settings/CAppSettings.h"
 #include "tags/CTagReader.h"
 #include "ui/CLibraryTree.h"
 #include "ui/CMediaList.h"

@@ -194,7 +194,7 @@ void RunSize(const std::string& folder, const std::string& fixtures, SizeResult&
   MediaDB db;
   CVolumeScanner scanner(db, drives, reader, messages);
   const auto scan = [&] {
-    scanner.Prepare(3, bench::BenchLibrary::kScanRoot);
+    scanner.Prepare(platform::kDriveFixed, bench::BenchLibrary::kScanRoot);
     scanner.Run();
   };
   Measure(result, kFresh, n, [&] {

@@ -21,6 +21,8 @@
 
 #include "app/CLibraryApp.h"
 #include "catalogue/CppSQLite3SqlText.h"
+#include "dialogs/CFileInfoDlg.h"
+#include "dialogs/CVolumeInfoDlg.h"
 #include "platform/FolderPicker.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
@@ -29,8 +31,6 @@
 #include "platform/MemoryTreeControl.h"
 #include "platform/MessageBox.h"
 #include "scan/ScanCommands.h"
-#include "dialogs/CFileInfoDlg.h"
-#include "dialogs/CVolumeInfoDlg.h"
 #include "ui/QuickSearch.h"
 
 namespace fs = std::filesystem;

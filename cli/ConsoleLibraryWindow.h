@@ -10,15 +10,15 @@
 #include <functional>
 #include <string>
 
-#include "cli/ConsoleProgressDialog.h"
 #include "catalogue/Records.h"
+#include "cli/ConsoleProgressDialog.h"
 #include "cli/NoFolderPicker.h"
+#include "dialogs/CFileInfoDlg.h"
+#include "dialogs/CVolumeInfoDlg.h"
 #include "platform/MemoryListControl.h"
 #include "platform/MemoryTreeControl.h"
 #include "platform/PopupMenu.h"
 #include "scan/ScanCommands.h"
-#include "dialogs/CFileInfoDlg.h"
-#include "dialogs/CVolumeInfoDlg.h"
 
 class CLibraryApp;
 

@@ -8,9 +8,9 @@
 
 #include "catalogue/MediaDB.h"
 #include "cli/ConsoleProgressDialog.h"
-#include "platform/MemoryListControl.h"
 #include "platform/FolderPicker.h"
 #include "platform/InputDialog.h"
+#include "platform/MemoryListControl.h"
 #include "playlists/CPlayListDlg.h"
 #include "playlists/CopyCommands.h"
 

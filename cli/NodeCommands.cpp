@@ -7,8 +7,8 @@
 #include "app/CLibraryApp.h"
 #include "cli/ConsoleProgressDialog.h"
 #include "cli/NoFolderPicker.h"
-#include "scan/ScanCommands.h"
 #include "dialogs/CVolumeInfoDlg.h"
+#include "scan/ScanCommands.h"
 #include "ui/LibraryCommands.h"
 
 namespace {

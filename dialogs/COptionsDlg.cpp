@@ -1,9 +1,9 @@
 #include "dialogs/COptionsDlg.h"
 
-#include "settings/CAppSettings.h"
+#include "dialogs/CFolderDialog.h"
 #include "platform/DriveTable.h"
 #include "scan/CDriveServices.h"
-#include "dialogs/CFolderDialog.h"
+#include "settings/CAppSettings.h"
 
 COptionsDlg::COptionsDlg(CAppSettings& settings, const CDriveServices& drives,
                          platform::FolderPicker& picker, OptionsView& view)

@@ -1,12 +1,12 @@
 #include "playback/CPlaybackControl.h"
 
-#include "settings/CAppSettings.h"
 #include "catalogue/MediaDB.h"
 #include "platform/DriveTable.h"
 #include "platform/MessageBox.h"
 #include "playback/CMciPlayer.h"
 #include "scan/CDriveServices.h"
 #include "scan/Paths.h"
+#include "settings/CAppSettings.h"
 
 CPlaybackControl::CPlaybackControl(MediaDB& db, const CDriveServices& drives,
                                    const CAppSettings& settings, CMciPlayer& player)

@@ -1,12 +1,12 @@
 #include "playlists/CPlayListDlg.h"
 
-#include "settings/CAppSettings.h"
+#include "dialogs/CFolderDialog.h"
+#include "dialogs/CInputDlg.h"
 #include "playback/CPlaybackControl.h"
 #include "playlists/CPlayListModel.h"
 #include "playlists/CopyCommands.h"
 #include "playlists/CopySummary.h"
-#include "dialogs/CFolderDialog.h"
-#include "dialogs/CInputDlg.h"
+#include "settings/CAppSettings.h"
 
 CPlayListDlg::CPlayListDlg(PlayListWindowParts parts, PlayListView& view)
     : parts_(parts), view_(view) {}

@@ -1,12 +1,12 @@
 #include "playlists/CopyCommands.h"
 
-#include "settings/CAppSettings.h"
 #include "platform/MessageBox.h"
 #include "playlists/CCopyDlg.h"
 #include "playlists/CPlayListModel.h"
 #include "playlists/CopyWorker.h"
 #include "scan/CDriveServices.h"
 #include "scan/Paths.h"
+#include "settings/CAppSettings.h"
 
 CopyCommands::CopyCommands(CPlayListModel& model, MediaDB& db, const CDriveServices& drives,
                            const CAppSettings& settings, CopyDialogHost& dialogs)

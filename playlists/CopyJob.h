@@ -10,8 +10,8 @@
 
 #include <string>
 
-#include "playlists/CopySummary.h"
 #include "base/WorkerProgress.h"
+#include "playlists/CopySummary.h"
 
 struct CopyJob {
   std::string target;

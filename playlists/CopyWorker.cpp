@@ -1,11 +1,11 @@
 #include "playlists/CopyWorker.h"
 
+#include "base/MessageText.h"
 #include "platform/DriveTable.h"
 #include "platform/FileSystem.h"
 #include "playlists/CopyJob.h"
 #include "playlists/FileIds.h"
 #include "scan/CDriveServices.h"
-#include "base/MessageText.h"
 #include "scan/Paths.h"
 
 namespace {

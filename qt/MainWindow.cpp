@@ -12,13 +12,13 @@
 
 #include "app/CLibraryApp.h"
 #include "playlists/CopyCommands.h"
-#include "qt/dialogs/QtText.h"
 #include "qt/PlayListWindow.h"
 #include "qt/PlaybackIcons.h"
 #include "qt/QtListControl.h"
 #include "qt/QtPopupMenu.h"
 #include "qt/QtTreeControl.h"
 #include "qt/WindowGeometry.h"
+#include "qt/dialogs/QtText.h"
 #include "scan/ScanCommands.h"
 #include "ui/CMainDlg.h"
 

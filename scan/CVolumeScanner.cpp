@@ -2,10 +2,10 @@
 
 #include <thread>
 
+#include "base/MessageText.h"
 #include "catalogue/MediaDB.h"
 #include "platform/FileSystem.h"
 #include "scan/CDriveServices.h"
-#include "base/MessageText.h"
 #include "scan/OffLimitsFolders.h"
 
 namespace {

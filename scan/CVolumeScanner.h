@@ -6,10 +6,10 @@
 #include <chrono>
 #include <string>
 
+#include "base/WorkerProgress.h"
 #include "scan/DiscoveryScan.h"
 #include "scan/ScanReport.h"
 #include "scan/TagScan.h"
-#include "base/WorkerProgress.h"
 
 class CDriveServices;
 class MediaDB;

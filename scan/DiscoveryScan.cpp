@@ -2,14 +2,14 @@
 
 #include <fnmatch.h>
 
+#include "base/MessageText.h"
+#include "base/WorkerProgress.h"
 #include "catalogue/MediaDB.h"
 #include "platform/FileSystem.h"
 #include "platform/LinuxPaths.h"
 #include "scan/CDriveServices.h"
-#include "base/MessageText.h"
 #include "scan/Paths.h"
 #include "scan/ScanReport.h"
-#include "base/WorkerProgress.h"
 
 DiscoveryScan::DiscoveryScan(MediaDB& db, CDriveServices& drives, WorkerProgress& progress,
                              ScanReport& report)

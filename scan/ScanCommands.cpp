@@ -1,13 +1,14 @@
 #include "scan/ScanCommands.h"
 
-#include "settings/CAppSettings.h"
+#include "base/MessageText.h"
+#include "platform/DriveTable.h"
 #include "platform/FileSystem.h"
 #include "platform/FolderPicker.h"
 #include "platform/MessageBox.h"
 #include "scan/CDriveServices.h"
 #include "scan/CVolumeScanner.h"
-#include "base/MessageText.h"
 #include "scan/Paths.h"
+#include "settings/CAppSettings.h"
 
 ScanCommands::ScanCommands(CVolumeScanner& scanner, CDriveServices& drives, CAppSettings& settings,
                            platform::FolderPicker& picker, ScanDialogHost& dialogs)
@@ -36,7 +37,7 @@ void ScanCommands::AddCd() {
                                 platform::Icon::Information) == platform::Answer::Cancel)
       return;
   }
-  ScanVolume(5, drive + ":\\");
+  ScanVolume(platform::kDriveCdRom, drive + ":\\");
 }
 
 void ScanCommands::AddHd() {
@@ -51,6 +52,6 @@ void ScanCommands::AddHd() {
 
 void ScanCommands::AddFolder(const std::string& drivePath) {
   const std::string folder = CanonicalFolder(drivePath);
-  ScanVolume(3, folder);
+  ScanVolume(platform::kDriveFixed, folder);
   settings_.lastAddedFolder = folder;
 }

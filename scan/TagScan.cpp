@@ -2,13 +2,13 @@
 
 #include <cstdlib>
 
+#include "base/WorkerProgress.h"
 #include "catalogue/MediaDB.h"
 #include "catalogue/Records.h"
 #include "platform/MessageBox.h"
 #include "scan/Paths.h"
 #include "scan/TagReadAhead.h"
 #include "scan/VolumeIndex.h"
-#include "base/WorkerProgress.h"
 #include "tags/TagReader.h"
 
 namespace {

@@ -3,9 +3,9 @@
 #include <span>
 #include <unordered_map>
 
+#include "base/MessageText.h"
 #include "catalogue/MediaDB.h"
 #include "platform/DriveTable.h"
-#include "base/MessageText.h"
 #include "scan/ScanCommands.h"
 #include "ui/CMediaList.h"
 #include "ui/LibraryCommands.h"

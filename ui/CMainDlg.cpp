@@ -1,9 +1,9 @@
 #include "ui/CMainDlg.h"
 
-#include "settings/CAppSettings.h"
+#include "dialogs/COptionsDlg.h"
 #include "playback/CPlaybackControl.h"
 #include "scan/ScanCommands.h"
-#include "dialogs/COptionsDlg.h"
+#include "settings/CAppSettings.h"
 #include "ui/QuickSearch.h"
 
 namespace {

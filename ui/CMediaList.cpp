@@ -4,16 +4,16 @@
 #include <cstdio>
 
 #include "base/LengthText.h"
+#include "base/MessageText.h"
+#include "dialogs/CFileInfoDlg.h"
+#include "platform/DriveTable.h"
 #include "platform/ListControl.h"
 #include "playlists/CPlayListModel.h"
 #include "playlists/FileIds.h"
-#include "base/MessageText.h"
-#include "dialogs/CFileInfoDlg.h"
 
 namespace {
 
 constexpr int kRatingWidth = 10;
-constexpr int kCdVolume = 5;
 
 const std::string& UserOrTag(const std::string& user, const std::string& tag) {
   return user.empty() ? tag : user;
@@ -28,7 +28,7 @@ std::string RatingText(int rating) {
 std::string LengthText(int seconds) { return MinutesAndSeconds(seconds, 2); }
 
 std::string VolumeText(const MediaListRow& row) {
-  return row.VolType == kCdVolume ? row.DisplayName : FillMessage("[drive %s:]", {row.DrvLtr});
+  return row.VolType == platform::kDriveCdRom ? row.DisplayName : FillMessage("[drive %s:]", {row.DrvLtr});
 }
 
 MediaListRow ListRowOf(const CMediaFile& file, const CMediaVolume* volume) {

@@ -3,15 +3,15 @@
 #include <string>
 #include <vector>
 
-#include "settings/CAppSettings.h"
+#include "base/MessageText.h"
 #include "catalogue/MediaDB.h"
+#include "dialogs/CVolumeInfoDlg.h"
 #include "platform/DriveTable.h"
 #include "platform/MessageBox.h"
 #include "scan/CDriveServices.h"
-#include "base/MessageText.h"
 #include "scan/Paths.h"
 #include "scan/ScanCommands.h"
-#include "dialogs/CVolumeInfoDlg.h"
+#include "settings/CAppSettings.h"
 
 LibraryCommands::LibraryCommands(MediaDB& db, const CAppSettings& settings,
                                  const CDriveServices& drives)

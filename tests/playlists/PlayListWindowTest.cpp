@@ -2,9 +2,9 @@
 #include "playlists/CPlayListDlg.h"
 #include "playlists/CopyCommands.h"
 #include "tests/playlists/PlayListFixture.h"
-#include "tests/support/WorkerDialogDriver.h"
 #include "tests/support/ScriptedFolderPicker.h"
 #include "tests/support/ScriptedInputDialog.h"
+#include "tests/support/WorkerDialogDriver.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "settings/CAppSettings.h"
 #include "platform/FolderPicker.h"
 #include "scan/ScanCommands.h"
+#include "settings/CAppSettings.h"
 #include "tests/scan/ScanFixture.h"
 #include "tests/support/WorkerDialogDriver.h"
 

@@ -5,10 +5,10 @@
 #include <csignal>
 #include <filesystem>
 
-#include "scan/DiscoveryScan.h"
 #include "base/MessageText.h"
-#include "scan/ScanReport.h"
 #include "base/WorkerProgress.h"
+#include "scan/DiscoveryScan.h"
+#include "scan/ScanReport.h"
 #include "tests/scan/ScanFixture.h"
 #include "tests/support/PermissionsHold.h"
 

@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/PopupMenu.h"
 #include "dialogs/CFileInfoDlg.h"
 #include "dialogs/COptionsDlg.h"
 #include "dialogs/CVolumeInfoDlg.h"
+#include "platform/PopupMenu.h"
 
 namespace testing_support {
 

@@ -1,18 +1,18 @@
 #include <gtest/gtest.h>
 
-#include "settings/CAppSettings.h"
 #include "catalogue/MediaDB.h"
+#include "dialogs/CFolderDialog.h"
+#include "dialogs/CInputDlg.h"
+#include "dialogs/COptionsDlg.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
 #include "scan/CDriveServices.h"
+#include "settings/CAppSettings.h"
 #include "tests/support/ScriptedFolderPicker.h"
 #include "tests/support/ScriptedInputDialog.h"
 #include "tests/support/ScriptedMessageBox.h"
 #include "tests/support/ScriptedViews.h"
 #include "tests/support/TempFolder.h"
-#include "dialogs/CFolderDialog.h"
-#include "dialogs/CInputDlg.h"
-#include "dialogs/COptionsDlg.h"
 
 namespace {
 

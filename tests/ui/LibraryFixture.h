@@ -18,11 +18,11 @@
 #include "scan/Paths.h"
 #include "scan/ScanCommands.h"
 #include "tests/support/RecordingMediaControl.h"
-#include "tests/support/WorkerDialogDriver.h"
 #include "tests/support/ScriptedFolderPicker.h"
 #include "tests/support/ScriptedMessageBox.h"
 #include "tests/support/ScriptedViews.h"
 #include "tests/support/TempFolder.h"
+#include "tests/support/WorkerDialogDriver.h"
 
 class RecordingScanHost : public testing_support::ScanDialogDriver {
  public:

@@ -1,6 +1,6 @@
 #include "playlists/CopyCommands.h"
-#include "tests/support/WorkerDialogDriver.h"
 #include "tests/support/ScriptedInputDialog.h"
+#include "tests/support/WorkerDialogDriver.h"
 #include "tests/ui/LibraryFixture.h"
 #include "ui/CMainDlg.h"
 

@@ -3,9 +3,10 @@
 #include <QMessageBox>
 #include <QTemporaryDir>
 
+#include "dialogs/CFileInfoDlg.h"
 #include "playlists/CCopyDlg.h"
-#include "playlists/CopyCommands.h"
 #include "playlists/CPlayListDlg.h"
+#include "playlists/CopyCommands.h"
 #include "qt/dialogs/QtAboutBox.h"
 #include "qt/dialogs/QtFileInfoDialog.h"
 #include "qt/dialogs/QtInputDialog.h"
@@ -16,7 +17,6 @@
 #include "scan/CScanDlg.h"
 #include "scan/ScanCommands.h"
 #include "tools/screenshots/Shots.h"
-#include "dialogs/CFileInfoDlg.h"
 
 namespace {
 

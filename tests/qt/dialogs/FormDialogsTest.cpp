@@ -9,13 +9,13 @@
 #include <QRegularExpression>
 #include <QTest>
 
+#include "dialogs/CInputDlg.h"
 #include "qt/dialogs/QtAboutBox.h"
 #include "qt/dialogs/QtFileInfoDialog.h"
 #include "qt/dialogs/QtInputDialog.h"
 #include "qt/dialogs/QtOptionsDialog.h"
 #include "qt/dialogs/QtVolumeInfoDialog.h"
 #include "tests/qt/dialogs/WhenShown.h"
-#include "dialogs/CInputDlg.h"
 
 namespace {
 
