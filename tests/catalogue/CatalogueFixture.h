@@ -4,13 +4,10 @@
 #include <gtest/gtest.h>
 
 #include "catalogue/MediaDB.h"
-#include "platform/LinuxDriveTable.h"
-#include "platform/LinuxFileSystem.h"
 #include "tests/support/TempFolder.h"
 
 class CatalogueTest : public ::testing::Test {
  protected:
-  CatalogueTest() : drives(folder.Path()), files(drives) {}
   void SetUp() override { ASSERT_EQ(db.Open(folder.Path() + "/"), 1); }
 
   int AddVolume(const std::string& serial, int type, const std::string& name = "Disc") {
@@ -39,7 +36,5 @@ class CatalogueTest : public ::testing::Test {
   }
 
   testing_support::TempFolder folder;
-  platform::LinuxDriveTable drives;
-  platform::LinuxFileSystem files;
   MediaDB db;
 };

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <filesystem>
 
 #include "platform/LinuxDriveTable.h"
@@ -43,20 +42,6 @@ TEST(DriveLinks, CreateDefaultIfMissingLeavesAnExistingTableAlone) {
   ASSERT_EQ(links.size(), 1u);
   EXPECT_EQ(links[0].letter, 'Q');
   EXPECT_EQ(links[0].target, "/srv");
-}
-
-TEST(DriveLinks, CreateDefaultIfMissingLinksHomeAndTheFileSystemRoot) {
-  TempFolder program;
-  ASSERT_TRUE(LinuxDriveTable::CreateDefaultIfMissing(program.Path() + "/"));
-  LinuxDriveTable table(program.Path());
-
-  const char* home = std::getenv("HOME");
-  if (home && *home) {
-    EXPECT_EQ(ReadDriveLink(program.Path() + "/drives", 'C')->target, home);
-  }
-  EXPECT_EQ(table.RootFolder('Z'), "/");
-  EXPECT_EQ(table.Type('Z'), kDriveFixed);
-  EXPECT_EQ(table.Letters().back(), 'Z');
 }
 
 }  // namespace

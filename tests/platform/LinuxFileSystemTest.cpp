@@ -14,9 +14,7 @@
 
 #include "platform/DrivePaths.h"
 #include "platform/LinuxDriveTable.h"
-#include "platform/ProgramFolder.h"
 #include "tests/platform/ScopedTmpfs.h"
-#include "tests/support/PermissionsHold.h"
 #include "tests/support/TempFolder.h"
 
 namespace fs = std::filesystem;
@@ -118,20 +116,6 @@ TEST_F(LinuxFileSystemTest, ListMatchesPatternsWithoutRegardToCaseAndTellsWhatEa
   EXPECT_FALSE(files.AnyFileMatches("C:\\Only folders", "*.flac"));
 }
 
-TEST_F(LinuxFileSystemTest, AFolderThatCannotBeListedIsNeverTakenForAnEmptyOne) {
-  tmp.MakeFolder("c/Empty");
-  tmp.WriteFile("c/Locked/a.mp3", "x");
-  tmp.WriteFile("c/file.mp3", "x");
-  fs::permissions(root + "/Locked", fs::perms::none);
-  EXPECT_EQ(files.List("C:\\Empty", "*.*").status, ListingStatus::Listed);
-  EXPECT_EQ(files.List("C:\\Missing", "*.*").status, ListingStatus::Missing);
-  EXPECT_EQ(files.List("C:\\file.mp3", "*.*").status, ListingStatus::Missing);
-  EXPECT_EQ(files.List("Q:\\", "*.*").status, ListingStatus::Missing);
-  const bool held = testing_support::RunWherePermissionsHold(
-      root + "/Locked", [&] { EXPECT_EQ(files.List("C:\\Locked", "*.*").status, ListingStatus::Unreadable); });
-  if (!held) GTEST_SKIP() << "permission bits do not stop this process";
-}
-
 TEST_F(LinuxFileSystemTest, EntriesWhosePathsAreTooLongToOpenAreSetApart) {
   // A folder whose path leaves room for a short name but not for a long one,
   // which can only be made relative to the folder.
@@ -151,24 +135,6 @@ TEST_F(LinuxFileSystemTest, EntriesWhosePathsAreTooLongToOpenAreSetApart) {
   EXPECT_TRUE(listing.tooLong[0].IsFile());
   unlinkat(folderFd, longName.c_str(), 0);
   close(folderFd);
-}
-
-TEST_F(LinuxFileSystemTest, IdentityIsTheFolderWhicheverPathReachesIt) {
-  tmp.MakeFolder("c/Music/Loop");
-  fs::create_directory_symlink(root + "/Music", root + "/Music/Loop/back");
-  EXPECT_EQ(files.Identity("C:\\Music\\Loop\\back"), files.Identity("C:\\music"));
-  EXPECT_NE(files.Identity("C:\\Music\\Loop"), files.Identity("C:\\Music"));
-  EXPECT_FALSE(files.Identity("C:\\Missing"));
-}
-
-TEST_F(LinuxFileSystemTest, FoldersAreCreatedAndRemoved) {
-  EXPECT_TRUE(files.CreateFolder("C:\\Cache"));
-  EXPECT_TRUE(files.CreateFolder("C:\\cache"));
-  EXPECT_TRUE(files.Exists("C:\\CACHE\\"));
-  tmp.WriteFile("c/file", "x");
-  EXPECT_FALSE(files.CreateFolder("C:\\file"));
-  EXPECT_TRUE(files.Remove("C:\\FILE"));
-  EXPECT_FALSE(files.Exists("C:\\file"));
 }
 
 TEST_F(LinuxFileSystemTest, CopyIsWritableAndNeverReplacesOrFollowsWhatIsThere) {
@@ -252,12 +218,6 @@ TEST_F(LinuxFileSystemTest, LeftoversOfAKilledCopyAndLongNamesDoNotStopACopy) {
   const std::string longest = std::string(251, 'l') + ".mp3";
   EXPECT_EQ(files.CopyNoOverwrite("C:\\in.mp3", "C:\\Out\\" + longest), CopyResult::Copied());
   EXPECT_EQ(Content(root + "/Out/" + longest), "new");
-}
-
-TEST(ProgramFolder, IsTheFolderOfTheRunningProgram) {
-  std::string folder = ProgramFolder();
-  ASSERT_TRUE(folder.ends_with('/'));
-  EXPECT_EQ(fs::canonical(folder), fs::canonical(VANTRELLE_BIN_DIR));
 }
 
 }  // namespace

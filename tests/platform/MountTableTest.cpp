@@ -14,7 +14,7 @@ constexpr const char* kMountInfo =
     "43 27 0:40 / /media/My\\040Disk/inner rw - tmpfs other rw\n"
     "this line does not parse\n";
 
-TEST(MountTable, ParsesFieldsAroundOptionalOnesAndUnescapesPaths) {
+TEST(MountTable, ParsesFieldsAndFindsTheMountOfAPathAndOfADevice) {
   std::vector<Mount> mounts = ParseMountInfo(kMountInfo);
   ASSERT_EQ(mounts.size(), 5u);
   EXPECT_EQ(mounts[1].device, makedev(8, 17));
@@ -22,10 +22,7 @@ TEST(MountTable, ParsesFieldsAroundOptionalOnesAndUnescapesPaths) {
   EXPECT_EQ(mounts[2].mountPoint, "/media/My Disk");
   EXPECT_EQ(mounts[2].type, "vfat");
   EXPECT_EQ(mounts[2].source, "/dev/sdb1");
-}
 
-TEST(MountTable, FindsTheMountHoldingAPathAndTheMountOfADevice) {
-  std::vector<Mount> mounts = ParseMountInfo(kMountInfo);
   EXPECT_EQ(MountHolding(mounts, "/media/My Disk/Rock")->source, "/dev/sdb1");
   EXPECT_EQ(MountHolding(mounts, "/media/My Disk")->source, "/dev/sdb1");
   EXPECT_EQ(MountHolding(mounts, "/media/My Disks")->source, "/dev/vda");

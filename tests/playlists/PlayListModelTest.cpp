@@ -25,11 +25,7 @@ TEST(SongLabel, ArtistAndTitleOrElseTheFileName) {
 using PlayListModelTest = PlayListTest;
 
 TEST_F(PlayListModelTest, RowsHoldEachFileOnceInTheOrderAdded) {
-  list.styles = 0x4;
-  app->PlayList().AttachList(list);
   app->PlayList().InsertColumns();
-  EXPECT_EQ(list.styles, 0x4u | platform::ListControl::kFullRowSelect | platform::ListControl::kGridLines);
-  EXPECT_EQ(list.headings, std::vector<std::string>{"Song/200"});
   const std::uint32_t a = AddFile("a.mp3"), b = AddFile("b.mp3"), c = AddFile("c.mp3");
   app->PlayList().AddFiles({b, 999, a, b});
   app->PlayList().AddFiles({c, a});
@@ -37,18 +33,6 @@ TEST_F(PlayListModelTest, RowsHoldEachFileOnceInTheOrderAdded) {
   EXPECT_EQ(list.RowText(1, 0), "a.mp3");
   list.Select({2, 0});
   EXPECT_EQ(app->PlayList().GetFileIds(true), (IdList{b, c}));
-}
-
-TEST_F(PlayListModelTest, EverySaveAddsARowWithTheIdsOfAllRows) {
-  const int empty = app->PlayList().SavePlayList("Empty");
-  for (std::uint32_t id : {12u, 7u, 40u}) list.AppendRow({"row"}, id);
-  list.Select({1});
-  const int first = app->PlayList().SavePlayList("It's \"mine\", 100%");
-  const int second = app->PlayList().SavePlayList("It's \"mine\", 100%");
-  EXPECT_NE(first, second);
-  EXPECT_EQ(app->Db().GetPlayList(empty)->FileIDs, "");
-  EXPECT_EQ(app->Db().GetPlayList(second)->Name, "It's \"mine\", 100%");
-  EXPECT_EQ(app->Db().GetPlayList(second)->FileIDs, "12,7,40");
 }
 
 }  // namespace

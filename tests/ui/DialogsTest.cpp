@@ -2,29 +2,17 @@
 
 #include "catalogue/MediaDB.h"
 #include "dialogs/CFolderDialog.h"
-#include "dialogs/CInputDlg.h"
 #include "dialogs/COptionsDlg.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
 #include "scan/CDriveServices.h"
 #include "settings/CAppSettings.h"
 #include "tests/support/ScriptedFolderPicker.h"
-#include "tests/support/ScriptedInputDialog.h"
 #include "tests/support/ScriptedMessageBox.h"
 #include "tests/support/ScriptedViews.h"
 #include "tests/support/TempFolder.h"
 
 namespace {
-
-TEST(InputDialog, AnEmptyOkLabelKeepsOkAndCancelKeepsTheText) {
-  testing_support::ScriptedInputDialog frontEnd;
-  frontEnd.typed = "Typed";
-  frontEnd.press = platform::InputDialog::kCancel;
-  CInputDlg dialog(frontEnd);
-  dialog.text = "Old";
-  EXPECT_EQ(dialog.DoModal(), platform::InputDialog::kCancel);
-  EXPECT_EQ(frontEnd.okLabel + " " + dialog.text, "OK Old");
-}
 
 TEST(FolderDialog, AFolderNoDriveHoldsIsNoFileSystemPath) {
   testing_support::TempFolder folder;
@@ -40,7 +28,6 @@ TEST(FolderDialog, AFolderNoDriveHoldsIsNoFileSystemPath) {
   picker.answer = platform::FolderPicker::kCancelled;
   EXPECT_EQ(CFolderDialog(picker, drives, "Select Folder").DoModal(), CFolderDialog::kCancelled);
 }
-
 
 TEST(OptionsDialog, SelectsTheCdDriveOfTheSettingsOrElseTheFirstAndOkTakesItsLetter) {
   testing_support::TempFolder folder;

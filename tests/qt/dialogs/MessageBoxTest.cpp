@@ -18,7 +18,7 @@ using platform::Answer;
 using platform::Buttons;
 using platform::Icon;
 
-TEST(QtMessageBox, AWorkersQuestionIsShownAndAnsweredOnTheUserInterfaceThread) {
+TEST(QtMessageBox, QuestionsFromAWorkerAndFromTheUserInterfaceThreadAreAnswered) {
   QtMessageBox messages;
   WhenShown<QMessageBox>([](QMessageBox& box) {
     EXPECT_EQ(box.text(), "Please insert 'Jazz' into drive E:");
@@ -36,10 +36,8 @@ TEST(QtMessageBox, AWorkersQuestionIsShownAndAnsweredOnTheUserInterfaceThread) {
   worker.join();
   ASSERT_TRUE(done);
   EXPECT_EQ(answer, Answer::Cancel);
-}
 
-TEST(QtMessageBox, RetryAndOkBoxesOnTheUserInterfaceThread) {
-  QtMessageBox messages;
+  // On the user-interface thread itself.
   WhenShown<QMessageBox>([](QMessageBox& box) {
     EXPECT_EQ(box.standardButtons(), QMessageBox::Retry | QMessageBox::Cancel);
     QTest::mouseClick(box.button(QMessageBox::Retry), Qt::LeftButton);
