@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/AsciiCase.h"
+#include "platform/FolderNames.h"
 
 namespace platform {
 namespace {
@@ -35,13 +36,12 @@ bool EntryExists(const std::string& path) {
 }
 
 std::optional<std::string> NameIgnoringCase(const std::string& folder, const std::string& name) {
-  DIR* dir = opendir(folder.c_str());
-  if (!dir) return std::nullopt;
   std::optional<std::string> found;
-  while (const dirent* entry = readdir(dir)) {
-    if (EqualIgnoringAsciiCase(name, entry->d_name) && (!found || *found > entry->d_name)) found = entry->d_name;
-  }
-  closedir(dir);
+  ForEachName(folder, [&](const dirent& entry, int) {
+    if (EqualIgnoringAsciiCase(name, entry.d_name) && (!found || *found > entry.d_name))
+      found = entry.d_name;
+    return true;
+  });
   return found;
 }
 

@@ -8,6 +8,8 @@
 #include <climits>
 #include <cstring>
 
+#include "platform/FolderNames.h"
+
 namespace platform {
 namespace {
 
@@ -20,8 +22,6 @@ std::string EscapeForFnmatch(const std::string& pattern) {
   }
   return escaped;
 }
-
-bool IsDotOrDotDot(const char* name) { return std::strcmp(name, ".") == 0 || std::strcmp(name, "..") == 0; }
 
 EntryKind KindOfMode(mode_t mode) {
   if (S_ISREG(mode)) return EntryKind::File;
@@ -79,25 +79,14 @@ class NameMatcher {
 ListingStatus ForEachMatchingEntry(const std::string& folder, const std::string& pattern,
                                    const std::function<bool(const DirEntry&, EntryFit)>& visit) {
   if (folder.empty()) return ListingStatus::Missing;
-  DIR* dir = opendir(folder.c_str());
-  if (!dir) return StatusOfFailedOpen(errno);
   const NameMatcher matcher(pattern);
   const std::size_t folderLength = LengthWithoutTrailingSlashes(folder);
-  ListingStatus status = ListingStatus::Listed;
-  for (;;) {
-    // readdir gives null both at the end and on an error; only errno tells.
-    errno = 0;
-    const dirent* entry = readdir(dir);
-    if (!entry) {
-      if (errno != 0) status = ListingStatus::Unreadable;
-      break;
-    }
-    if (IsDotOrDotDot(entry->d_name) || !matcher.Matches(entry->d_name)) continue;
-    const DirEntry found{entry->d_name, KindOf(dirfd(dir), *entry)};
-    if (!visit(found, FitOf(folderLength, entry->d_name))) break;
-  }
-  closedir(dir);
-  return status;
+  const FolderRead read = ForEachName(folder, [&](const dirent& entry, int folderFd) {
+    if (!matcher.Matches(entry.d_name)) return true;
+    return visit(DirEntry{entry.d_name, KindOf(folderFd, entry)}, FitOf(folderLength, entry.d_name));
+  });
+  if (!read.opened) return StatusOfFailedOpen(read.error);
+  return read.error == 0 ? ListingStatus::Listed : ListingStatus::Unreadable;
 }
 
 }  // namespace platform

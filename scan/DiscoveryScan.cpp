@@ -106,15 +106,24 @@ void DiscoveryScan::KeepStoredSubtree(const std::string& folder) {
   const int pathId = index_.FindPath(GetFolderPart(folder));
   if (pathId == -1) return;
   const IdList paths = db_.GetSubtreePathIds(pathId);
+  SetDirtyBits(paths, FilesOf(paths), 0);
+}
+
+IdList DiscoveryScan::FilesOf(const IdList& paths) const {
   IdList files;
-  for (std::uint32_t id : paths)
-    for (int fileId : index_.FilesOf(id)) files.push_back(fileId);
+  for (std::uint32_t pathId : paths)
+    for (int fileId : index_.FilesOf(pathId)) files.push_back(fileId);
+  return files;
+}
+
+// In the catalogue (one transaction) and in the index alike.
+void DiscoveryScan::SetDirtyBits(const IdList& paths, const IdList& files, int bit) {
   db_.Begin();
-  db_.SetPathsDirtyBit(paths, 0);
-  db_.SetFilesDirtyBit(files, 0);
+  db_.SetPathsDirtyBit(paths, bit);
+  db_.SetFilesDirtyBit(files, bit);
   db_.Commit();
-  for (std::uint32_t id : paths) index_.SetPathDirtyBit(id, 0);
-  for (std::uint32_t id : files) index_.File(id)->DirtyBit = 0;
+  for (std::uint32_t pathId : paths) index_.SetPathDirtyBit(pathId, bit);
+  for (std::uint32_t fileId : files) index_.File(fileId)->DirtyBit = bit;
 }
 
 IdList DiscoveryScan::SubtreeOf(const std::string& root, int volId) {
@@ -134,16 +143,7 @@ void DiscoveryScan::MarkSubtreeDirty(const std::string& root, int volId) {
   IdList paths{static_cast<std::uint32_t>(rootId)};
   for (int pathId : index_.PathIds())
     if (inSubtree.count(index_.Path(pathId)->ParentID)) paths.push_back(pathId);
-  IdList files;
-  for (std::uint32_t pathId : subtree)
-    for (int fileId : index_.FilesOf(pathId)) files.push_back(fileId);
-
-  db_.Begin();
-  db_.SetPathsDirtyBit(paths, 1);
-  db_.SetFilesDirtyBit(files, 1);
-  db_.Commit();
-  for (std::uint32_t pathId : paths) index_.SetPathDirtyBit(pathId, 1);
-  for (std::uint32_t fileId : files) index_.File(fileId)->DirtyBit = 1;
+  SetDirtyBits(paths, FilesOf(subtree), 1);
   (void)volId;
 }
 

@@ -68,6 +68,9 @@ class DiscoveryScan {
 
   bool HoldsAudioFiles(const std::vector<platform::DirEntry>& entries) const;
   IdList SubtreeOf(const std::string& root, int volId);
+  // The files the index holds for the folders.
+  IdList FilesOf(const IdList& paths) const;
+  void SetDirtyBits(const IdList& paths, const IdList& files, int bit);
   // False when the folder is off limits or already in the set.
   bool EnterOnce(const std::string& folder, FolderSet& entered) const;
   void NoteSkipped(const platform::Listing& listing);
