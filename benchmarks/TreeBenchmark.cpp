@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "app/CLibraryApp.h"
+#include "base/WorkerDialogHost.h"
 #include "catalogue/CppSQLite3SqlText.h"
 #include "dialogs/CFileInfoDlg.h"
 #include "dialogs/CVolumeInfoDlg.h"
@@ -55,7 +56,7 @@ class Quiet : public platform::MessageBox,
               public platform::FolderPicker,
               public VolumeInfoView,
               public FileInfoView,
-              public ScanDialogHost {
+              public WorkerDialogHost {
  public:
   platform::Answer Show(const std::string&, platform::Buttons, platform::Icon) override {
     return platform::Answer::Cancel;
@@ -66,7 +67,7 @@ class Quiet : public platform::MessageBox,
   int Browse(const std::string&, const std::string&, std::string&) override { return kCancelled; }
   int RunModal(VolumeInfoForm&) override { return kDialogCancel; }
   int RunModal(FileInfoForm&) override { return kDialogCancel; }
-  void RunScanDialog(CVolumeScanner&) override {}
+  void RunWorkerDialog(const char*, const MakeLogic&) override {}
 };
 
 // One process's worth of the program: the platform, the application object

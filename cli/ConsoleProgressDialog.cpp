@@ -17,14 +17,9 @@ void ConsoleProgressDialog::RunModal(CWorkerDlg& dialog) {
   dialog.OnDestroy();
 }
 
-void ConsoleProgressDialog::RunScanDialog(CVolumeScanner& scanner) {
-  CScanDlg dialog(scanner, messages_, *this);
-  RunModal(dialog);
-}
-
-void ConsoleProgressDialog::RunCopyDialog(CopyWorker& worker, const IdList& fileIds) {
-  CCopyDlg dialog(worker, fileIds, messages_, *this);
-  RunModal(dialog);
+void ConsoleProgressDialog::RunWorkerDialog(const char*, const MakeLogic& makeLogic) {
+  const std::unique_ptr<CWorkerDlg> dialog = makeLogic(*this, messages_);
+  RunModal(*dialog);
 }
 
 void ConsoleProgressDialog::SetStatusText(const std::string& text) { line_.SetStatus(text); }

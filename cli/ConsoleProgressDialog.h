@@ -5,24 +5,19 @@
 
 #include <cstdio>
 
+#include "base/WorkerDialogHost.h"
 #include "base/WorkerDialogView.h"
 #include "cli/ConsoleProgressLine.h"
-#include "playlists/CCopyDlg.h"
-#include "scan/CScanDlg.h"
-#include "scan/ScanCommands.h"
 
 namespace platform {
 class MessageBox;
 }
 
-class ConsoleProgressDialog : public ScanDialogHost,
-                              public CopyDialogHost,
-                              private WorkerDialogView {
+class ConsoleProgressDialog : public WorkerDialogHost, private WorkerDialogView {
  public:
   ConsoleProgressDialog(platform::MessageBox& messages, std::FILE* err, bool terminal);
 
-  void RunScanDialog(CVolumeScanner& scanner) override;
-  void RunCopyDialog(CopyWorker& worker, const IdList& fileIds) override;
+  void RunWorkerDialog(const char* caption, const MakeLogic& makeLogic) override;
 
  private:
   void SetStatusText(const std::string& text) override;

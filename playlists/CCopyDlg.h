@@ -12,13 +12,6 @@ namespace platform {
 class MessageBox;
 }
 
-// Runs the "Copying Files" dialog modally; each front end has one.
-class CopyDialogHost {
- public:
-  virtual ~CopyDialogHost() = default;
-  virtual void RunCopyDialog(CopyWorker& worker, const IdList& fileIds) = 0;
-};
-
 class CCopyDlg : public CWorkerDlg {
  public:
   static constexpr const char* kCaption = "Copying Files";

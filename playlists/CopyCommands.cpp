@@ -4,12 +4,13 @@
 #include "playlists/CCopyDlg.h"
 #include "playlists/CPlayListModel.h"
 #include "playlists/CopyWorker.h"
+#include "base/WorkerDialogHost.h"
 #include "scan/CDriveServices.h"
 #include "scan/Paths.h"
 #include "settings/CAppSettings.h"
 
 CopyCommands::CopyCommands(CPlayListModel& model, MediaDB& db, const CDriveServices& drives,
-                           const CAppSettings& settings, CopyDialogHost& dialogs)
+                           const CAppSettings& settings, WorkerDialogHost& dialogs)
     : model_(model), db_(db), drives_(drives), settings_(settings), dialogs_(dialogs) {}
 
 const CopySummary& CopyCommands::CopyFiles(const std::string& targetFolder, bool selectionOnly) {
@@ -21,7 +22,9 @@ const CopySummary& CopyCommands::CopyFiles(const std::string& targetFolder, bool
   // the modal dialog keeps them from changing while the worker runs.
   const IdList fileIds = model_.GetFileIds(selectionOnly);
   CopyWorker worker(db_, drives_, settings_.cdDrive, job);
-  dialogs_.RunCopyDialog(worker, fileIds);
+  dialogs_.RunWorkerDialog(CCopyDlg::kCaption, [&](WorkerDialogView& view, platform::MessageBox& messages) {
+    return std::make_unique<CCopyDlg>(worker, fileIds, messages, view);
+  });
   return job.summary;
 }
 

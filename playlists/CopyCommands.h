@@ -8,16 +8,16 @@
 class CAppSettings;
 class CDriveServices;
 class CPlayListModel;
-class CopyDialogHost;
 class CopySummary;
 class MediaDB;
+class WorkerDialogHost;
 
 class CopyCommands {
  public:
   static constexpr const char* kClearCacheQuestion = "Delete all files in cache?";
 
   CopyCommands(CPlayListModel& model, MediaDB& db, const CDriveServices& drives,
-               const CAppSettings& settings, CopyDialogHost& dialogs);
+               const CAppSettings& settings, WorkerDialogHost& dialogs);
 
   // Copies all rows, or the selected ones, into the folder (a drive path);
   // returns, when the dialog has closed and the worker has ended, what the
@@ -34,5 +34,5 @@ class CopyCommands {
   MediaDB& db_;
   const CDriveServices& drives_;
   const CAppSettings& settings_;
-  CopyDialogHost& dialogs_;
+  WorkerDialogHost& dialogs_;
 };

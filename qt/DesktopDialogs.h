@@ -5,12 +5,11 @@
 
 #include <functional>
 
-class CopyDialogHost;
 class FileInfoView;
 class OptionsView;
 class QWidget;
-class ScanDialogHost;
 class VolumeInfoView;
+class WorkerDialogHost;
 
 namespace platform {
 class FolderPicker;
@@ -23,8 +22,7 @@ struct DesktopDialogs {
   FileInfoView& fileInfo;
   VolumeInfoView& volumeInfo;
   OptionsView& options;
-  ScanDialogHost& scans;
-  CopyDialogHost& copies;
+  WorkerDialogHost& workers;  // scans and copies
   // Shows the About box modally over the window.
   std::function<void(QWidget* over)> about;
 };

@@ -82,9 +82,9 @@ MainWindow::MainWindow(CLibraryApp& app, const DesktopDialogs& dialogs)
     : dialogs_(dialogs),
       menu_(std::make_unique<QtPopupMenu>(this)),
       scans_(std::make_unique<ScanCommands>(app.Scanner(), app.Drives(), app.Settings(),
-                                            dialogs.picker, dialogs.scans)),
+                                            dialogs.picker, dialogs.workers)),
       copy_(std::make_unique<CopyCommands>(app.PlayList(), app.Db(), app.Drives(), app.Settings(),
-                                           dialogs.copies)),
+                                           dialogs.workers)),
       playListWindow_(std::make_unique<PlayListWindow>()) {
   setWindowTitle(QString::fromUtf8(CLibraryApp::kTitle));
   setMouseTracking(true);  // the sizing arrow over the splitter band

@@ -16,7 +16,7 @@ struct QtDialogSet {
   explicit QtDialogSet(platform::MessageBox& messages) : workers(messages) {}
 
   DesktopDialogs Services() {
-    return {picker, input, fileInfo, volumeInfo, options, workers, workers, ShowAboutBox};
+    return {picker, input, fileInfo, volumeInfo, options, workers, ShowAboutBox};
   }
   void SetParent(QWidget* window) {
     picker.SetParent(window);

@@ -1,17 +1,19 @@
 #include "scan/ScanCommands.h"
 
 #include "base/MessageText.h"
+#include "base/WorkerDialogHost.h"
 #include "platform/DriveTable.h"
 #include "platform/FileSystem.h"
 #include "platform/FolderPicker.h"
 #include "platform/MessageBox.h"
 #include "scan/CDriveServices.h"
+#include "scan/CScanDlg.h"
 #include "scan/CVolumeScanner.h"
 #include "scan/Paths.h"
 #include "settings/CAppSettings.h"
 
 ScanCommands::ScanCommands(CVolumeScanner& scanner, CDriveServices& drives, CAppSettings& settings,
-                           platform::FolderPicker& picker, ScanDialogHost& dialogs)
+                           platform::FolderPicker& picker, WorkerDialogHost& dialogs)
     : scanner_(scanner), drives_(drives), settings_(settings), picker_(picker), dialogs_(dialogs) {}
 
 void ScanCommands::ScanVolume(int kind, const std::string& root) {
@@ -22,7 +24,9 @@ void ScanCommands::ScanVolume(int kind, const std::string& root) {
     return;
   }
   scanner_.Prepare(kind, folder);
-  dialogs_.RunScanDialog(scanner_);
+  dialogs_.RunWorkerDialog(CScanDlg::kCaption, [this](WorkerDialogView& view, platform::MessageBox& messages) {
+    return std::make_unique<CScanDlg>(scanner_, messages, view);
+  });
   if (libraryChanged_) libraryChanged_();
 }
 

@@ -10,6 +10,7 @@
 class CAppSettings;
 class CDriveServices;
 class CVolumeScanner;
+class WorkerDialogHost;
 
 namespace platform {
 class FolderPicker;
@@ -17,19 +18,13 @@ class FolderPicker;
 
 // Runs the "Scan Volume" dialog modally for a prepared scanner; each front
 // end has one.
-class ScanDialogHost {
- public:
-  virtual ~ScanDialogHost() = default;
-  virtual void RunScanDialog(CVolumeScanner& scanner) = 0;
-};
-
 class ScanCommands {
  public:
   static constexpr const char* kInsertCd = "Please Insert CD into drive %s:";
   static constexpr const char* kPickerTitle = "Select Folder";
 
   ScanCommands(CVolumeScanner& scanner, CDriveServices& drives, CAppSettings& settings,
-               platform::FolderPicker& picker, ScanDialogHost& dialogs);
+               platform::FolderPicker& picker, WorkerDialogHost& dialogs);
 
   // Called after every scan dialog has closed.
   void OnLibraryChanged(std::function<void()> rebuild) { libraryChanged_ = std::move(rebuild); }
@@ -51,6 +46,6 @@ class ScanCommands {
   CDriveServices& drives_;
   CAppSettings& settings_;
   platform::FolderPicker& picker_;
-  ScanDialogHost& dialogs_;
+  WorkerDialogHost& dialogs_;
   std::function<void()> libraryChanged_;
 };

@@ -1,21 +1,14 @@
 #include "qt/dialogs/QtWorkerDialogHost.h"
 
 #include "qt/dialogs/QtWorkerDialog.h"
-#include "scan/CScanDlg.h"
 
 QtWorkerDialogHost::QtWorkerDialogHost(platform::MessageBox& messages, QWidget* parent)
     : messages_(messages), parent_(parent) {}
 
 void QtWorkerDialogHost::SetParent(QWidget* parent) { parent_ = parent; }
 
-void QtWorkerDialogHost::RunScanDialog(CVolumeScanner& scanner) {
-  QtWorkerDialog dialog(CScanDlg::kCaption, parent_);
-  CScanDlg logic(scanner, messages_, dialog);
-  dialog.Run(logic);
-}
-
-void QtWorkerDialogHost::RunCopyDialog(CopyWorker& worker, const IdList& fileIds) {
-  QtWorkerDialog dialog(CCopyDlg::kCaption, parent_);
-  CCopyDlg logic(worker, fileIds, messages_, dialog);
-  dialog.Run(logic);
+void QtWorkerDialogHost::RunWorkerDialog(const char* caption, const MakeLogic& makeLogic) {
+  QtWorkerDialog dialog(caption, parent_);
+  const std::unique_ptr<CWorkerDlg> logic = makeLogic(dialog, messages_);
+  dialog.Run(*logic);
 }

@@ -5,21 +5,15 @@
 #include <QPointer>
 #include <QWidget>
 
-#include "playlists/CCopyDlg.h"
-#include "scan/ScanCommands.h"
+#include "base/WorkerDialogHost.h"
 
-namespace platform {
-class MessageBox;
-}
-
-class QtWorkerDialogHost : public ScanDialogHost, public CopyDialogHost {
+class QtWorkerDialogHost : public WorkerDialogHost {
  public:
   // messages: where "Scan Complete." and the like go; must outlive the host.
   explicit QtWorkerDialogHost(platform::MessageBox& messages, QWidget* parent = nullptr);
 
   void SetParent(QWidget* parent);
-  void RunScanDialog(CVolumeScanner& scanner) override;
-  void RunCopyDialog(CopyWorker& worker, const IdList& fileIds) override;
+  void RunWorkerDialog(const char* caption, const MakeLogic& makeLogic) override;
 
  private:
   platform::MessageBox& messages_;

@@ -36,7 +36,7 @@ class CopyTest : public PlayListTest {
     return lines;
   }
 
-  testing_support::CopyDialogDriver dialogs{messages};
+  testing_support::WorkerDialogDriver dialogs{messages};
   CopyCommands copy{app->PlayList(), app->Db(), app->Drives(), app->Settings(), dialogs};
 };
 
@@ -124,7 +124,7 @@ TEST_F(CopyTest, NothingThatIsThereChangesAndEveryFileNotCopiedIsReported) {
   const std::string linked = folder.WriteFile("c/Elsewhere/linked.mp3", "theirs");
   fs::permissions(linked, fs::perms::owner_read);
   fs::create_symlink(linked, Local("c/QORCache/link.mp3"));
-  const std::uint32_t gone = AddFile("gone.mp3"), removedRow = AddFile("removed.mp3");
+  const std::int32_t gone = AddFile("gone.mp3"), removedRow = AddFile("removed.mp3");
   fs::remove(Local("c/Music/gone.mp3"));
   Hold({AddFile("a.mp3", "new"), gone, AddFile("b.mp3", "first"), removedRow,
         AddFile("b.mp3", "second", 0, "\\Other\\", "c/Other"), AddFile("link.mp3", "new")});

@@ -30,7 +30,7 @@ class PlayListWindowTest : public PlayListTest, private PlayListView {
   int TrackPopupMenu(std::span<const PlayListMenuEntry>) override { return CPlayListDlg::kSavePlayList; }
   void SetStatusLine(const std::string& text) override { statusLine = text; }
 
-  testing_support::CopyDialogDriver copyDialogs{messages};
+  testing_support::WorkerDialogDriver copyDialogs{messages};
   CopyCommands copy{app->PlayList(), app->Db(), app->Drives(), app->Settings(), copyDialogs};
   testing_support::ScriptedFolderPicker picker;
   testing_support::ScriptedInputDialog input;

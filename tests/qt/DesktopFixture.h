@@ -49,7 +49,7 @@ class DesktopTest : public ::testing::Test {
     app.Settings().mainWidth = 700;
     app.Settings().splitter = 250;
     window = std::make_unique<MainWindow>(
-        app, DesktopDialogs{picker, input, fileInfo, volumeInfo, options, workers, workers, ShowAboutBox});
+        app, DesktopDialogs{picker, input, fileInfo, volumeInfo, options, workers, ShowAboutBox});
     for (QAbstractItemModel* model : {List().model(), PlayList().model()})
       modelTesters.push_back(std::make_unique<QAbstractItemModelTester>(
           model, QAbstractItemModelTester::FailureReportingMode::Fatal));

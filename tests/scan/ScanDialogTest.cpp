@@ -34,7 +34,7 @@ class ScanCommandsTest : public ScanTest {
 
   CAppSettings settings;
   ScriptedPicker picker;
-  testing_support::ScanDialogDriver dialogs;
+  testing_support::WorkerDialogDriver dialogs;
   ScanCommands commands;
   int rebuilds = 0;
 };

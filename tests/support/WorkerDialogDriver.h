@@ -10,13 +10,11 @@
 #include <vector>
 
 #include "base/CWorkerDlg.h"
-#include "playlists/CCopyDlg.h"
-#include "scan/CScanDlg.h"
-#include "scan/ScanCommands.h"
+#include "base/WorkerDialogHost.h"
 
 namespace testing_support {
 
-class WorkerDialogDriver : public WorkerDialogView {
+class WorkerDialogDriver : public WorkerDialogHost, public WorkerDialogView {
  public:
   explicit WorkerDialogDriver(platform::MessageBox& messages) : messages_(messages) {}
 
@@ -38,7 +36,12 @@ class WorkerDialogDriver : public WorkerDialogView {
   void StopTimer(int) override { timerRunning = 0; }
   void EndDialog(int result) override { endedWith = result; }
 
- protected:
+  void RunWorkerDialog(const char*, const MakeLogic& makeLogic) override {
+    const std::unique_ptr<CWorkerDlg> dialog = makeLogic(*this, messages_);
+    Drive(*dialog);
+  }
+
+ private:
   void Drive(CWorkerDlg& dialog) {
     ++runs;
     statusTexts.clear();
@@ -55,24 +58,6 @@ class WorkerDialogDriver : public WorkerDialogView {
   }
 
   platform::MessageBox& messages_;
-};
-
-class ScanDialogDriver : public ScanDialogHost, public WorkerDialogDriver {
- public:
-  using WorkerDialogDriver::WorkerDialogDriver;
-  void RunScanDialog(CVolumeScanner& scanner) override {
-    CScanDlg dialog(scanner, messages_, *this);
-    Drive(dialog);
-  }
-};
-
-class CopyDialogDriver : public CopyDialogHost, public WorkerDialogDriver {
- public:
-  using WorkerDialogDriver::WorkerDialogDriver;
-  void RunCopyDialog(CopyWorker& worker, const IdList& fileIds) override {
-    CCopyDlg dialog(worker, fileIds, messages_, *this);
-    Drive(dialog);
-  }
 };
 
 }  // namespace testing_support

@@ -24,14 +24,15 @@
 #include "tests/support/TempFolder.h"
 #include "tests/support/WorkerDialogDriver.h"
 
-class RecordingScanHost : public testing_support::ScanDialogDriver {
+class RecordingScanHost : public testing_support::WorkerDialogDriver {
  public:
-  using ScanDialogDriver::ScanDialogDriver;
+  using WorkerDialogDriver::WorkerDialogDriver;
+  const CVolumeScanner* scanner = nullptr;
   std::vector<std::string> scanned;  // "kind root", scan by scan
 
-  void RunScanDialog(CVolumeScanner& scanner) override {
-    scanned.push_back(std::to_string(scanner.RequestedKind()) + " " + scanner.ScanRoot());
-    ScanDialogDriver::RunScanDialog(scanner);
+  void RunWorkerDialog(const char* caption, const MakeLogic& makeLogic) override {
+    scanned.push_back(std::to_string(scanner->RequestedKind()) + " " + scanner->ScanRoot());
+    WorkerDialogDriver::RunWorkerDialog(caption, makeLogic);
   }
 };
 
@@ -41,6 +42,7 @@ class LibraryTest : public ::testing::Test {
     drives.AddFixed('C', folder.MakeFolder("c"));
     drives.AddCd('E');
     app->Start();
+    scanHost.scanner = &app->Scanner();
     app->PlayList().AttachList(playList);
     app->Tree().Bind({tree, menu, volumeInfo, scans});
     app->List().Bind({list, menu, fileInfo});

@@ -49,7 +49,7 @@ class MainWindowTest : public LibraryTest, private MainWindowView, private PlayL
 
   std::string findText;
   bool playListVisible = false;
-  testing_support::CopyDialogDriver copyDialogs{messages};
+  testing_support::WorkerDialogDriver copyDialogs{messages};
   CopyCommands copy{app->PlayList(), app->Db(), app->Drives(), app->Settings(), copyDialogs};
   testing_support::ScriptedInputDialog input;
   testing_support::ScriptedOptions options;

@@ -8,6 +8,7 @@
 #include "qt/dialogs/QtMessageBox.h"
 #include "qt/dialogs/QtWorkerDialog.h"
 #include "qt/dialogs/QtWorkerDialogHost.h"
+#include "scan/CScanDlg.h"
 #include "tests/qt/dialogs/WhenShown.h"
 #include "tests/scan/ScanFixture.h"
 
@@ -19,7 +20,9 @@ class QtScanDialogTest : public ScanTest {
 
   void ScanMusic() {
     scanner.Prepare(3, "C:\\Music\\");
-    host.RunScanDialog(scanner);
+    host.RunWorkerDialog(CScanDlg::kCaption, [this](WorkerDialogView& view, platform::MessageBox& shown) {
+      return std::make_unique<CScanDlg>(scanner, shown, view);
+    });
   }
 
   QtWorkerDialogHost host;
