@@ -79,7 +79,7 @@ IdList BuildLibrary(MediaDB& db, const std::string& disk, const Settings& settin
     file.PathID = pathId;
     file.FileName = "track" + std::to_string(i) + ".mp3";
     WriteSource(disk + "/Music/" + file.FileName, std::size_t(settings.fileMb) << 20, i);
-    ids.push_back(static_cast<std::uint32_t>(db.AddFile(file)));
+    ids.push_back(db.AddFile(file));
   }
   db.Commit();
   return ids;

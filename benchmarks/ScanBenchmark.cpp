@@ -141,7 +141,7 @@ bool ReadWithTagLib(const std::string& path, std::size_t& checksum) {
 void CheckCatalogue(MediaDB& db, const char* after, int expected, SizeResult& result) {
   int files = 0;
   int tagged = 0;
-  for (std::uint32_t vol : db.GetVolumeIds(-1)) {
+  for (std::int32_t vol : db.GetVolumeIds(-1)) {
     for (const FileRow& row : db.GetVolumeFileRows(static_cast<int>(vol))) {
       ++files;
       if (row.ScanState == 2) ++tagged;

@@ -128,7 +128,7 @@ IdList MediaDB::QueryIdList(const char* sql) {
   CppSQLite3ResultSet result;
   RunQuery(sql, result);
   while (!result.AtEnd()) {
-    ids.push_back(static_cast<std::uint32_t>(result.FieldInt(0, 0)));
+    ids.push_back(result.FieldInt(0, 0));
     result.NextRow();
   }
   return ids;
@@ -306,9 +306,9 @@ int MediaDB::DeletePath(int pathId) {
 }
 
 void MediaDB::DeletePathTree(int pathId) {
-  for (std::uint32_t id : GetSubtreePathIds(pathId)) {
-    DeletePathFiles(static_cast<int>(id));
-    DeletePath(static_cast<int>(id));
+  for (std::int32_t id : GetSubtreePathIds(pathId)) {
+    DeletePathFiles(id);
+    DeletePath(id);
   }
 }
 

@@ -20,7 +20,8 @@
 #include "catalogue/IdMarks.h"
 #include "catalogue/Records.h"
 
-using IdList = std::vector<std::uint32_t>;
+// Row ids (FileID, PathID, VolID, PlayListID), of the records' id type.
+using IdList = std::vector<std::int32_t>;
 
 class MediaDB {
  public:

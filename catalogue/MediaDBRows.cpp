@@ -36,7 +36,7 @@ std::string JoinIds(const IdList& ids, std::size_t from, std::size_t count) {
   std::string list;
   for (std::size_t i = from; i < from + count && i < ids.size(); ++i) {
     if (!list.empty()) list += ',';
-    list += std::to_string(static_cast<std::int32_t>(ids[i]));
+    list += std::to_string(ids[i]);
   }
   return list;
 }

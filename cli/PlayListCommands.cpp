@@ -15,7 +15,7 @@ IdList CataloguedFiles(CLibraryApp& app, const std::vector<int>& fileIds) {
   for (int id : fileIds) {
     if (!app.Db().GetFile(id))
       throw UsageError("no file with FileID " + std::to_string(id) + " in the catalogue");
-    ids.push_back(static_cast<std::uint32_t>(id));
+    ids.push_back(static_cast<std::int32_t>(id));
   }
   return ids;
 }

@@ -22,12 +22,12 @@ class ListControl {
 
   // Appends a row; texts beyond the columns are ignored and missing ones are
   // empty. Returns the new row's number.
-  virtual int AppendRow(const std::vector<std::string>& texts, std::uint32_t value) = 0;
+  virtual int AppendRow(const std::vector<std::string>& texts, std::int32_t value) = 0;
   virtual void DeleteRow(int row) = 0;
   virtual void DeleteAllRows() = 0;
 
   virtual int RowCount() const = 0;
-  virtual std::uint32_t RowValue(int row) const = 0;
+  virtual std::int32_t RowValue(int row) const = 0;
   virtual std::string RowText(int row, int column) const = 0;
 
   virtual bool IsSelected(int row) const = 0;

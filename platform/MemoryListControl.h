@@ -15,7 +15,7 @@ class MemoryListControl : public ListControl {
  public:
   struct Row {
     std::vector<std::string> texts;
-    std::uint32_t value = 0;
+    std::int32_t value = 0;
     bool selected = false;
   };
 
@@ -29,7 +29,7 @@ class MemoryListControl : public ListControl {
     headings.insert(headings.begin() + at, heading + "/" + std::to_string(width));
     for (Row& row : rows) row.texts.insert(row.texts.begin() + at, "");
   }
-  int AppendRow(const std::vector<std::string>& texts, std::uint32_t value) override {
+  int AppendRow(const std::vector<std::string>& texts, std::int32_t value) override {
     Row row{texts, value, false};
     row.texts.resize(headings.size());
     rows.push_back(std::move(row));
@@ -38,7 +38,7 @@ class MemoryListControl : public ListControl {
   void DeleteRow(int row) override { rows.erase(rows.begin() + row); }
   void DeleteAllRows() override { rows.clear(); }
   int RowCount() const override { return static_cast<int>(rows.size()); }
-  std::uint32_t RowValue(int row) const override { return rows.at(row).value; }
+  std::int32_t RowValue(int row) const override { return rows.at(row).value; }
   std::string RowText(int row, int column) const override {
     return rows.at(row).texts.at(static_cast<std::size_t>(column));
   }

@@ -31,7 +31,7 @@ void CPlayListModel::InsertColumns() {
   if (list_) list_->InsertColumn(0, kSongColumn, kSongColumnWidth);
 }
 
-bool CPlayListModel::Contains(std::uint32_t fileId) const {
+bool CPlayListModel::Contains(std::int32_t fileId) const {
   if (!list_) return false;
   for (int row = 0; row < list_->RowCount(); ++row)
     if (list_->RowValue(row) == fileId) return true;
@@ -39,13 +39,13 @@ bool CPlayListModel::Contains(std::uint32_t fileId) const {
 }
 
 void CPlayListModel::AddFile(const CMediaFile& file) {
-  if (list_) list_->AppendRow({SongLabel(file)}, static_cast<std::uint32_t>(file.FileID));
+  if (list_) list_->AppendRow({SongLabel(file)}, file.FileID);
 }
 
 void CPlayListModel::AddFiles(const IdList& fileIds) {
-  for (std::uint32_t id : fileIds) {
+  for (std::int32_t id : fileIds) {
     if (Contains(id)) continue;
-    if (const auto file = db_.GetFile(static_cast<int>(id))) AddFile(*file);
+    if (const auto file = db_.GetFile(id)) AddFile(*file);
   }
 }
 

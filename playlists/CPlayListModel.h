@@ -36,7 +36,7 @@ class CPlayListModel {
   void DetachList();
 
   void InsertColumns();
-  bool Contains(std::uint32_t fileId) const;
+  bool Contains(std::int32_t fileId) const;
   void AddFile(const CMediaFile& file);
   // "Add To PlayList": appends, in order, each file not in the list yet;
   // ids without a file row are passed over.

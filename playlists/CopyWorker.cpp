@@ -23,12 +23,12 @@ CopyWorker::CopyWorker(MediaDB& db, const CDriveServices& drives, std::string cd
 void CopyWorker::Run(const IdList& fileIds) {
   job_.summary = CopySummary();
   IdList volumes;
-  for (std::uint32_t id : fileIds)
-    volumes.push_back(static_cast<std::uint32_t>(db_.GetFileVolume(static_cast<int>(id))));
+  for (std::int32_t id : fileIds)
+    volumes.push_back(db_.GetFileVolume(id));
 
   std::string stopped;  // why no later volume is copied
-  for (std::uint32_t id : UniqueIds(volumes)) {
-    const int volId = static_cast<int>(id);
+  for (std::int32_t id : UniqueIds(volumes)) {
+    const int volId = id;
     const auto volume = db_.GetVolume(volId);
     if (stopped.empty() && job_.state.cancel) stopped = kCancelled;
     if (!volume) {
@@ -55,8 +55,8 @@ void CopyWorker::CopyVolumeFiles(const IdList& fileIds, int volId) {
   const std::string drive = db_.GetVolumeDrive(volId);
   const auto count = static_cast<std::int64_t>(fileIds.size());
   std::int64_t done = 0;
-  for (std::uint32_t id : fileIds) {
-    const int fileId = static_cast<int>(id);
+  for (std::int32_t id : fileIds) {
+    const int fileId = id;
     if (db_.GetFileVolume(fileId) != volId) continue;
     if (job_.state.cancel) {
       PassOverFile(drive, fileId, kCancelled);
@@ -79,8 +79,8 @@ void CopyWorker::CopyFile(const std::string& drive, int fileId) {
 
 void CopyWorker::PassOverVolume(const IdList& fileIds, int volId, const std::string& reason) {
   const std::string drive = db_.GetVolumeDrive(volId);
-  for (std::uint32_t id : fileIds) {
-    if (db_.GetFileVolume(static_cast<int>(id)) == volId) PassOverFile(drive, static_cast<int>(id), reason);
+  for (std::int32_t id : fileIds) {
+    if (db_.GetFileVolume(id) == volId) PassOverFile(drive, id, reason);
   }
 }
 

@@ -28,7 +28,7 @@ std::string BuildIdList(const IdList& ids) {
   std::string text;
   for (std::size_t i = 0; i < ids.size(); ++i) {
     if (i > 0) text += ',';
-    text += std::to_string(static_cast<std::int32_t>(ids[i]));
+    text += std::to_string(ids[i]);
   }
   return text;
 }
@@ -38,7 +38,7 @@ IdList ParseIdList(const std::string& text) {
   std::size_t position = 0;
   for (;;) {
     const std::int32_t number = ReadNumber(text, position);
-    if (number > 0) ids.push_back(static_cast<std::uint32_t>(number));
+    if (number > 0) ids.push_back(number);
     const std::size_t comma = text.find(',', position);
     if (comma == std::string::npos) return ids;
     position = comma + 1;
@@ -47,12 +47,12 @@ IdList ParseIdList(const std::string& text) {
 
 IdList UniqueIds(const IdList& ids) {
   IdList unique;
-  for (std::uint32_t id : ids)
+  for (std::int32_t id : ids)
     if (IndexOf(id, unique, 0) == -1) unique.push_back(id);
   return unique;
 }
 
-int IndexOf(std::uint32_t value, const IdList& ids, int start) {
+int IndexOf(std::int32_t value, const IdList& ids, int start) {
   for (std::size_t i = start < 0 ? 0 : static_cast<std::size_t>(start); i < ids.size(); ++i)
     if (ids[i] == value) return static_cast<int>(i);
   return -1;

@@ -20,4 +20,4 @@ IdList ParseIdList(const std::string& text);
 IdList UniqueIds(const IdList& ids);
 
 // The position of the first element equal to value at or after start, or -1.
-int IndexOf(std::uint32_t value, const IdList& ids, int start);
+int IndexOf(std::int32_t value, const IdList& ids, int start);

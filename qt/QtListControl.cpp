@@ -28,7 +28,7 @@ void QtListControl::InsertColumn(int column, const std::string& heading, int wid
   setColumnWidth(std::min(column, model_->columnCount() - 1), width);
 }
 
-int QtListControl::AppendRow(const std::vector<std::string>& texts, std::uint32_t value) {
+int QtListControl::AppendRow(const std::vector<std::string>& texts, std::int32_t value) {
   return model_->AppendRow(texts, value);
 }
 
@@ -41,7 +41,7 @@ int QtListControl::RowCount() const {
   return model_->rowCount();
 }
 
-std::uint32_t QtListControl::RowValue(int row) const {
+std::int32_t QtListControl::RowValue(int row) const {
   model_->Flush();
   return model_->Value(row);
 }

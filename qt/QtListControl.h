@@ -22,11 +22,11 @@ class QtListControl final : public QTableView, public platform::ListControl {
   std::function<void()> onDoubleClick;
 
   void InsertColumn(int column, const std::string& heading, int width) override;
-  int AppendRow(const std::vector<std::string>& texts, std::uint32_t value) override;
+  int AppendRow(const std::vector<std::string>& texts, std::int32_t value) override;
   void DeleteRow(int row) override;
   void DeleteAllRows() override;
   int RowCount() const override;
-  std::uint32_t RowValue(int row) const override;
+  std::int32_t RowValue(int row) const override;
   std::string RowText(int row, int column) const override;
   bool IsSelected(int row) const override;
   void SetSelected(int row, bool selected) override;

@@ -14,7 +14,7 @@ void ReportListModel::InsertColumn(int column, const std::string& heading) {
   endInsertColumns();
 }
 
-int ReportListModel::AppendRow(std::vector<std::string> texts, std::uint32_t value) {
+int ReportListModel::AppendRow(std::vector<std::string> texts, std::int32_t value) {
   texts.resize(headings_.size());
   appended_.push_back(Row{std::move(texts), value});
   if (!flushQueued_) {

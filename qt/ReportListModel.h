@@ -18,14 +18,14 @@ class ReportListModel final : public QAbstractTableModel {
   void InsertColumn(int column, const std::string& heading);
   // Texts beyond the columns are dropped and missing ones are empty. Returns
   // the row's number once it is shown.
-  int AppendRow(std::vector<std::string> texts, std::uint32_t value);
+  int AppendRow(std::vector<std::string> texts, std::int32_t value);
   // Shows the rows appended since the last flush. The calls below need the
   // rows they name shown.
   void Flush();
   void RemoveRow(int row);
   void RemoveAllRows();
 
-  std::uint32_t Value(int row) const { return rows_.at(static_cast<std::size_t>(row)).value; }
+  std::int32_t Value(int row) const { return rows_.at(static_cast<std::size_t>(row)).value; }
   const std::string& Text(int row, int column) const;
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -36,7 +36,7 @@ class ReportListModel final : public QAbstractTableModel {
  private:
   struct Row {
     std::vector<std::string> texts;
-    std::uint32_t value = 0;
+    std::int32_t value = 0;
   };
   std::vector<std::string> headings_;
   std::vector<Row> rows_;

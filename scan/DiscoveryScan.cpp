@@ -111,7 +111,7 @@ void DiscoveryScan::KeepStoredSubtree(const std::string& folder) {
 
 IdList DiscoveryScan::FilesOf(const IdList& paths) const {
   IdList files;
-  for (std::uint32_t pathId : paths)
+  for (std::int32_t pathId : paths)
     for (int fileId : index_.FilesOf(pathId)) files.push_back(fileId);
   return files;
 }
@@ -122,8 +122,8 @@ void DiscoveryScan::SetDirtyBits(const IdList& paths, const IdList& files, int b
   db_.SetPathsDirtyBit(paths, bit);
   db_.SetFilesDirtyBit(files, bit);
   db_.Commit();
-  for (std::uint32_t pathId : paths) index_.SetPathDirtyBit(pathId, bit);
-  for (std::uint32_t fileId : files) index_.File(fileId)->DirtyBit = bit;
+  for (std::int32_t pathId : paths) index_.SetPathDirtyBit(pathId, bit);
+  for (std::int32_t fileId : files) index_.File(fileId)->DirtyBit = bit;
 }
 
 IdList DiscoveryScan::SubtreeOf(const std::string& root, int volId) {
@@ -140,7 +140,7 @@ void DiscoveryScan::MarkSubtreeDirty(const std::string& root, int volId) {
 
   // Every child folder of a subtree folder, and the root itself; every file
   // of a subtree folder.
-  IdList paths{static_cast<std::uint32_t>(rootId)};
+  IdList paths{rootId};
   for (int pathId : index_.PathIds())
     if (inSubtree.count(index_.Path(pathId)->ParentID)) paths.push_back(pathId);
   SetDirtyBits(paths, FilesOf(subtree), 1);
@@ -229,7 +229,7 @@ void DiscoveryScan::SweepSubtree(const std::string& root, int volId) {
   const IdList subtree = SubtreeOf(root, volId);
   if (subtree.empty()) return;
   IdList goneFiles, gonePaths;
-  for (std::uint32_t pathId : subtree) {
+  for (std::int32_t pathId : subtree) {
     const PathRow* path = index_.Path(pathId);
     const bool pathGone = path && path->DirtyBit == 1;
     for (int fileId : index_.FilesOf(pathId))

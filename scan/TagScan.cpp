@@ -56,7 +56,7 @@ void TagScan::Run(const std::string& root, int volId, VolumeIndex& index) {
 
   // The files to read, in the order the loop below stores them.
   std::vector<std::string> toRead;
-  for (std::uint32_t pathId : subtree) {
+  for (std::int32_t pathId : subtree) {
     const PathRow* folder = index.Path(pathId);
     for (int fileId : index.FilesOf(pathId)) {
       const FileRow* row = index.File(fileId);
@@ -66,7 +66,7 @@ void TagScan::Run(const std::string& root, int volId, VolumeIndex& index) {
   TagReadAhead readAhead(reader_, std::move(toRead), readerThreads_);
   std::size_t taken = 0;
 
-  for (std::uint32_t pathId : subtree) {
+  for (std::int32_t pathId : subtree) {
     progress_.progress = 0;
     const PathRow* folder = index.Path(pathId);
     const std::vector<int> fileIds = index.FilesOf(pathId);

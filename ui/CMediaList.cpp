@@ -71,7 +71,7 @@ void CMediaList::AppendRow(const MediaListRow& row) {
   controls_->list.AppendRow({UserOrTag(row.Title, row.id3Title), UserOrTag(row.Artist, row.id3Artist),
                              row.FileName, RatingText(row.Rating), LengthText(row.Length),
                              VolumeText(row)},
-                            static_cast<std::uint32_t>(row.FileID));
+                            row.FileID);
 }
 
 void CMediaList::AddRow(const CMediaFile& file) {
@@ -86,8 +86,8 @@ void CMediaList::FillWithFolder(int pathId) {
 void CMediaList::FillWithPlayList(int playListId) {
   const auto playList = db_.GetPlayList(playListId);
   if (!playList) return;
-  for (std::uint32_t id : ParseIdList(playList->FileIDs))
-    if (const auto file = db_.GetFile(static_cast<int>(id))) AddRow(*file);
+  for (std::int32_t id : ParseIdList(playList->FileIDs))
+    if (const auto file = db_.GetFile(id)) AddRow(*file);
 }
 
 void CMediaList::FillWithSearch(const std::string& text) {

@@ -55,7 +55,7 @@ void LibraryCommands::RescanVolume(int volId, ScanCommands& scans) {
     // The roots are read before the first scan changes the catalogue.
     const std::string drive = db_.GetVolumeDrive(volId);
     std::vector<std::string> roots;
-    for (std::uint32_t pathId : db_.GetVolumeRootPathIds(volId))
+    for (std::int32_t pathId : db_.GetVolumeRootPathIds(volId))
       roots.push_back(MakeFullPath(drive, db_.GetPathFullPath(static_cast<int>(pathId)), ""));
     for (const std::string& root : roots) scans.ScanVolume(platform::kDriveFixed, root);
   }

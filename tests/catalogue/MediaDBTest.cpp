@@ -88,8 +88,8 @@ TEST_F(CatalogueTest, SubtreeIsMatchedLetterForLetter) {
   for (const char* lookAlike : {"\\MUSIC\\Jazz\\", "\\Musicals\\", "\\abc\\"}) AddPath(vol, lookAlike);
   AddPath(other, "\\Music\\Pop\\");
   const int underscore = AddPath(vol, "\\a_c\\");
-  EXPECT_EQ(Sorted(db.GetSubtreePathIds(music)), (IdList{std::uint32_t(music), std::uint32_t(rock)}));
-  EXPECT_EQ(db.GetSubtreePathIds(underscore), IdList{std::uint32_t(underscore)});
+  EXPECT_EQ(Sorted(db.GetSubtreePathIds(music)), (IdList{music, rock}));
+  EXPECT_EQ(db.GetSubtreePathIds(underscore), IdList{underscore});
   EXPECT_EQ(db.GetSubtreePathIds(12345), IdList{});
 }
 
@@ -125,7 +125,7 @@ TEST_F(CatalogueTest, IdsAreNeverHandedOutTwiceAcrossRemovalsAndRestarts) {
   const int path = AddPath(vol, "\\A\\");
   const int first = AddFile(vol, path, "a.mp3");
   const int second = AddFile(vol, path, "b.mp3");
-  db.DeleteFiles({static_cast<std::uint32_t>(second)});
+  db.DeleteFiles({second});
   const int third = AddFile(vol, path, "c.mp3");
   EXPECT_GT(third, second);
   EXPECT_EQ(db.QueryInt("SELECT count(*) FROM MediaFiles;"), 2);  // no placeholder left

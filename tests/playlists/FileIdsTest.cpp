@@ -9,7 +9,7 @@ namespace {
 TEST(FileIds, BuildWritesSignedDecimalsAndParseReadsThemBack) {
   EXPECT_EQ(BuildIdList({12, 7, 40}), "12,7,40");
   EXPECT_EQ(BuildIdList({}), "");
-  EXPECT_EQ(BuildIdList({0xFFFFFFFFu, 2147483647u}), "-1,2147483647");
+  EXPECT_EQ(BuildIdList({-1, 2147483647}), "-1,2147483647");
   EXPECT_EQ(ParseIdList(BuildIdList({40, 1, 2147483647, 12})), (IdList{40, 1, 2147483647, 12}));
 }
 

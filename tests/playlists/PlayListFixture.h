@@ -42,7 +42,7 @@ class PlayListTest : public ::testing::Test {
 
   // A file row in a new folder row; the file is written below the test folder
   // at linuxFolder (default: the folder on disk C).
-  std::uint32_t AddFile(const std::string& fileName, const std::string& content = "data",
+  std::int32_t AddFile(const std::string& fileName, const std::string& content = "data",
                         int volId = 0, const std::string& folderPath = "\\Music\\",
                         const std::string& linuxFolder = "c/Music") {
     CMediaPath path;
@@ -53,7 +53,7 @@ class PlayListTest : public ::testing::Test {
     file.PathID = app->Db().AddPath(path);
     file.FileName = fileName;
     folder.WriteFile(linuxFolder + "/" + fileName, content);
-    return static_cast<std::uint32_t>(app->Db().AddFile(file));
+    return app->Db().AddFile(file);
   }
 
   std::string Local(const std::string& relative) const { return folder.Path() + "/" + relative; }

@@ -26,7 +26,7 @@ using PlayListModelTest = PlayListTest;
 
 TEST_F(PlayListModelTest, RowsHoldEachFileOnceInTheOrderAdded) {
   app->PlayList().InsertColumns();
-  const std::uint32_t a = AddFile("a.mp3"), b = AddFile("b.mp3"), c = AddFile("c.mp3");
+  const std::int32_t a = AddFile("a.mp3"), b = AddFile("b.mp3"), c = AddFile("c.mp3");
   app->PlayList().AddFiles({b, 999, a, b});
   app->PlayList().AddFiles({c, a});
   EXPECT_EQ(app->PlayList().GetFileIds(false), (IdList{b, a, c}));

@@ -71,7 +71,7 @@ class ScanTest : public ::testing::Test {
   // Stored folder path -> PathID, of every folder in the catalogue.
   std::map<std::string, int> CataloguedFolders() {
     std::map<std::string, int> folders;
-    for (std::uint32_t vol : db.GetVolumeIds(-1))
+    for (std::int32_t vol : db.GetVolumeIds(-1))
       for (const PathRow& row : db.GetVolumePathRows(vol)) folders[row.FullPath] = row.PathID;
     return folders;
   }
@@ -79,7 +79,7 @@ class ScanTest : public ::testing::Test {
   // "stored folder path + file name" -> FileID, of every file in the catalogue.
   std::map<std::string, int> CataloguedFiles() {
     std::map<std::string, int> result;
-    for (std::uint32_t vol : db.GetVolumeIds(-1))
+    for (std::int32_t vol : db.GetVolumeIds(-1))
       for (const FileRow& row : db.GetVolumeFileRows(vol))
         result[db.GetPathFullPath(row.PathID) + row.FileName] = row.FileID;
     return result;
