@@ -119,7 +119,12 @@ class MediaDB {
   std::vector<PathNodeRow> GetPathNodeRows();
   std::vector<CPlayList> GetPlayLists();
   std::vector<MediaListRow> GetFolderListRows(int pathId);
+  // The files whose name, titles or artists hold the text, letter case aside
+  // for every letter, "%", "_" and "\\" taken literally.
   std::vector<MediaListRow> SearchListRows(const std::string& text);
+  // The rows of the listed files in one statement, in the list's order: an id
+  // listed twice gives two rows, an id without a file row none.
+  std::vector<MediaListRow> FileListRows(const IdList& fileIds);
 
   // See CppSQLite3Database::ObserveStatements.
   void ObserveStatements(std::function<void(const char*)> observer);

@@ -66,6 +66,8 @@ class DiscoveryScan {
  private:
   using FolderSet = std::set<std::pair<std::uint64_t, std::uint64_t>>;
 
+  // The folder's Linux path, or the drive path when its drive has no root.
+  std::string LocalOrDrivePath(const std::string& folder) const;
   bool HoldsAudioFiles(const std::vector<platform::DirEntry>& entries) const;
   IdList SubtreeOf(const std::string& root, int volId);
   // The files the index holds for the folders.

@@ -8,6 +8,8 @@ void VolumeIndex::Load(MediaDB& db, int volId) {
   pathByFullPath_.clear();
   files_.clear();
   pathOrder_.clear();
+  storedPathBits_.clear();
+  storedFileBits_.clear();
   for (const PathRow& row : db.GetVolumePathRows(volId)) AddPath(row);
   for (const FileRow& row : db.GetVolumeFileRows(volId)) AddFile(row);
 }
@@ -56,7 +58,36 @@ void VolumeIndex::AddFile(const FileRow& row) {
 
 void VolumeIndex::SetPathDirtyBit(int pathId, int bit) {
   const auto folder = folders_.find(pathId);
-  if (folder != folders_.end()) folder->second.row.DirtyBit = bit;
+  if (folder == folders_.end() || folder->second.row.DirtyBit == bit) return;
+  storedPathBits_.emplace(pathId, folder->second.row.DirtyBit);
+  folder->second.row.DirtyBit = bit;
+}
+
+void VolumeIndex::SetFileDirtyBit(int fileId, int bit) {
+  const auto file = files_.find(fileId);
+  if (file == files_.end() || file->second.DirtyBit == bit) return;
+  storedFileBits_.emplace(fileId, file->second.DirtyBit);
+  file->second.DirtyBit = bit;
+}
+
+VolumeIndex::DirtyBitChanges VolumeIndex::TakeDirtyBitChanges() {
+  DirtyBitChanges changes;
+  // Sorted, so that the writes go through the catalogue in key order.
+  for (const auto& [pathId, stored] : storedPathBits_) {
+    const auto folder = folders_.find(pathId);
+    if (folder == folders_.end() || folder->second.row.DirtyBit == stored) continue;
+    (folder->second.row.DirtyBit ? changes.pathsSet : changes.pathsCleared).push_back(pathId);
+  }
+  for (const auto& [fileId, stored] : storedFileBits_) {
+    const auto file = files_.find(fileId);
+    if (file == files_.end() || file->second.DirtyBit == stored) continue;
+    (file->second.DirtyBit ? changes.filesSet : changes.filesCleared).push_back(fileId);
+  }
+  for (IdList* ids : {&changes.pathsSet, &changes.pathsCleared, &changes.filesSet, &changes.filesCleared})
+    std::sort(ids->begin(), ids->end());
+  storedPathBits_.clear();
+  storedFileBits_.clear();
+  return changes;
 }
 
 void VolumeIndex::RemoveFiles(const IdList& fileIds) {

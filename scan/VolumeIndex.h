@@ -28,7 +28,20 @@ class VolumeIndex {
 
   void AddPath(const PathRow& row);
   void AddFile(const FileRow& row);
+  // Dirty bits change here first; the catalogue learns them from
+  // TakeDirtyBitChanges, so that a bit set and cleared again costs no write.
   void SetPathDirtyBit(int pathId, int bit);
+  void SetFileDirtyBit(int fileId, int bit);
+
+  // The rows (still held) whose dirty bit differs from the catalogue's since
+  // they were loaded, added or last taken, by the bit they now have.
+  struct DirtyBitChanges {
+    IdList pathsSet, pathsCleared, filesSet, filesCleared;
+    bool Empty() const {
+      return pathsSet.empty() && pathsCleared.empty() && filesSet.empty() && filesCleared.empty();
+    }
+  };
+  DirtyBitChanges TakeDirtyBitChanges();
   // Removals in one pass each, however many rows go.
   void RemoveFiles(const IdList& fileIds);
   void RemovePaths(const IdList& pathIds);
@@ -44,4 +57,7 @@ class VolumeIndex {
   std::unordered_map<std::string, int> pathByFullPath_;
   std::unordered_map<int, FileRow> files_;
   std::vector<int> pathOrder_;
+  // The catalogue's bit of each row whose bit changed here since last taken.
+  std::unordered_map<int, int> storedPathBits_;
+  std::unordered_map<int, int> storedFileBits_;
 };
