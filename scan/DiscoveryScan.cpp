@@ -55,6 +55,13 @@ std::string DiscoveryScan::LocalOrDrivePath(const std::string& folder) const {
   return local.empty() ? folder : local;
 }
 
+// A sub-folder's name comes from its parent's listing, spelled as stored: its
+// Linux path follows from the parent's without resolving the drive path again.
+std::string DiscoveryScan::SubfolderPath(const std::string& folderPath, const std::string& name) {
+  if (folderPath.starts_with('/')) return folderPath + name + "/";
+  return NormalizeFolder(folderPath + name);
+}
+
 bool DiscoveryScan::HoldsAudioFiles(const std::vector<platform::DirEntry>& entries) const {
   // As asking for "*.mp3", "*.ogg" and "*.wma": an audio ending after a dot.
   for (const auto& entry : entries)
@@ -65,9 +72,12 @@ bool DiscoveryScan::HoldsAudioFiles(const std::vector<platform::DirEntry>& entri
 }
 
 int DiscoveryScan::MarkMediaFolders(const std::string& folder) {
-  if (progress_.cancel) return 0;
   const std::string normal = NormalizeFolder(folder);
-  const std::string local = LocalOrDrivePath(normal);
+  return MarkMediaFolders(normal, LocalOrDrivePath(normal));
+}
+
+int DiscoveryScan::MarkMediaFolders(const std::string& normal, const std::string& local) {
+  if (progress_.cancel) return 0;
   if (!EnterOnce(local, enteredFolders_)) {
     // Looked at before the walk began; it changed since.
     if (normal == root_) report_.Refuse(FillMessage(ScanReport::kSystemFolder, {normal}));
@@ -78,7 +88,8 @@ int DiscoveryScan::MarkMediaFolders(const std::string& folder) {
   NoteSkipped(listing);
   int count = HoldsAudioFiles(listing.entries) ? 1 : 0;
   for (const auto& entry : listing.entries)
-    if (entry.IsFolder()) count += MarkMediaFolders(normal + entry.name);
+    if (entry.IsFolder())
+      count += MarkMediaFolders(NormalizeFolder(normal + entry.name), SubfolderPath(local, entry.name));
   if (count > 0) mediaFolders_.insert(normal);
   return count;
 }
@@ -152,16 +163,19 @@ void DiscoveryScan::MarkSubtreeDirty(const std::string& root, int volId) {
 }
 
 int DiscoveryScan::ScanFolder(const std::string& folder, int parentId, int volId) {
+  return ScanFolder(folder, LocalOrDrivePath(folder), parentId, volId);
+}
+
+int DiscoveryScan::ScanFolder(const std::string& folder, const std::string& listed, int parentId,
+                              int volId) {
   if (!mediaFolders_.count(folder)) return 0;
   if (progress_.cancel) return 0;
   if (notListed_.count(folder)) {
     KeepStoredSubtree(folder);
     return 0;
   }
-  // The folder is resolved to a Linux path once, for its listing and for
-  // all of its new files.
-  const std::string localFolder = drives_.Files().LocalPath(folder);
-  const std::string& listed = localFolder.empty() ? folder : localFolder;
+  // The Linux path serves the listing and all of the folder's new files.
+  const std::string localFolder = listed.starts_with('/') ? listed : "";
   if (!EnterOnce(listed, recordedFolders_)) return 0;
   progress_.SetStatus(folder);
   // One listing gives both the audio files and the sub-folders.
@@ -196,7 +210,7 @@ int DiscoveryScan::ScanFolder(const std::string& folder, int parentId, int volId
 
   int count = static_cast<int>(names.size());
   for (const std::string& name : subfolders)
-    count += ScanFolder(NormalizeFolder(folder + name), pathId, volId);
+    count += ScanFolder(NormalizeFolder(folder + name), SubfolderPath(listed, name), pathId, volId);
   return count;
 }
 
@@ -234,7 +248,7 @@ void DiscoveryScan::SweepSubtree(const std::string& root, int volId) {
     const PathRow* path = index_.Path(pathId);
     const bool pathGone = path && path->DirtyBit == 1;
     for (int fileId : index_.FilesOf(pathId))
-      if (pathGone || index_.File(fileId)->DirtyBit == 1) goneFiles.push_back(fileId);
+      if (pathGone || index_.FileDirtyBit(fileId) == 1) goneFiles.push_back(fileId);
     if (pathGone) gonePaths.push_back(pathId);
   }
   index_.RemoveFiles(goneFiles);
