@@ -85,20 +85,33 @@ std::string CaseFold::Fold(std::string_view text) const {
   return folded;
 }
 
+namespace {
+
+// Whether an all-ASCII text holds the folded part, comparing as it goes; -1
+// when the text holds a byte above ASCII (which may fold to anything).
+int AsciiHolds(std::string_view text, std::string_view part) {
+  const auto first = static_cast<unsigned char>(part[0]);
+  const unsigned char firstUpper = first >= 'a' && first <= 'z' ? first - ('a' - 'A') : first;
+  const std::size_t last = text.size() >= part.size() ? text.size() - part.size() : 0;
+  bool found = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto c = static_cast<unsigned char>(text[i]);
+    if (c >= 0x80) return -1;
+    if (found || i > last || text.size() < part.size() || (c != first && c != firstUpper)) continue;
+    std::size_t k = 1;
+    while (k < part.size() && AsciiFold(static_cast<unsigned char>(text[i + k])) == part[k]) ++k;
+    found = k == part.size();
+  }
+  return found ? 1 : 0;
+}
+
+}  // namespace
+
 bool CaseFold::Holds(std::string_view text, std::string_view foldedPart) const {
   if (foldedPart.empty()) return true;
-  if (foldedPart.size() > 4 * text.size()) return false;
-  // Most texts are plain ASCII: folded into a buffer on the stack.
-  char ascii[256];
-  if (text.size() <= sizeof ascii) {
-    std::size_t n = 0;
-    for (; n < text.size(); ++n) {
-      const auto c = static_cast<unsigned char>(text[n]);
-      if (c >= 0x80) break;
-      ascii[n] = AsciiFold(c);
-    }
-    if (n == text.size())
-      return memmem(ascii, n, foldedPart.data(), foldedPart.size()) != nullptr;
+  if (static_cast<unsigned char>(foldedPart[0]) < 0x80) {
+    const int ascii = AsciiHolds(text, foldedPart);
+    if (ascii >= 0) return ascii == 1;
   }
   std::string folded;
   folded.reserve(text.size() + 8);

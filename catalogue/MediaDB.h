@@ -101,6 +101,8 @@ class MediaDB {
   // cost time in proportion to the files, not to their square.
   std::vector<PathRow> GetVolumePathRows(int volId);
   std::vector<FileRow> GetVolumeFileRows(int volId);
+  // The same rows handed over one at a time, for volumes too large to hold twice.
+  void ForEachVolumeFileRow(int volId, const std::function<void(const FileRow&)>& visit);
   // Changes and removals of many rows by their keys, one statement each.
   int SetPathsDirtyBit(const IdList& pathIds, int bit);
   int SetFilesDirtyBit(const IdList& fileIds, int bit);

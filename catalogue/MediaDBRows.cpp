@@ -26,9 +26,27 @@ std::vector<PathRow> MediaDB::GetVolumePathRows(int volId) {
       "SELECT PathID,ParentID,FullPath,DirtyBit FROM MediaPaths WHERE VolID=%d;", volId);
 }
 
+namespace {
+
+constexpr const char* kVolumeFileRows =
+    "SELECT FileID,PathID,FileName,ScanState,DirtyBit FROM MediaFiles WHERE VolID=%d;";
+
+}  // namespace
+
 std::vector<FileRow> MediaDB::GetVolumeFileRows(int volId) {
-  return QueryRows<FileRow>(
-      "SELECT FileID,PathID,FileName,ScanState,DirtyBit FROM MediaFiles WHERE VolID=%d;", volId);
+  return QueryRows<FileRow>(kVolumeFileRows, volId);
+}
+
+void MediaDB::ForEachVolumeFileRow(int volId, const std::function<void(const FileRow&)>& visit) {
+  CppSQLite3SqlText sql;
+  sql.Format(kVolumeFileRows, volId);
+  CppSQLite3ResultSet result;
+  RunQuery(sql, result);
+  FileRow row;
+  for (; !result.AtEnd(); result.NextRow()) {
+    LoadRecord(result, row);
+    visit(row);
+  }
 }
 
 namespace {

@@ -56,18 +56,24 @@ void TagScan::Run(const std::string& root, int volId, VolumeIndex& index) {
   const IdList subtree = db_.GetSubtreePathIds(rootId);
 
   // The files to read, in the order the loop below stores them: the folder
-  // and the file, whose full path a reader thread makes when it comes to it.
-  std::vector<std::pair<const PathRow*, int>> toRead;
-  for (std::uint32_t pathId : subtree) {
-    const PathRow* folder = index.Path(pathId);
-    if (!folder) continue;
-    for (int fileId : index.FilesOf(pathId))
-      if (ToRead(index, fileId)) toRead.emplace_back(folder, fileId);
-  }
+  // (its place in the subtree) and the file, whose full path a reader thread
+  // makes when it comes to it. Counted first, so the list takes no more room
+  // than it needs.
+  std::size_t count = 0;
+  for (std::uint32_t pathId : subtree)
+    if (index.Path(pathId))
+      for (int fileId : index.FilesOf(pathId)) count += ToRead(index, fileId) ? 1 : 0;
+  std::vector<std::pair<std::uint32_t, std::int32_t>> toRead;
+  toRead.reserve(count);
+  for (std::size_t at = 0; at < subtree.size(); ++at)
+    if (index.Path(subtree[at]))
+      for (int fileId : index.FilesOf(subtree[at]))
+        if (ToRead(index, fileId)) toRead.emplace_back(static_cast<std::uint32_t>(at), fileId);
   TagReadAhead readAhead(
       reader_, toRead.size(),
       [&](std::size_t i) {
-        return MakeFullPath(drive, toRead[i].first->FullPath, std::string(index.FileName(toRead[i].second)));
+        const auto [at, fileId] = toRead[i];
+        return MakeFullPath(drive, index.Path(subtree[at])->FullPath, std::string(index.FileName(fileId)));
       },
       readerThreads_);
   std::size_t taken = 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <limits>
 #include <unordered_set>
 
 void VolumeIndex::Load(MediaDB& db, int volId) {
@@ -13,7 +14,7 @@ void VolumeIndex::Load(MediaDB& db, int volId) {
   byName_.assign(1024, 0);
   named_ = 0;
   for (const PathRow& row : db.GetVolumePathRows(volId)) AddPath(row);
-  for (const FileRow& row : db.GetVolumeFileRows(volId)) AddFile(row);
+  db.ForEachVolumeFileRow(volId, [&](const FileRow& row) { AddFile(row); });
 }
 
 int VolumeIndex::FindPath(const std::string& fullPath) const {
@@ -52,7 +53,7 @@ VolumeIndex::FileSlot* VolumeIndex::Slot(int fileId) {
 std::string_view VolumeIndex::FileName(int fileId) const { return NameOf(*Slot(fileId)); }
 
 void VolumeIndex::SetFileScanState(int fileId, int state) {
-  if (FileSlot* slot = Slot(fileId)) slot->scanState = state;
+  if (FileSlot* slot = Slot(fileId)) slot->scanState = static_cast<std::int8_t>(std::clamp(state, -128, 127));
 }
 
 const std::vector<int>& VolumeIndex::FilesOf(int pathId) const {
@@ -75,10 +76,12 @@ void VolumeIndex::AddFile(const FileRow& row) {
   slot.id = row.FileID;
   slot.pathId = row.PathID;
   slot.nameAt = static_cast<std::uint32_t>(names_.size());
-  slot.nameLength = static_cast<std::uint32_t>(row.FileName.size());
-  slot.scanState = row.ScanState;
+  const std::string_view name =
+      std::string_view(row.FileName).substr(0, std::numeric_limits<std::uint16_t>::max());
+  slot.nameLength = static_cast<std::uint16_t>(name.size());
+  slot.scanState = static_cast<std::int8_t>(std::clamp(row.ScanState, -128, 127));
   slot.dirty = slot.storedDirty = row.DirtyBit != 0 ? 1 : 0;
-  names_ += row.FileName;
+  names_ += name;
   // Ids rise along the catalogue; one that does not goes in its place.
   auto at = files_.end();
   if (!files_.empty() && files_.back().id >= row.FileID)
@@ -121,7 +124,7 @@ void VolumeIndex::SetPathDirtyBit(int pathId, int bit) {
 }
 
 void VolumeIndex::SetFileDirtyBit(int fileId, int bit) {
-  if (FileSlot* slot = Slot(fileId)) slot->dirty = bit;
+  if (FileSlot* slot = Slot(fileId)) slot->dirty = bit != 0 ? 1 : 0;
 }
 
 VolumeIndex::DirtyBitChanges VolumeIndex::TakeDirtyBitChanges() {

@@ -67,15 +67,17 @@ class VolumeIndex {
     std::int32_t storedDirty = 0;
     std::vector<int> files;
   };
+  // 16 bytes a file. Names are at most 255 bytes on Linux file systems; scan
+  // states are small numbers (kept within a byte).
   struct FileSlot {
     std::int32_t id = 0;
     std::int32_t pathId = 0;
     std::uint32_t nameAt = 0;
-    std::uint32_t nameLength = 0;
-    std::int32_t scanState = 0;
-    std::int32_t dirty : 8 = 0;
-    std::int32_t storedDirty : 8 = 0;
-    bool gone = false;
+    std::uint16_t nameLength = 0;
+    std::int8_t scanState = 0;
+    std::uint8_t dirty : 1 = 0;
+    std::uint8_t storedDirty : 1 = 0;
+    std::uint8_t gone : 1 = 0;
   };
 
   const FileSlot* Slot(int fileId) const;
