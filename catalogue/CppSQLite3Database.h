@@ -34,6 +34,8 @@ class CppSQLite3Database {
   // Returns SQLite's close result, or 0 when nothing was open.
   int Close();
   bool IsOpen() const { return connection_ != nullptr; }
+  // The SQLite connection, for registering functions on it; nullptr when closed.
+  sqlite3* Handle() const { return connection_; }
 
   // Runs a statement that returns no rows; returns the number of rows changed.
   int ExecuteStatement(const char* sql);

@@ -7,6 +7,7 @@
 
 #include "catalogue/CatalogueFailure.h"
 #include "catalogue/CppSQLite3Exception.h"
+#include "catalogue/FoldedSearch.h"
 #include "catalogue/MediaDBStatements.h"
 
 namespace {
@@ -38,6 +39,14 @@ constexpr TableDefinition kTables[] = {
 // transaction still survives a killed process.
 constexpr const char* kJournalSettings = "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;";
 
+// What the statements look rows up by, beside the tables (a catalogue made
+// without them gains them when next opened for writing).
+constexpr const char* kIndexes[] = {
+    "CREATE INDEX IF NOT EXISTS vantrelle_files_by_path ON MediaFiles(PathID);",
+    "CREATE INDEX IF NOT EXISTS vantrelle_paths_by_volume ON MediaPaths(VolID,ParentID);",
+    "CREATE INDEX IF NOT EXISTS vantrelle_paths_by_parent ON MediaPaths(ParentID);",
+};
+
 bool Holds(const std::vector<std::string>& names, const char* name) {
   return std::find(names.begin(), names.end(), name) != names.end();
 }
@@ -46,6 +55,7 @@ bool Holds(const std::vector<std::string>& names, const char* name) {
 
 int MediaDB::Open(const std::string& programFolder, const std::function<void()>& fillNewCatalogue) {
   OpenReadable(programFolder + kFileName);
+  folded_search::Register(db_.Handle());
   const std::vector<std::string> present = TableNames();
   const bool created = present.empty();
   if (IsReadOnly()) return 0;  // nothing can be created; reading is all there is
@@ -59,6 +69,7 @@ int MediaDB::Open(const std::string& programFolder, const std::function<void()>&
     if (created && fillNewCatalogue) fillNewCatalogue();
     Commit();
   }
+  for (const char* index : kIndexes) ExecuteChange(index);
   idMarks_.Start();
   return created ? 1 : 0;
 }
@@ -306,10 +317,18 @@ int MediaDB::DeletePath(int pathId) {
 }
 
 void MediaDB::DeletePathTree(int pathId) {
-  for (std::int32_t id : GetSubtreePathIds(pathId)) {
-    DeletePathFiles(id);
-    DeletePath(id);
-  }
+  const std::string fullPath = GetTextField("MediaPaths", "FullPath", "PathID", pathId);
+  const int volId = GetIntField("MediaPaths", "VolID", "PathID", pathId);
+  // The folders of GetSubtreePathIds, with their files, in two statements.
+  const char* subtree =
+      "SELECT PathID FROM MediaPaths WHERE instr(CAST(FullPath AS BLOB),CAST(%Q AS BLOB))=1 "
+      "AND VolID=%d";
+  idMarks_.NoteRemoval(IdKind::File);
+  idMarks_.NoteRemoval(IdKind::Path);
+  ExecuteChangeF((std::string("DELETE FROM MediaFiles WHERE PathID IN (") + subtree + ");").c_str(),
+                 fullPath.c_str(), volId);
+  ExecuteChangeF((std::string("DELETE FROM MediaPaths WHERE PathID IN (") + subtree + ");").c_str(),
+                 fullPath.c_str(), volId);
 }
 
 void MediaDB::DeleteVolume(int volId) {

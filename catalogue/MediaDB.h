@@ -102,6 +102,8 @@ class MediaDB {
   // cost time in proportion to the files, not to their square.
   std::vector<PathRow> GetVolumePathRows(int volId);
   std::vector<FileRow> GetVolumeFileRows(int volId);
+  // The same rows handed over one at a time, for volumes too large to hold twice.
+  void ForEachVolumeFileRow(int volId, const std::function<void(const FileRow&)>& visit);
   // Changes and removals of many rows by their keys, one statement each.
   int SetPathsDirtyBit(const IdList& pathIds, int bit);
   int SetFilesDirtyBit(const IdList& fileIds, int bit);
@@ -120,7 +122,12 @@ class MediaDB {
   std::vector<PathNodeRow> GetPathNodeRows();
   std::vector<CPlayList> GetPlayLists();
   std::vector<MediaListRow> GetFolderListRows(int pathId);
+  // The files whose name, titles or artists hold the text, letter case aside
+  // for every letter, "%", "_" and "\\" taken literally.
   std::vector<MediaListRow> SearchListRows(const std::string& text);
+  // The rows of the listed files in one statement, in the list's order: an id
+  // listed twice gives two rows, an id without a file row none.
+  std::vector<MediaListRow> FileListRows(const IdList& fileIds);
 
   // See CppSQLite3Database::ObserveStatements.
   void ObserveStatements(std::function<void(const char*)> observer);

@@ -1,5 +1,9 @@
 // MediaDB's reads and changes of many rows at once: what a scan needs of a
 // volume, and what the tree and the list show.
+#include <unordered_map>
+
+#include "base/CaseFold.h"
+#include "catalogue/FoldedSearch.h"
 #include "catalogue/MediaDB.h"
 #include "catalogue/MediaDBStatements.h"
 
@@ -22,9 +26,27 @@ std::vector<PathRow> MediaDB::GetVolumePathRows(int volId) {
       "SELECT PathID,ParentID,FullPath,DirtyBit FROM MediaPaths WHERE VolID=%d;", volId);
 }
 
+namespace {
+
+constexpr const char* kVolumeFileRows =
+    "SELECT FileID,PathID,FileName,ScanState,DirtyBit FROM MediaFiles WHERE VolID=%d;";
+
+}  // namespace
+
 std::vector<FileRow> MediaDB::GetVolumeFileRows(int volId) {
-  return QueryRows<FileRow>(
-      "SELECT FileID,PathID,FileName,ScanState,DirtyBit FROM MediaFiles WHERE VolID=%d;", volId);
+  return QueryRows<FileRow>(kVolumeFileRows, volId);
+}
+
+void MediaDB::ForEachVolumeFileRow(int volId, const std::function<void(const FileRow&)>& visit) {
+  CppSQLite3SqlText sql;
+  sql.Format(kVolumeFileRows, volId);
+  CppSQLite3ResultSet result;
+  RunQuery(sql, result);
+  FileRow row;
+  for (; !result.AtEnd(); result.NextRow()) {
+    LoadRecord(result, row);
+    visit(row);
+  }
 }
 
 namespace {
@@ -85,10 +107,32 @@ std::vector<MediaListRow> MediaDB::GetFolderListRows(int pathId) {
   return QueryRows<MediaListRow>(MediaListRowsWhere("f.PathID=%d;").c_str(), pathId);
 }
 
+std::vector<MediaListRow> MediaDB::FileListRows(const IdList& fileIds) {
+  // One statement for the distinct ids, then the rows in the list's order.
+  IdList distinct;
+  std::unordered_map<int, std::size_t> at;
+  for (std::int32_t id : fileIds)
+    if (at.emplace(id, 0).second) distinct.push_back(id);
+  if (distinct.empty()) return {};
+  const std::string ids = JoinIds(distinct, 0, distinct.size());
+  const std::vector<MediaListRow> found =
+      QueryRows<MediaListRow>(MediaListRowsWhere("f.FileID IN (%s);").c_str(), ids.c_str());
+  at.clear();
+  for (std::size_t i = 0; i < found.size(); ++i) at.emplace(found[i].FileID, i);
+  std::vector<MediaListRow> rows;
+  rows.reserve(fileIds.size());
+  for (std::int32_t id : fileIds)
+    if (const auto row = at.find(id); row != at.end())
+      rows.push_back(found[row->second]);
+  return rows;
+}
+
 std::vector<MediaListRow> MediaDB::SearchListRows(const std::string& text) {
-  const char* t = text.c_str();
+  // Letter case folded on both sides; the text is matched literally.
+  const std::string part = CaseFold().Fold(text);
   const std::string format = MediaListRowsWhere(
-      "f.FileName LIKE '%%%q%%' OR f.Title LIKE '%%%q%%' OR f.Artist LIKE '%%%q%%' OR "
-      "f.id3Title LIKE '%%%q%%' OR f.id3Artist LIKE '%%%q%%';");
-  return QueryRows<MediaListRow>(format.c_str(), t, t, t, t, t);
+      (std::string(folded_search::kFunction) +
+       "(%Q,f.FileName,f.Title,f.Artist,f.id3Title,f.id3Artist);")
+          .c_str());
+  return QueryRows<MediaListRow>(format.c_str(), part.c_str());
 }

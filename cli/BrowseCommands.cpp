@@ -35,5 +35,6 @@ int SearchCommand::Run(CLibraryApp& app, std::FILE* out) {
   ConsoleLibraryWindow window(app);
   window.Search(text_);
   window.PrintList(out);
+  window.PrintFound(out);
   return 0;
 }

@@ -73,6 +73,11 @@ void ConsoleLibraryWindow::PrintNodes(std::FILE* out, platform::TreeItem parent,
   }
 }
 
+void ConsoleLibraryWindow::PrintFound(std::FILE* out) const {
+  const int found = list_.RowCount();
+  std::fprintf(out, "%d %s found.\n", found, found == 1 ? "file" : "files");
+}
+
 void ConsoleLibraryWindow::PrintList(std::FILE* out) const {
   std::fprintf(out, "FileID\tSong\tArtist\tFileName\tRating\tLength\tVolume\n");
   for (const auto& row : list_.rows) {

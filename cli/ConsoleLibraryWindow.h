@@ -49,6 +49,8 @@ class ConsoleLibraryWindow : private platform::PopupMenu,
   void PrintTree(std::FILE* out) const;
   // A heading, then one line a row: the FileID and the six texts, by tabs.
   void PrintList(std::FILE* out) const;
+  // "1 file found." or "N files found.", for the rows the list shows.
+  void PrintFound(std::FILE* out) const;
 
  private:
   int Track(std::span<const platform::MenuEntry> entries) override;

@@ -75,8 +75,9 @@ class FileSystem {
   virtual std::string LocalPath(const std::string& path) const = 0;
 
   // Entries of a folder whose names match a wildcard pattern ("*.mp3", "*.*"),
-  // without regard to case, in the order the file system yields them; "." and
-  // ".." are left out. A folder that cannot be listed says so by its status:
+  // without regard to case, in name order without regard to the case of A to
+  // Z (byte order between names that differ only in case); "." and ".." are
+  // left out. A folder that cannot be listed says so by its status:
   // it is never taken for an empty one.
   virtual Listing List(const std::string& folder, const std::string& pattern) const = 0;
 

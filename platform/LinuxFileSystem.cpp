@@ -2,9 +2,11 @@
 
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 
+#include "base/AsciiCase.h"
 #include "platform/CopyFailure.h"
 #include "platform/DrivePaths.h"
 #include "platform/FileCopy.h"
@@ -19,6 +21,22 @@ std::optional<struct stat> StatFollowingLinks(const std::string& local) {
   if (local.empty() || stat(local.c_str(), &facts) != 0) return std::nullopt;
   return facts;
 }
+
+// Name order without regard to the case of A to Z, then byte order between
+// names that differ only in case: the order disk and CD file systems keep
+// their names in, whatever the locale.
+bool ComesBefore(const DirEntry& a, const DirEntry& b) {
+  const std::size_t n = std::min(a.name.size(), b.name.size());
+  for (std::size_t i = 0; i < n; ++i) {
+    const auto x = static_cast<unsigned char>(AsciiLower(a.name[i]));
+    const auto y = static_cast<unsigned char>(AsciiLower(b.name[i]));
+    if (x != y) return x < y;
+  }
+  if (a.name.size() != b.name.size()) return a.name.size() < b.name.size();
+  return a.name < b.name;
+}
+
+void SortByName(std::vector<DirEntry>& entries) { std::sort(entries.begin(), entries.end(), ComesBefore); }
 
 std::string WithoutTrailingSlashes(std::string path) {
   while (path.size() > 1 && path.back() == '/') path.pop_back();
@@ -41,6 +59,9 @@ Listing LinuxFileSystem::List(const std::string& folder, const std::string& patt
     }
     return true;
   });
+  SortByName(listing.entries);
+  SortByName(listing.unnameable);
+  SortByName(listing.tooLong);
   return listing;
 }
 

@@ -2,6 +2,8 @@
 
 #include <fnmatch.h>
 
+#include <algorithm>
+
 #include "base/MessageText.h"
 #include "base/WorkerProgress.h"
 #include "catalogue/MediaDB.h"
@@ -48,6 +50,18 @@ bool DiscoveryScan::EnterOnce(const std::string& folder, FolderSet& entered) con
   return entered.insert({identity->device, identity->inode}).second;
 }
 
+std::string DiscoveryScan::LocalOrDrivePath(const std::string& folder) const {
+  std::string local = drives_.Files().LocalPath(folder);
+  return local.empty() ? folder : local;
+}
+
+// A sub-folder's name comes from its parent's listing, spelled as stored: its
+// Linux path follows from the parent's without resolving the drive path again.
+std::string DiscoveryScan::SubfolderPath(const std::string& folderPath, const std::string& name) {
+  if (folderPath.starts_with('/')) return folderPath + name + "/";
+  return NormalizeFolder(folderPath + name);
+}
+
 bool DiscoveryScan::HoldsAudioFiles(const std::vector<platform::DirEntry>& entries) const {
   // As asking for "*.mp3", "*.ogg" and "*.wma": an audio ending after a dot.
   for (const auto& entry : entries)
@@ -58,19 +72,24 @@ bool DiscoveryScan::HoldsAudioFiles(const std::vector<platform::DirEntry>& entri
 }
 
 int DiscoveryScan::MarkMediaFolders(const std::string& folder) {
-  if (progress_.cancel) return 0;
   const std::string normal = NormalizeFolder(folder);
-  if (!EnterOnce(normal, enteredFolders_)) {
+  return MarkMediaFolders(normal, LocalOrDrivePath(normal));
+}
+
+int DiscoveryScan::MarkMediaFolders(const std::string& normal, const std::string& local) {
+  if (progress_.cancel) return 0;
+  if (!EnterOnce(local, enteredFolders_)) {
     // Looked at before the walk began; it changed since.
     if (normal == root_) report_.Refuse(FillMessage(ScanReport::kSystemFolder, {normal}));
     return 0;
   }
-  const platform::Listing listing = drives_.Files().List(normal, "*.*");
+  const platform::Listing listing = drives_.Files().List(local, "*.*");
   if (!listing.Listed()) return MarkUnlisted(normal, listing.status);
   NoteSkipped(listing);
   int count = HoldsAudioFiles(listing.entries) ? 1 : 0;
   for (const auto& entry : listing.entries)
-    if (entry.IsFolder()) count += MarkMediaFolders(normal + entry.name);
+    if (entry.IsFolder())
+      count += MarkMediaFolders(NormalizeFolder(normal + entry.name), SubfolderPath(local, entry.name));
   if (count > 0) mediaFolders_.insert(normal);
   return count;
 }
@@ -116,14 +135,10 @@ IdList DiscoveryScan::FilesOf(const IdList& paths) const {
   return files;
 }
 
-// In the catalogue (one transaction) and in the index alike.
+// In the index; the catalogue takes the bits that changed with the sweep.
 void DiscoveryScan::SetDirtyBits(const IdList& paths, const IdList& files, int bit) {
-  db_.Begin();
-  db_.SetPathsDirtyBit(paths, bit);
-  db_.SetFilesDirtyBit(files, bit);
-  db_.Commit();
   for (std::int32_t pathId : paths) index_.SetPathDirtyBit(pathId, bit);
-  for (std::int32_t fileId : files) index_.File(fileId)->DirtyBit = bit;
+  for (std::int32_t fileId : files) index_.SetFileDirtyBit(fileId, bit);
 }
 
 IdList DiscoveryScan::SubtreeOf(const std::string& root, int volId) {
@@ -148,16 +163,23 @@ void DiscoveryScan::MarkSubtreeDirty(const std::string& root, int volId) {
 }
 
 int DiscoveryScan::ScanFolder(const std::string& folder, int parentId, int volId) {
+  return ScanFolder(folder, LocalOrDrivePath(folder), parentId, volId);
+}
+
+int DiscoveryScan::ScanFolder(const std::string& folder, const std::string& listed, int parentId,
+                              int volId) {
   if (!mediaFolders_.count(folder)) return 0;
   if (progress_.cancel) return 0;
   if (notListed_.count(folder)) {
     KeepStoredSubtree(folder);
     return 0;
   }
-  if (!EnterOnce(folder, recordedFolders_)) return 0;
+  // The Linux path serves the listing and all of the folder's new files.
+  const std::string localFolder = listed.starts_with('/') ? listed : "";
+  if (!EnterOnce(listed, recordedFolders_)) return 0;
   progress_.SetStatus(folder);
   // One listing gives both the audio files and the sub-folders.
-  const platform::Listing listing = drives_.Files().List(folder, "*.*");
+  const platform::Listing listing = drives_.Files().List(listed, "*.*");
   if (!listing.Listed()) {
     if (KeepsUnlisted(folder, listing.status)) KeepStoredSubtree(folder);
     return 0;
@@ -170,30 +192,25 @@ int DiscoveryScan::ScanFolder(const std::string& folder, int parentId, int volId
       names.push_back(entry.name);
   }
 
-  db_.Begin();
+  // A folder that gains no row needs no transaction; one that does gains its
+  // rows in one.
+  const int known = index_.FindPath(GetFolderPart(folder));
+  const bool adds = known == -1 || std::any_of(names.begin(), names.end(), [&](const std::string& name) {
+                      return index_.FindFile(known, name) == -1;
+                    });
+  if (adds) db_.Begin();
   const int pathId = FindOrAddPath(folder, parentId, volId);
-  if (index_.Path(pathId)->DirtyBit != 0) {
-    db_.SetPathDirtyBit(pathId, 0);
-    index_.SetPathDirtyBit(pathId, 0);
-  }
-  // The folder is resolved to a Linux path once, for all of its new files.
-  const std::string localFolder = drives_.Files().LocalPath(folder);
-  IdList seenAgain;
+  index_.SetPathDirtyBit(pathId, 0);
   for (const std::string& name : names) {
     const std::string localPath = localFolder.empty() ? "" : localFolder + name;
     const int fileId = FindOrAddFile(MakeFullPath("", folder, name), pathId, volId, localPath);
-    FileRow* file = fileId == -1 ? nullptr : index_.File(fileId);
-    if (file && file->DirtyBit != 0) {
-      seenAgain.push_back(fileId);
-      file->DirtyBit = 0;
-    }
+    if (fileId != -1) index_.SetFileDirtyBit(fileId, 0);
   }
-  db_.SetFilesDirtyBit(seenAgain, 0);
-  db_.Commit();
+  if (adds) db_.Commit();
 
   int count = static_cast<int>(names.size());
   for (const std::string& name : subfolders)
-    count += ScanFolder(NormalizeFolder(folder + name), pathId, volId);
+    count += ScanFolder(NormalizeFolder(folder + name), SubfolderPath(listed, name), pathId, volId);
   return count;
 }
 
@@ -226,20 +243,26 @@ int DiscoveryScan::FindOrAddFile(const std::string& fullPath, int pathId, int vo
 }
 
 void DiscoveryScan::SweepSubtree(const std::string& root, int volId) {
-  const IdList subtree = SubtreeOf(root, volId);
-  if (subtree.empty()) return;
   IdList goneFiles, gonePaths;
-  for (std::int32_t pathId : subtree) {
+  for (std::int32_t pathId : SubtreeOf(root, volId)) {
     const PathRow* path = index_.Path(pathId);
     const bool pathGone = path && path->DirtyBit == 1;
     for (int fileId : index_.FilesOf(pathId))
-      if (pathGone || index_.File(fileId)->DirtyBit == 1) goneFiles.push_back(fileId);
+      if (pathGone || index_.FileDirtyBit(fileId) == 1) goneFiles.push_back(fileId);
     if (pathGone) gonePaths.push_back(pathId);
   }
+  index_.RemoveFiles(goneFiles);
+  index_.RemovePaths(gonePaths);
+  // The rows that stay take the dirty bits the walk left them, in the
+  // transaction of the removals: a rescan that changed nothing writes nothing.
+  VolumeIndex::DirtyBitChanges bits = index_.TakeDirtyBitChanges();
+  if (goneFiles.empty() && gonePaths.empty() && bits.Empty()) return;
   db_.Begin();
   db_.DeleteFiles(goneFiles);
   db_.DeletePaths(gonePaths);
+  db_.SetPathsDirtyBit(bits.pathsSet, 1);
+  db_.SetPathsDirtyBit(bits.pathsCleared, 0);
+  db_.SetFilesDirtyBit(bits.filesSet, 1);
+  db_.SetFilesDirtyBit(bits.filesCleared, 0);
   db_.Commit();
-  index_.RemoveFiles(goneFiles);
-  index_.RemovePaths(gonePaths);
 }

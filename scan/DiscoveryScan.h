@@ -66,6 +66,12 @@ class DiscoveryScan {
  private:
   using FolderSet = std::set<std::pair<std::uint64_t, std::uint64_t>>;
 
+  // The folder's Linux path, or the drive path when its drive has no root.
+  std::string LocalOrDrivePath(const std::string& folder) const;
+  static std::string SubfolderPath(const std::string& folderPath, const std::string& name);
+  // As the public ones, with the folder's path as LocalOrDrivePath gives it.
+  int MarkMediaFolders(const std::string& normal, const std::string& local);
+  int ScanFolder(const std::string& folder, const std::string& listed, int parentId, int volId);
   bool HoldsAudioFiles(const std::vector<platform::DirEntry>& entries) const;
   IdList SubtreeOf(const std::string& root, int volId);
   // The files the index holds for the folders.

@@ -4,8 +4,18 @@
 
 TagReadAhead::TagReadAhead(TagReader& reader, std::vector<std::string> fullPaths,
                            unsigned threads, std::size_t window)
-    : reader_(reader), fullPaths_(std::move(fullPaths)), slots_(window == 0 ? 1 : window) {
-  if (fullPaths_.empty()) return;
+    : TagReadAhead(reader, std::make_shared<const std::vector<std::string>>(std::move(fullPaths)),
+                   threads, window) {}
+
+TagReadAhead::TagReadAhead(TagReader& reader, std::shared_ptr<const std::vector<std::string>> paths,
+                           unsigned threads, std::size_t window)
+    : TagReadAhead(reader, paths->size(), [paths](std::size_t i) { return (*paths)[i]; }, threads,
+                   window) {}
+
+TagReadAhead::TagReadAhead(TagReader& reader, std::size_t count, PathOf pathOf, unsigned threads,
+                           std::size_t window)
+    : reader_(reader), count_(count), pathOf_(std::move(pathOf)), slots_(window == 0 ? 1 : window) {
+  if (count_ == 0) return;
   for (unsigned i = 0; i < (threads == 0 ? 1 : threads); ++i)
     threads_.emplace_back([this] { ReadFiles(); });
 }
@@ -29,16 +39,16 @@ void TagReadAhead::ReadFiles() {
       // Wait for room: a result may run at most one window ahead of the worker.
       ++readersWaiting_;
       roomFree_.wait(lock, [&] {
-        return stopping_ || nextToRead_ >= fullPaths_.size() || nextToRead_ < taken_ + slots_.size();
+        return stopping_ || nextToRead_ >= count_ || nextToRead_ < taken_ + slots_.size();
       });
       --readersWaiting_;
-      if (stopping_ || nextToRead_ >= fullPaths_.size()) return;
+      if (stopping_ || nextToRead_ >= count_) return;
       job = nextToRead_++;
     }
     CMediaFile record;
     std::exception_ptr error;
     try {
-      reader_.GetTag(fullPaths_[job], record);
+      reader_.GetTag(pathOf_(job), record);
     } catch (...) {
       error = std::current_exception();
     }

@@ -12,6 +12,8 @@
 #include <condition_variable>
 #include <cstddef>
 #include <exception>
+#include <functional>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <thread>
@@ -24,6 +26,11 @@ class TagReader;
 class TagReadAhead {
  public:
   TagReadAhead(TagReader& reader, std::vector<std::string> fullPaths, unsigned threads,
+               std::size_t window = 64);
+  // The full path of file i, made when a reader comes to it (on a reader
+  // thread), so that a long list costs no memory of its own.
+  using PathOf = std::function<std::string(std::size_t)>;
+  TagReadAhead(TagReader& reader, std::size_t count, PathOf pathOf, unsigned threads,
                std::size_t window = 64);
   // Stops reading and waits for the reader threads, each of which finishes the
   // file it is reading.
@@ -48,6 +55,9 @@ class TagReadAhead {
   void Stop();
 
  private:
+  TagReadAhead(TagReader& reader, std::shared_ptr<const std::vector<std::string>> paths,
+               unsigned threads, std::size_t window);
+
   struct Slot {
     std::size_t job = 0;  // job + 1 once filled; 0 while empty
     CMediaFile record;
@@ -57,7 +67,8 @@ class TagReadAhead {
   void ReadFiles();
 
   TagReader& reader_;
-  const std::vector<std::string> fullPaths_;
+  const std::size_t count_;
+  const PathOf pathOf_;
   std::vector<Slot> slots_;
   std::size_t nextToRead_ = 0;
   std::size_t taken_ = 0;

@@ -1,6 +1,7 @@
 #include "scan/TagScan.h"
 
 #include <cstdlib>
+#include <string_view>
 
 #include "base/WorkerProgress.h"
 #include "catalogue/MediaDB.h"
@@ -19,8 +20,8 @@ constexpr int kStored = 2;
 
 // WMA files whose names end in lower-case "wma" are left unread on purpose;
 // SONG.WMA is read.
-bool LeftUnread(const std::string& fileName) {
-  return fileName.size() >= 3 && fileName.compare(fileName.size() - 3, 3, "wma") == 0;
+bool LeftUnread(std::string_view fileName) {
+  return fileName.size() >= 3 && fileName.substr(fileName.size() - 3) == "wma";
 }
 
 void CopyTagsAndProperties(const CMediaFile& read, CMediaFile& file) {
@@ -44,8 +45,8 @@ TagScan::TagScan(MediaDB& db, TagReader& reader, platform::MessageBox& messages,
       progress_(progress),
       readerThreads_(readerThreads) {}
 
-bool TagScan::ToRead(const FileRow& row) {
-  return row.ScanState == kTagsNotRead && !LeftUnread(row.FileName);
+bool TagScan::ToRead(const VolumeIndex& index, int fileId) {
+  return index.FileScanState(fileId) == kTagsNotRead && !LeftUnread(index.FileName(fileId));
 }
 
 void TagScan::Run(const std::string& root, int volId, VolumeIndex& index) {
@@ -54,16 +55,27 @@ void TagScan::Run(const std::string& root, int volId, VolumeIndex& index) {
   if (rootId == -1) return;
   const IdList subtree = db_.GetSubtreePathIds(rootId);
 
-  // The files to read, in the order the loop below stores them.
-  std::vector<std::string> toRead;
-  for (std::int32_t pathId : subtree) {
-    const PathRow* folder = index.Path(pathId);
-    for (int fileId : index.FilesOf(pathId)) {
-      const FileRow* row = index.File(fileId);
-      if (folder && ToRead(*row)) toRead.push_back(MakeFullPath(drive, folder->FullPath, row->FileName));
-    }
-  }
-  TagReadAhead readAhead(reader_, std::move(toRead), readerThreads_);
+  // The files to read, in the order the loop below stores them: the folder
+  // (its place in the subtree) and the file, whose full path a reader thread
+  // makes when it comes to it. Counted first, so the list takes no more room
+  // than it needs.
+  std::size_t count = 0;
+  for (std::int32_t pathId : subtree)
+    if (index.Path(pathId))
+      for (int fileId : index.FilesOf(pathId)) count += ToRead(index, fileId) ? 1 : 0;
+  std::vector<std::pair<std::uint32_t, std::int32_t>> toRead;
+  toRead.reserve(count);
+  for (std::size_t at = 0; at < subtree.size(); ++at)
+    if (index.Path(subtree[at]))
+      for (int fileId : index.FilesOf(subtree[at]))
+        if (ToRead(index, fileId)) toRead.emplace_back(static_cast<std::uint32_t>(at), fileId);
+  TagReadAhead readAhead(
+      reader_, toRead.size(),
+      [&](std::size_t i) {
+        const auto [at, fileId] = toRead[i];
+        return MakeFullPath(drive, index.Path(subtree[at])->FullPath, std::string(index.FileName(fileId)));
+      },
+      readerThreads_);
   std::size_t taken = 0;
 
   for (std::int32_t pathId : subtree) {
@@ -72,8 +84,8 @@ void TagScan::Run(const std::string& root, int volId, VolumeIndex& index) {
     const std::vector<int> fileIds = index.FilesOf(pathId);
     const int n = static_cast<int>(fileIds.size());
     for (int i = 0; i < n; ++i) {
-      FileRow* row = index.File(fileIds[i]);
-      const bool unread = folder && ToRead(*row);
+      const int fileId = fileIds[i];
+      const bool unread = folder && ToRead(index, fileId);
       if (progress_.cancel || (unread && !readAhead.WaitFor(taken, progress_.cancel))) {
         readAhead.Stop();
         return;
@@ -81,12 +93,12 @@ void TagScan::Run(const std::string& root, int volId, VolumeIndex& index) {
       if (unread) {
         // An unread row holds no tags yet: a fresh record stands for it.
         CMediaFile record;
-        record.FileID = row->FileID;
-        record.PathID = row->PathID;
+        record.FileID = fileId;
+        record.PathID = static_cast<int>(pathId);
         record.VolID = volId;
-        record.FileName = row->FileName;
+        record.FileName = index.FileName(fileId);
         ScanFileTags(record, [&](CMediaFile& file) { CopyTagsAndProperties(readAhead.Take(taken++), file); });
-        row->ScanState = kStored;
+        index.SetFileScanState(fileId, kStored);
       }
       progress_.progress = 100 * i / n;
     }

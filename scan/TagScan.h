@@ -38,7 +38,7 @@ class TagScan {
 
  private:
   [[noreturn]] void EndAfterReaderFailure();
-  static bool ToRead(const FileRow& row);
+  static bool ToRead(const VolumeIndex& index, int fileId);
 
   MediaDB& db_;
   TagReader& reader_;

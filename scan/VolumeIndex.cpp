@@ -1,15 +1,20 @@
 #include "scan/VolumeIndex.h"
 
 #include <algorithm>
+#include <functional>
+#include <limits>
 #include <unordered_set>
 
 void VolumeIndex::Load(MediaDB& db, int volId) {
   folders_.clear();
   pathByFullPath_.clear();
-  files_.clear();
   pathOrder_.clear();
+  files_.clear();
+  names_.clear();
+  byName_.assign(1024, 0);
+  named_ = 0;
   for (const PathRow& row : db.GetVolumePathRows(volId)) AddPath(row);
-  for (const FileRow& row : db.GetVolumeFileRows(volId)) AddFile(row);
+  db.ForEachVolumeFileRow(volId, [&](const FileRow& row) { AddFile(row); });
 }
 
 int VolumeIndex::FindPath(const std::string& fullPath) const {
@@ -17,11 +22,17 @@ int VolumeIndex::FindPath(const std::string& fullPath) const {
   return found == pathByFullPath_.end() ? -1 : found->second;
 }
 
-int VolumeIndex::FindFile(int pathId, const std::string& fileName) const {
-  const auto folder = folders_.find(pathId);
-  if (folder == folders_.end()) return -1;
-  const auto found = folder->second.fileByName.find(fileName);
-  return found == folder->second.fileByName.end() ? -1 : found->second;
+std::size_t VolumeIndex::HashOf(int pathId, std::string_view name) {
+  return std::hash<std::string_view>{}(name) ^ (static_cast<std::size_t>(pathId) * 0x9E3779B97F4A7C15ull);
+}
+
+int VolumeIndex::FindFile(int pathId, std::string_view fileName) const {
+  const std::size_t mask = byName_.size() - 1;
+  for (std::size_t at = HashOf(pathId, fileName) & mask; byName_[at] != 0; at = (at + 1) & mask) {
+    const FileSlot& slot = files_[byName_[at] - 1];
+    if (slot.pathId == pathId && NameOf(slot) == fileName) return slot.id;
+  }
+  return -1;
 }
 
 const PathRow* VolumeIndex::Path(int pathId) const {
@@ -29,9 +40,20 @@ const PathRow* VolumeIndex::Path(int pathId) const {
   return folder == folders_.end() ? nullptr : &folder->second.row;
 }
 
-FileRow* VolumeIndex::File(int fileId) {
-  const auto found = files_.find(fileId);
-  return found == files_.end() ? nullptr : &found->second;
+const VolumeIndex::FileSlot* VolumeIndex::Slot(int fileId) const {
+  const auto found = std::lower_bound(files_.begin(), files_.end(), fileId,
+                                      [](const FileSlot& slot, int id) { return slot.id < id; });
+  return found == files_.end() || found->id != fileId || found->gone ? nullptr : &*found;
+}
+
+VolumeIndex::FileSlot* VolumeIndex::Slot(int fileId) {
+  return const_cast<FileSlot*>(static_cast<const VolumeIndex*>(this)->Slot(fileId));
+}
+
+std::string_view VolumeIndex::FileName(int fileId) const { return NameOf(*Slot(fileId)); }
+
+void VolumeIndex::SetFileScanState(int fileId, int state) {
+  if (FileSlot* slot = Slot(fileId)) slot->scanState = static_cast<std::int8_t>(std::clamp(state, -128, 127));
 }
 
 const std::vector<int>& VolumeIndex::FilesOf(int pathId) const {
@@ -41,17 +63,59 @@ const std::vector<int>& VolumeIndex::FilesOf(int pathId) const {
 }
 
 void VolumeIndex::AddPath(const PathRow& row) {
-  folders_[row.PathID].row = row;
+  Folder& folder = folders_[row.PathID];
+  folder.row = row;
+  folder.storedDirty = row.DirtyBit;
   // Two rows with one stored path: the first in catalogue order is the one found.
   pathByFullPath_.emplace(row.FullPath, row.PathID);
   pathOrder_.push_back(row.PathID);
 }
 
 void VolumeIndex::AddFile(const FileRow& row) {
-  files_[row.FileID] = row;
-  Folder& folder = folders_[row.PathID];
-  folder.files.push_back(row.FileID);
-  folder.fileByName.emplace(row.FileName, row.FileID);
+  FileSlot slot;
+  slot.id = row.FileID;
+  slot.pathId = row.PathID;
+  slot.nameAt = static_cast<std::uint32_t>(names_.size());
+  const std::string_view name =
+      std::string_view(row.FileName).substr(0, std::numeric_limits<std::uint16_t>::max());
+  slot.nameLength = static_cast<std::uint16_t>(name.size());
+  slot.scanState = static_cast<std::int8_t>(std::clamp(row.ScanState, -128, 127));
+  slot.dirty = slot.storedDirty = row.DirtyBit != 0 ? 1 : 0;
+  names_ += name;
+  // Ids rise along the catalogue; one that does not goes in its place.
+  auto at = files_.end();
+  if (!files_.empty() && files_.back().id >= row.FileID)
+    at = std::upper_bound(files_.begin(), files_.end(), row.FileID,
+                          [](int id, const FileSlot& s) { return id < s.id; });
+  const bool inOrder = at == files_.end();
+  files_.insert(at, slot);
+  folders_[row.PathID].files.push_back(row.FileID);
+  if (!inOrder) {
+    Rehash(byName_.size());  // slot numbers moved
+    return;
+  }
+  if (2 * (named_ + 1) > byName_.size()) Rehash(2 * byName_.size());
+  Enter(static_cast<std::uint32_t>(files_.size() - 1));
+}
+
+void VolumeIndex::Enter(std::uint32_t slot) {
+  const FileSlot& file = files_[slot];
+  const std::string_view name = NameOf(file);
+  const std::size_t mask = byName_.size() - 1;
+  std::size_t at = HashOf(file.pathId, name) & mask;
+  for (; byName_[at] != 0; at = (at + 1) & mask) {
+    const FileSlot& other = files_[byName_[at] - 1];
+    if (other.pathId == file.pathId && NameOf(other) == name) return;  // the first stays found
+  }
+  byName_[at] = slot + 1;
+  ++named_;
+}
+
+void VolumeIndex::Rehash(std::size_t capacity) {
+  byName_.assign(std::max<std::size_t>(capacity, 1024), 0);
+  named_ = 0;
+  for (std::size_t i = 0; i < files_.size(); ++i)
+    if (!files_[i].gone) Enter(static_cast<std::uint32_t>(i));
 }
 
 void VolumeIndex::SetPathDirtyBit(int pathId, int bit) {
@@ -59,23 +123,44 @@ void VolumeIndex::SetPathDirtyBit(int pathId, int bit) {
   if (folder != folders_.end()) folder->second.row.DirtyBit = bit;
 }
 
+void VolumeIndex::SetFileDirtyBit(int fileId, int bit) {
+  if (FileSlot* slot = Slot(fileId)) slot->dirty = bit != 0 ? 1 : 0;
+}
+
+VolumeIndex::DirtyBitChanges VolumeIndex::TakeDirtyBitChanges() {
+  DirtyBitChanges changes;
+  for (auto& [pathId, folder] : folders_) {
+    if (folder.row.DirtyBit == folder.storedDirty) continue;
+    (folder.row.DirtyBit ? changes.pathsSet : changes.pathsCleared).push_back(pathId);
+    folder.storedDirty = folder.row.DirtyBit;
+  }
+  // Sorted, so that the writes go through the catalogue in key order.
+  std::sort(changes.pathsSet.begin(), changes.pathsSet.end());
+  std::sort(changes.pathsCleared.begin(), changes.pathsCleared.end());
+  for (FileSlot& slot : files_) {
+    if (slot.gone || slot.dirty == slot.storedDirty) continue;
+    (slot.dirty ? changes.filesSet : changes.filesCleared).push_back(slot.id);
+    slot.storedDirty = slot.dirty;
+  }
+  return changes;
+}
+
 void VolumeIndex::RemoveFiles(const IdList& fileIds) {
+  if (fileIds.empty()) return;
   std::unordered_set<int> gone(fileIds.begin(), fileIds.end());
   std::unordered_set<int> touchedFolders;
   for (int id : gone) {
-    const auto found = files_.find(id);
-    if (found == files_.end()) continue;
-    Folder& folder = folders_[found->second.PathID];
-    const auto byName = folder.fileByName.find(found->second.FileName);
-    if (byName != folder.fileByName.end() && byName->second == id) folder.fileByName.erase(byName);
-    touchedFolders.insert(found->second.PathID);
-    files_.erase(found);
+    FileSlot* slot = Slot(id);
+    if (!slot) continue;
+    slot->gone = true;
+    touchedFolders.insert(slot->pathId);
   }
   for (int pathId : touchedFolders) {
     auto& ids = folders_[pathId].files;
     ids.erase(std::remove_if(ids.begin(), ids.end(), [&](int id) { return gone.count(id) > 0; }),
               ids.end());
   }
+  Rehash(byName_.size());
 }
 
 void VolumeIndex::RemovePaths(const IdList& pathIds) {

@@ -86,8 +86,7 @@ void CMediaList::FillWithFolder(int pathId) {
 void CMediaList::FillWithPlayList(int playListId) {
   const auto playList = db_.GetPlayList(playListId);
   if (!playList) return;
-  for (std::int32_t id : ParseIdList(playList->FileIDs))
-    if (const auto file = db_.GetFile(id)) AddRow(*file);
+  for (const MediaListRow& row : db_.FileListRows(ParseIdList(playList->FileIDs))) AppendRow(row);
 }
 
 void CMediaList::FillWithSearch(const std::string& text) {

@@ -27,8 +27,16 @@ IdList Sorted(IdList ids) {
   return ids;
 }
 
-TEST_F(CatalogueTest, NewCatalogueHoldsExactlyTheFiveTables) {
-  const auto objects = SchemaObjects(folder.Path() + "/Quillora.db");
+TEST_F(CatalogueTest, NewCatalogueHoldsExactlyTheFiveTablesAndItsIndexes) {
+  auto objects = SchemaObjects(folder.Path() + "/Quillora.db");
+  const auto index = std::partition(objects.begin(), objects.end(),
+                                    [](const std::string& o) { return o.starts_with("table "); });
+  EXPECT_EQ(std::vector<std::string>(index, objects.end()),
+            (std::vector<std::string>{
+                "index vantrelle_files_by_path: CREATE INDEX vantrelle_files_by_path ON MediaFiles(PathID)",
+                "index vantrelle_paths_by_parent: CREATE INDEX vantrelle_paths_by_parent ON MediaPaths(ParentID)",
+                "index vantrelle_paths_by_volume: CREATE INDEX vantrelle_paths_by_volume ON MediaPaths(VolID,ParentID)"}));
+  objects.erase(index, objects.end());
   ASSERT_EQ(objects.size(), 5u);
   EXPECT_EQ(objects[0],
             "table Configs: CREATE TABLE Configs(ConfigID INTEGER, Value TEXT)");
@@ -44,6 +52,38 @@ TEST_F(CatalogueTest, NewCatalogueHoldsExactlyTheFiveTables) {
             "TEXT, FileIDs TEXT)");
   MediaDB again;
   EXPECT_EQ(again.Open(folder.Path() + "/"), 0);
+}
+
+TEST_F(CatalogueTest, ACatalogueWithoutIndexesGainsThemAndRemovesSubtreesInTwoStatements) {
+  for (const char* index : {"vantrelle_files_by_path", "vantrelle_paths_by_parent", "vantrelle_paths_by_volume"})
+    db.ExecuteChange((std::string("DROP INDEX ") + index + ";").c_str());
+  const int vol = AddVolume("1", 3);
+  const int music = AddPath(vol, "\\Music\\");
+  const int rock = AddPath(vol, "\\Music\\Rock\\", music);
+  AddFile(vol, music, "a.mp3");
+  const int last = AddFile(vol, rock, "b.mp3");
+  MediaDB reopened;
+  ASSERT_EQ(reopened.Open(folder.Path() + "/"), 0);
+  EXPECT_EQ(reopened.QueryInt("SELECT count(*) FROM sqlite_master WHERE type='index';"), 3);
+
+  std::vector<std::string> statements;
+  reopened.ObserveStatements([&](const char* sql) { statements.emplace_back(sql); });
+  reopened.DeletePathTree(music);
+  reopened.ObserveStatements({});
+  EXPECT_EQ(std::count_if(statements.begin(), statements.end(),
+                          [](const std::string& s) { return s.starts_with("DELETE"); }),
+            2);
+  EXPECT_EQ(reopened.QueryInt("SELECT count(*) FROM MediaFiles;"), 0);
+  EXPECT_EQ(reopened.QueryInt("SELECT count(*) FROM MediaPaths;"), 0);
+  // The removed rows held the highest ids: none is handed out again.
+  CMediaPath jazz;
+  jazz.VolID = vol;
+  jazz.FullPath = "\\Jazz\\";
+  EXPECT_GT(reopened.AddPath(jazz), rock);
+  CMediaFile file;
+  file.VolID = vol;
+  file.PathID = jazz.PathID;
+  EXPECT_GT(reopened.AddFile(file), last);
 }
 
 TEST_F(CatalogueTest, TextsWithQuotesAndOddLettersRoundTrip) {

@@ -73,9 +73,16 @@ TEST_F(ScanTest, RescansKeepIdsAndEditsAndRemoveExactlyWhatVanished) {
   edited->Rating = 5;
   db.UpdateFileUserInfo(*edited);
 
-  std::vector<std::string> read;
+  std::vector<std::string> read, changes;
   reader.beforeRead = [&](const std::string& path) { read.push_back(path); };
+  db.ObserveStatements([&](const char* sql) {
+    const std::string text = sql;
+    if (text.starts_with("UPDATE") || text.starts_with("INSERT") || text.starts_with("DELETE"))
+      changes.push_back(text);
+  });
   Scan(3, "C:\\Music\\");
+  db.ObserveStatements({});
+  EXPECT_EQ(changes, std::vector<std::string>{});  // nothing changed, nothing written
   EXPECT_EQ(CataloguedFolders(), folders);
   EXPECT_EQ(CataloguedFiles(), files);
   EXPECT_TRUE(read.empty());  // nothing is read twice

@@ -15,10 +15,11 @@ class FailingListings : public platform::LinuxFileSystem {
  public:
   using LinuxFileSystem::LinuxFileSystem;
 
-  // The folder as the caller spells it ("C:\Music\Locked\"); nth 1 fails every listing.
+  // The folder as a drive path ("C:\Music\Locked\") or its Linux path, which
+  // name it alike; nth 1 fails every listing.
   void FailFrom(const std::string& folder, int nth = 1) {
     std::lock_guard lock(mutex_);
-    listingsLeft_[folder] = nth - 1;
+    listingsLeft_[LocalPath(folder)] = nth - 1;
   }
   void Heal() {
     std::lock_guard lock(mutex_);
@@ -27,7 +28,7 @@ class FailingListings : public platform::LinuxFileSystem {
 
   platform::Listing List(const std::string& folder, const std::string& pattern) const override {
     std::unique_lock lock(mutex_);
-    const auto found = listingsLeft_.find(folder);
+    const auto found = listingsLeft_.find(LocalPath(folder));
     if (found == listingsLeft_.end() || found->second-- > 0) {
       lock.unlock();
       return LinuxFileSystem::List(folder, pattern);

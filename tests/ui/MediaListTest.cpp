@@ -40,7 +40,7 @@ TEST_F(MediaListTest, RowsShowUserTextsOverTagsRatingsLengthsAndVolumes) {
                            "2|Mine|Me|b.mp3|          | 0:59|[drive E:]",
                            "3|||c.mp3|**********|100:00|[drive E:]"};
   EXPECT_EQ(Rows(), folderRows);
-  // A play list's rows are loaded file by file, and look the same.
+  // A play list's rows come in its order and look the same.
   app->Tree().SelectNode(Node(80000001));
   EXPECT_EQ(Rows(), (Strings{"4|It's  abc||d.mp3|          |10:00|Jazz 1", folderRows[0], folderRows[1],
                              folderRows[2]}));
@@ -51,11 +51,25 @@ TEST_F(MediaListTest, QuickSearchTrimsTrailingBlanksOnlyAndSelectsSearchResults)
   EXPECT_EQ(Search("   abc"), Strings{});
   EXPECT_EQ(Search("'s"), Strings{"4"});
   EXPECT_EQ(Search("SONG"), (Strings{"1", "2"}));
-  EXPECT_EQ(Search("%"), (Strings{"1", "2", "3", "4"}));
+  EXPECT_EQ(Search("%"), Strings{});  // a plain character, as "_" and "\\" are
   app->Tree().SelectNode(Node(folderId));
   EXPECT_EQ(Search(" \t"), Strings{});
   EXPECT_EQ(tree.selected, Node(70000003));
   EXPECT_TRUE(tree.At(Node(70000003)).bold);
+}
+
+TEST_F(MediaListTest, QuickSearchMatchesLiterallyAndFoldsTheCaseOfEveryLetter) {
+  AddFile(folderId, "100% Łódź_\\.mp3");
+  Exec("UPDATE MediaFiles SET id3Artist='Édith Ñu',id3Title='ΣΊΣΥΦΟΣ' WHERE FileID=5;");
+  Exec("UPDATE MediaFiles SET Title='10 a1' WHERE FileID=3;");
+  EXPECT_EQ(Search("0%"), Strings{"5"});
+  EXPECT_EQ(Search("łÓDŹ"), Strings{"5"});
+  EXPECT_EQ(Search("édith ñ"), Strings{"5"});
+  EXPECT_EQ(Search("ÉDITH"), Strings{"5"});
+  EXPECT_EQ(Search("σίσυφος"), Strings{"5"});  // the final sigma meets the capital
+  EXPECT_EQ(Search("_\\."), Strings{"5"});
+  EXPECT_EQ(Search("a_"), Strings{});
+  EXPECT_EQ(Search("1"), (Strings{"3", "5"}));  // catalogue order
 }
 
 TEST_F(MediaListTest, FileInfoKeepsUserTextsUnlessTheEditDiffersFromTheTag) {

@@ -1,0 +1,120 @@
+#include "base/CaseFold.h"
+
+#include <cstring>
+#include <cwctype>
+
+namespace {
+
+// The length of the UTF-8 sequence at text[i] and its code point, or 0 when
+// the bytes there are not a valid sequence.
+std::size_t DecodeAt(std::string_view text, std::size_t i, char32_t& c) {
+  const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[i + k]); };
+  const unsigned char lead = byte(0);
+  std::size_t length = 0;
+  char32_t min = 0;
+  if (lead >= 0xC2 && lead <= 0xDF) length = 2, c = lead & 0x1F, min = 0x80;
+  else if (lead >= 0xE0 && lead <= 0xEF) length = 3, c = lead & 0x0F, min = 0x800;
+  else if (lead >= 0xF0 && lead <= 0xF4) length = 4, c = lead & 0x07, min = 0x10000;
+  else return 0;
+  if (i + length > text.size()) return 0;
+  for (std::size_t k = 1; k < length; ++k) {
+    if ((byte(k) & 0xC0) != 0x80) return 0;
+    c = (c << 6) | (byte(k) & 0x3F);
+  }
+  if (c < min || c > 0x10FFFF || (c >= 0xD800 && c <= 0xDFFF)) return 0;
+  return length;
+}
+
+void Encode(char32_t c, std::string& out) {
+  if (c < 0x80) {
+    out += static_cast<char>(c);
+  } else if (c < 0x800) {
+    out += static_cast<char>(0xC0 | (c >> 6));
+    out += static_cast<char>(0x80 | (c & 0x3F));
+  } else if (c < 0x10000) {
+    out += static_cast<char>(0xE0 | (c >> 12));
+    out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+    out += static_cast<char>(0x80 | (c & 0x3F));
+  } else {
+    out += static_cast<char>(0xF0 | (c >> 18));
+    out += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
+    out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+    out += static_cast<char>(0x80 | (c & 0x3F));
+  }
+}
+
+char AsciiFold(unsigned char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c); }
+
+}  // namespace
+
+CaseFold::CaseFold() : utf8_(newlocale(LC_CTYPE_MASK, "C.UTF-8", static_cast<locale_t>(nullptr))) {}
+
+CaseFold::~CaseFold() {
+  if (utf8_) freelocale(utf8_);
+}
+
+char32_t CaseFold::FoldCodePoint(char32_t c) const {
+  if (!utf8_) return c;  // no Unicode tables: only A to Z fold
+  const auto wide = static_cast<wint_t>(c);
+  return static_cast<char32_t>(towlower_l(towupper_l(wide, utf8_), utf8_));
+}
+
+void CaseFold::AppendFolded(std::string_view text, std::string& out) const {
+  for (std::size_t i = 0; i < text.size();) {
+    const auto lead = static_cast<unsigned char>(text[i]);
+    if (lead < 0x80) {
+      out += AsciiFold(lead);
+      ++i;
+      continue;
+    }
+    char32_t c = 0;
+    const std::size_t length = DecodeAt(text, i, c);
+    if (length == 0) {
+      out += text[i++];
+      continue;
+    }
+    Encode(FoldCodePoint(c), out);
+    i += length;
+  }
+}
+
+std::string CaseFold::Fold(std::string_view text) const {
+  std::string folded;
+  folded.reserve(text.size());
+  AppendFolded(text, folded);
+  return folded;
+}
+
+namespace {
+
+// Whether an all-ASCII text holds the folded part, comparing as it goes; -1
+// when the text holds a byte above ASCII (which may fold to anything).
+int AsciiHolds(std::string_view text, std::string_view part) {
+  const auto first = static_cast<unsigned char>(part[0]);
+  const unsigned char firstUpper = first >= 'a' && first <= 'z' ? first - ('a' - 'A') : first;
+  const std::size_t last = text.size() >= part.size() ? text.size() - part.size() : 0;
+  bool found = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const auto c = static_cast<unsigned char>(text[i]);
+    if (c >= 0x80) return -1;
+    if (found || i > last || text.size() < part.size() || (c != first && c != firstUpper)) continue;
+    std::size_t k = 1;
+    while (k < part.size() && AsciiFold(static_cast<unsigned char>(text[i + k])) == part[k]) ++k;
+    found = k == part.size();
+  }
+  return found ? 1 : 0;
+}
+
+}  // namespace
+
+bool CaseFold::Holds(std::string_view text, std::string_view foldedPart) const {
+  if (foldedPart.empty()) return true;
+  if (static_cast<unsigned char>(foldedPart[0]) < 0x80) {
+    const int ascii = AsciiHolds(text, foldedPart);
+    if (ascii >= 0) return ascii == 1;
+  }
+  std::string folded;
+  folded.reserve(text.size() + 8);
+  AppendFolded(text, folded);
+  return folded.find(foldedPart) != std::string::npos;
+}
