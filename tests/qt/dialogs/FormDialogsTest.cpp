@@ -97,7 +97,7 @@ TEST(VolumeInfoDialog, TheVolumeNameIsReadOnlyAndEnterPressesUpdate) {
 
 TEST(OptionsDialog, ListsDrivesSortedAndTakesThePickedFolderAndTheChosenDrive) {
   QtOptionsDialog dialog;
-  OptionsForm form{"C:\\QORCache", {"E:\\", "D:\\"}, 0};
+  OptionsForm form{"C:\\QORCache", {"E:\\", "D:\\"}, 0, false};
   int browsed = 0;
   const auto browse = [&] {
     if (++browsed == 2) form.cachePath = "C:\\Chosen\\";  // the first pick is cancelled
