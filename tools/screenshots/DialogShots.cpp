@@ -45,7 +45,7 @@ std::unique_ptr<QWidget> VolumeInfo() {
 
 std::unique_ptr<QWidget> Options() {
   auto dialog = std::make_unique<QtOptionsDialog>();
-  dialog->Load({"C:\\QORCache", {"D:\\", "E:\\"}, 1});
+  dialog->Load({"C:\\QORCache", {"D:\\", "E:\\"}, 1, true});
   return dialog;
 }
 
