@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFileInfo>
 #include <QGroupBox>
@@ -114,11 +115,17 @@ TEST(OptionsDialog, ListsDrivesSortedAndTakesThePickedFolderAndTheChosenDrive) {
     QTest::mouseClick(ButtonSaying(shown, "..."), Qt::LeftButton);
     EXPECT_EQ(path.text(), "C:\\Chosen\\");
     QTest::keyClick(&drives, Qt::Key_Up);
+    auto& allFormats = *shown.findChild<QCheckBox*>();
+    EXPECT_EQ(allFormats.text(), "Catalogue every audio format");
+    EXPECT_FALSE(allFormats.isChecked());
+    EXPECT_TRUE(allFormats.toolTip().contains("next scan")) << allFormats.toolTip().toStdString();
+    allFormats.click();
     QTest::mouseClick(ButtonSaying(shown, "OK"), Qt::LeftButton);
   });
   EXPECT_EQ(dialog.RunModal(form, browse), kDialogOk);
   EXPECT_EQ(form.cachePath, "C:\\Chosen\\");
   EXPECT_EQ(form.selectedDrive, 1);  // "D:\" in the form's own order
+  EXPECT_TRUE(form.allFormats);
 }
 
 TEST(InputDialog, ShowsCaptionPromptAndLabelAndGivesTheLabelBackAfterTheRun) {
