@@ -17,7 +17,9 @@ CLibraryApp::CLibraryApp(std::string programFolder, PlatformServices services)
       playList_(db_),
       list_(db_, playList_),
       commands_(db_, settings_, drives_),
-      tree_(db_, commands_, list_) {}
+      tree_(db_, commands_, list_) {
+  list_.LocateFilesWith([this](int fileId) { return playback_.PresentPath(fileId); });
+}
 
 CLibraryApp::StartResult CLibraryApp::Start() {
   lock_ = std::make_unique<platform::CatalogueLock>(settings_.programFolder + MediaDB::kFileName);

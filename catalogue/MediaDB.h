@@ -109,6 +109,8 @@ class MediaDB {
   int SetFilesDirtyBit(const IdList& fileIds, int bit);
   int DeleteFiles(const IdList& fileIds);
   int DeletePaths(const IdList& pathIds);
+  // How many files of these folders have a Type above the given one.
+  int CountFilesOfTypeAbove(const IdList& pathIds, int type);
 
   int SetConfig(int configId, const std::string& value, bool insert);
   std::string GetConfig(int configId);

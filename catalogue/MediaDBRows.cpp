@@ -91,6 +91,14 @@ int MediaDB::DeletePaths(const IdList& pathIds) {
   return ExecuteForIds("DELETE FROM MediaPaths WHERE PathID IN (%s);", pathIds);
 }
 
+int MediaDB::CountFilesOfTypeAbove(const IdList& pathIds, int type) {
+  int count = 0;
+  for (std::size_t from = 0; from < pathIds.size(); from += kIdsPerStatement)
+    count += QueryIntF("SELECT COUNT(*) FROM MediaFiles WHERE Type>%d AND PathID IN (%s);", type,
+                       JoinIds(pathIds, from, kIdsPerStatement).c_str());
+  return count;
+}
+
 std::vector<CMediaVolume> MediaDB::GetVolumesOfType(int volType) {
   return QueryRows<CMediaVolume>("SELECT * FROM MediaVolumes WHERE VolType=%d;", volType);
 }

@@ -4,6 +4,8 @@
 
 #include "app/CLibraryApp.h"
 #include "cli/ConsoleLibraryWindow.h"
+#include "scan/CDriveServices.h"
+#include "tags/CoverFinder.h"
 
 namespace {
 
@@ -18,8 +20,15 @@ void PrintForm(std::FILE* out, const FileInfoForm& form) {
   Print(out, "Album: ", form.album);
   Print(out, "Comment: ", form.comment);
   Print(out, "Rating: ", form.checkedRating > 0 ? std::to_string(form.checkedRating) : "");
+  Print(out, "", form.infoTitle);
   for (const std::string* info : {&form.length, &form.bitRate, &form.sampleRate, &form.channels})
     Print(out, "", *info);
+}
+
+// What the window's cover shows: the picture's source, or why there is none.
+std::string PictureLine(const platform::FileSystem& files, const FileInfoForm& form) {
+  if (form.coverPath.empty()) return "not at hand";
+  return CoverFinder(files).Find(form.coverPath).Describe();
 }
 
 }  // namespace
@@ -52,6 +61,7 @@ int FileInfoCommand::Run(CLibraryApp& app, std::FILE* out) {
     if (rating_) form.checkedRating = *rating_;
     if (noRating_) form.checkedRating = 0;
     PrintForm(out, form);
+    Print(out, "Picture: ", PictureLine(app.Drives().Files(), form));
     return Edits() ? kDialogOk : kDialogCancel;
   };
   window.EditFileInfo(*file);

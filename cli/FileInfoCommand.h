@@ -6,8 +6,11 @@
 
 // `file-info FILEID [--title T] [--artist A] [--album B] [--comment C]
 // [--rating 1..5 | --no-rating]`: "File Info / Edit" on the file; prints the
-// dialog's fields and its "MPEG Info" texts and, with options, presses
-// Update with those edits (the other fields as the dialog showed them).
+// dialog's fields, its group on the audio properties ("MPEG Info", "FLAC
+// Info", ...) and the cover picture the window would show ("Picture:
+// embedded", a folder file's name, "none", or "not at hand" when the file's
+// disc or drive is not there) and, with options, presses Update with those
+// edits (the other fields as the dialog showed them).
 class FileInfoCommand : public ConsoleCommand {
  public:
   explicit FileInfoCommand(CLI::App& parent);

@@ -13,13 +13,15 @@ namespace {
 // Types the given edits into the dialog and presses OK; with none, Cancel.
 class ConsoleOptionsView : public OptionsView {
  public:
-  ConsoleOptionsView(std::optional<std::string> cachePath, std::optional<std::string> cdDrive)
-      : cachePath_(std::move(cachePath)), cdDrive_(std::move(cdDrive)) {}
+  ConsoleOptionsView(std::optional<std::string> cachePath, std::optional<std::string> cdDrive,
+                     std::optional<bool> allFormats)
+      : cachePath_(std::move(cachePath)), cdDrive_(std::move(cdDrive)), allFormats_(allFormats) {}
 
   int RunModal(OptionsForm& form, const std::function<void()>&) override {
-    if (!cachePath_ && !cdDrive_) return kDialogCancel;
+    if (!cachePath_ && !cdDrive_ && !allFormats_) return kDialogCancel;
     if (cdDrive_) SelectDrive(form, *cdDrive_);
     if (cachePath_) form.cachePath = *cachePath_;
+    if (allFormats_) form.allFormats = *allFormats_;
     return kDialogOk;
   }
 
@@ -33,6 +35,7 @@ class ConsoleOptionsView : public OptionsView {
 
   std::optional<std::string> cachePath_;
   std::optional<std::string> cdDrive_;
+  std::optional<bool> allFormats_;
 };
 
 }  // namespace
@@ -42,6 +45,11 @@ OptionsCommand::OptionsCommand(CLI::App& parent)
   command_->add_option("--cache-path", cachePath_,
                        "Cache folder: a Linux path or a drive path such as C:\\QORCache");
   command_->add_option("--cd-drive", cdDrive_, "Letter of the CD drive used by Add CD and playback");
+  command_->add_option("--all-formats", allFormats_,
+                       "yes: scans also record FLAC, Musepack, Opus and M4A files; no: only MP3, Ogg "
+                       "Vorbis and WMA (the next scan of a volume asks, then removes the others)")
+      ->check(CLI::IsMember({"yes", "no"}, CLI::ignore_case))
+      ->option_text("yes|no");
 }
 
 bool OptionsCommand::Chosen() const { return command_->parsed(); }
@@ -58,11 +66,13 @@ int OptionsCommand::Run(CLibraryApp& app, std::FILE* out) {
   // Both arguments are checked before OK takes either.
   std::optional<std::string> cachePath;
   if (cachePath_) cachePath = FolderArgument(app, *cachePath_);
-  ConsoleOptionsView view(cachePath, cdDrive_ ? std::optional(CdDriveLetter()) : std::nullopt);
+  ConsoleOptionsView view(cachePath, cdDrive_ ? std::optional(CdDriveLetter()) : std::nullopt,
+                          allFormats_);
   NoFolderPicker picker;
   COptionsDlg(app.Settings(), app.Drives(), picker, view).DoModal();
   const CAppSettings& settings = app.Settings();
   std::fprintf(out, "Cache Path: %s\n", OneLine(settings.cacheFolder).c_str());
   std::fprintf(out, "CD Drive: %s\n", OneLine(settings.cdDrive).c_str());
+  std::fprintf(out, "Catalogue every audio format: %s\n", settings.allFormats ? "yes" : "no");
   return 0;
 }

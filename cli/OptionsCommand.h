@@ -4,9 +4,10 @@
 
 #include "cli/ConsoleCommand.h"
 
-// `options [--cache-path PATH] [--cd-drive LETTER]`: the Options dialog.
-// Prints the two settings; with options, types those edits into it and
-// presses OK. Only a CD drive the dialog offers can be chosen.
+// `options [--cache-path PATH] [--cd-drive LETTER] [--all-formats yes|no]`:
+// the Options dialog. Prints the three settings; with options, types those
+// edits into it and presses OK. Only a CD drive the dialog offers can be
+// chosen.
 class OptionsCommand : public ConsoleCommand {
  public:
   explicit OptionsCommand(CLI::App& parent);
@@ -20,4 +21,5 @@ class OptionsCommand : public ConsoleCommand {
   CLI::App* command_;
   std::optional<std::string> cachePath_;
   std::optional<std::string> cdDrive_;
+  std::optional<bool> allFormats_;
 };

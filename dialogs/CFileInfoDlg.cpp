@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "base/LengthText.h"
+#include "scan/Paths.h"
 
 namespace {
 
@@ -19,6 +20,18 @@ std::string Format(const char* format, Values... values) {
 
 CFileInfoDlg::CFileInfoDlg(FileInfoView& view) : view_(view) {}
 
+std::string CFileInfoDlg::InfoTitle(int type) {
+  switch (type) {
+    case kOgg: return "Ogg Vorbis Info";
+    case kWma: return "WMA Info";
+    case kFlac: return "FLAC Info";
+    case kMusepack: return "Musepack Info";
+    case kOpus: return "Opus Info";
+    case kM4a: return "M4A Info";
+    default: return "MPEG Info";
+  }
+}
+
 FileInfoForm CFileInfoDlg::OpeningForm() const {
   const bool hasButton = rating > 0 && rating <= kRatingButtons;
   return {fileName,
@@ -30,7 +43,10 @@ FileInfoForm CFileInfoDlg::OpeningForm() const {
           Format("Bit Rate: %d kb/s", bitRate),
           Format("Sample Rate: %d Hz", sampleRate),
           Format("Channels: %d", channels),
-          hasButton ? rating : 0};
+          hasButton ? rating : 0,
+          InfoTitle(type),
+          fileId,
+          coverPath};
 }
 
 int CFileInfoDlg::DoModal() {

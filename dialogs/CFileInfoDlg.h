@@ -1,7 +1,9 @@
 #pragma once
 // "File Info": one file's texts and rating to edit, with its audio
-// properties shown as the four "MPEG Info" texts. The caller fills the
-// fields, runs DoModal and, on Update, decides what to write back.
+// properties shown as four texts in a group named by the kind of file
+// ("MPEG Info" for MP3), and its cover picture when the file is at hand.
+// The caller fills the fields, runs DoModal and, on Update, decides what to
+// write back.
 // Created on the caller's stack for one run; user-interface thread.
 
 #include <cstdint>
@@ -15,11 +17,14 @@ struct FileInfoForm {
   std::string artist;
   std::string album;
   std::string comment;
-  std::string length;  // the "MPEG Info" texts
+  std::string length;  // the texts of the group on the audio properties
   std::string bitRate;
   std::string sampleRate;
   std::string channels;
   int checkedRating = 0;  // the checked radio button, 1 to 5 left to right, or 0 for none
+  std::string infoTitle = "MPEG Info";  // the group's title: "FLAC Info", "Ogg Vorbis Info", ...
+  int fileId = 0;
+  std::string coverPath;  // the file's path for its cover picture; "" when it is not at hand
 };
 
 // The dialog's controls.
@@ -38,6 +43,9 @@ class CFileInfoDlg {
 
   explicit CFileInfoDlg(FileInfoView& view);
 
+  // The group's title for a MediaFiles.Type.
+  static std::string InfoTitle(int type);
+
   std::string fileName;
   std::string title;
   std::string artist;
@@ -48,6 +56,9 @@ class CFileInfoDlg {
   std::int32_t sampleRate = 0;
   std::int32_t channels = 0;
   std::int32_t rating = 0;  // 1 to 5 checks that button; anything else none
+  std::int32_t type = 0;    // MediaFiles.Type
+  std::int32_t fileId = 0;
+  std::string coverPath;    // see FileInfoForm
 
   // kDialogOk (Update) takes back title, artist, album and comment, and the
   // rating of the checked button or kNoRating; kDialogCancel changes nothing.

@@ -10,7 +10,7 @@ COptionsDlg::COptionsDlg(CAppSettings& settings, const CDriveServices& drives,
     : settings_(settings), drives_(drives), picker_(picker), view_(view) {}
 
 OptionsForm COptionsDlg::OpeningForm() const {
-  OptionsForm form{settings_.cacheFolder, {}, -1};
+  OptionsForm form{settings_.cacheFolder, {}, -1, settings_.allFormats};
   // The drive list is in letter order, so positions match the sorted drop-down.
   for (const std::string& letter : drives_.GetDriveList(platform::kDriveCdRom)) {
     if (letter == settings_.cdDrive) form.selectedDrive = static_cast<int>(form.drives.size());
@@ -32,5 +32,6 @@ int COptionsDlg::DoModal() {
   const bool selected = form.selectedDrive >= 0 && form.selectedDrive < static_cast<int>(form.drives.size());
   settings_.cacheFolder = form.cachePath;
   settings_.cdDrive = selected ? form.drives[static_cast<std::size_t>(form.selectedDrive)].substr(0, 1) : "";
+  settings_.allFormats = form.allFormats;
   return result;
 }

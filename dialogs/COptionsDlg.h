@@ -21,6 +21,7 @@ struct OptionsForm {
   std::string cachePath;
   std::vector<std::string> drives;  // the drop-down's entries, in drive-list order
   int selectedDrive = -1;           // an index into drives, or -1 for none
+  bool allFormats = false;          // "Catalogue every audio format"
 };
 
 // The dialog's controls.
@@ -37,13 +38,19 @@ class COptionsDlg {
  public:
   static constexpr const char* kCaption = "Options";
   static constexpr const char* kPickerTitle = "Select Folder";
+  static constexpr const char* kAllFormats = "Catalogue every audio format";
+  static constexpr const char* kAllFormatsTip =
+      "Scans also record FLAC, Musepack, Opus and M4A files, besides MP3, Ogg Vorbis and WMA. "
+      "Turned off, those files stay in the catalogue until the next scan of their volume, "
+      "which asks first and then removes them.";
 
   // All must outlive the dialog.
   COptionsDlg(CAppSettings& settings, const CDriveServices& drives, platform::FolderPicker& picker,
               OptionsView& view);
 
-  // kDialogOk: the cache folder takes the edit's text as typed and the CD
-  // drive the first letter of the selected entry ("" for none).
+  // kDialogOk: the cache folder takes the edit's text as typed, the CD
+  // drive the first letter of the selected entry ("" for none) and the
+  // every-format setting the check box.
   int DoModal();
 
  private:

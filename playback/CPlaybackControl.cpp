@@ -30,6 +30,22 @@ int CPlaybackControl::PlayFile(int fileId) {
   return 0;
 }
 
+std::string CPlaybackControl::PresentPath(int fileId) const {
+  const auto file = db_.GetFile(fileId);
+  if (!file) return "";
+  const auto folder = db_.GetPath(file->PathID);
+  const auto volume = db_.GetVolume(file->VolID);
+  if (!folder || !volume) return "";
+  std::string drive = volume->DrvLtr;
+  if (volume->VolType == platform::kDriveCdRom) {
+    drive = settings_.cdDrive;
+    if (!drives_.IsDriveReady(drive)) return "";
+    const auto inDrive = drives_.ReadVolumeInfo(drive);
+    if (!inDrive || inDrive->SerialNo != volume->SerialNo) return "";
+  }
+  return MakeFullPath(drive, folder->FullPath, file->FileName);
+}
+
 bool CPlaybackControl::WaitForDisc(const std::string& drive, const CMediaVolume& volume) const {
   const std::string prompt = "Please Insert CD: " + volume.DisplayName;
   return drives_.WaitForVolume(drive, volume.SerialNo, prompt) == 0;

@@ -12,6 +12,7 @@
 #include "playback/DeferredMediaControl.h"
 #include "qt/MainWindow.h"
 #include "qt/QtDialogSet.h"
+#include "qt/dialogs/QtCoverLoader.h"
 #include "qt/dialogs/QtMessageBox.h"
 
 namespace {
@@ -24,7 +25,8 @@ constexpr int kCatalogueInUse = 4;
 // it right after start-up. Either way the close puts the geometry into the
 // settings.
 void RunMainWindow(CLibraryApp& app, QtMessageBox& messages, bool refused) {
-  QtDialogSet dialogs(messages);
+  QtCoverLoader covers(app.Platform().files);
+  QtDialogSet dialogs(messages, covers);
   MainWindow window(app, dialogs.Services());
   messages.SetParent(&window);
   dialogs.SetParent(&window);

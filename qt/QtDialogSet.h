@@ -13,7 +13,9 @@
 #include "qt/dialogs/QtWorkerDialogHost.h"
 
 struct QtDialogSet {
-  explicit QtDialogSet(platform::MessageBox& messages) : workers(messages) {}
+  // The File Info dialog shows covers through the loader, which must outlive the set.
+  QtDialogSet(platform::MessageBox& messages, QtCoverLoader& covers)
+      : fileInfo(nullptr, &covers), workers(messages) {}
 
   DesktopDialogs Services() {
     return {picker, input, fileInfo, volumeInfo, options, workers, ShowAboutBox};

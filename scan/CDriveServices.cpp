@@ -83,7 +83,7 @@ std::unique_ptr<CMediaFile> CDriveServices::MakeFileRecord(const std::string& fu
   auto file = std::make_unique<CMediaFile>();
   file->FileName = facts->name;
   file->Size = facts->size;
-  file->Type = GetFileType(facts->name);
+  file->Type = GetFileType(facts->name, AudioFormats::Every);
   return file;
 }
 

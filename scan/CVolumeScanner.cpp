@@ -7,6 +7,7 @@
 #include "platform/FileSystem.h"
 #include "scan/CDriveServices.h"
 #include "scan/OffLimitsFolders.h"
+#include "scan/Paths.h"
 
 namespace {
 
@@ -25,14 +26,25 @@ CVolumeScanner::CVolumeScanner(MediaDB& db, CDriveServices& drives, TagReader& r
       discovery_(db, drives, progress_, report_),
       tags_(db, reader, messages, progress_, ReaderThreads()) {}
 
-void CVolumeScanner::Prepare(int kind, const std::string& root) {
+void CVolumeScanner::Prepare(int kind, const std::string& root, AudioFormats formats) {
   progress_.progress = 0;
   progress_.done = false;
   progress_.cancel = false;
   progress_.SetStatus("");
-  report_.Clear();
+  report_.Clear(formats);
   requestedKind_ = kind;
   scanRoot_ = root;
+  formats_ = formats;
+}
+
+int CVolumeScanner::FilesLeftOut(const std::string& root, AudioFormats formats) {
+  if (formats == AudioFormats::Every) return 0;
+  const auto volume = drives_.ReadVolumeInfo(root.substr(0, 1));
+  if (!volume) return 0;
+  const int volId = db_.FindVolumeBySerial(volume->SerialNo);
+  const int rootId = volId == -1 ? -1 : db_.FindPath(GetFolderPart(root), volId);
+  if (rootId == -1) return 0;
+  return db_.CountFilesOfTypeAbove(db_.GetSubtreePathIds(rootId), kWma);
 }
 
 int CVolumeScanner::Run() {
@@ -62,7 +74,7 @@ void CVolumeScanner::Scan() {
   }
 
   progress_.SetStatus(kSearching);
-  discovery_.BeginWalk(scanRoot_);
+  discovery_.BeginWalk(scanRoot_, formats_);
   discovery_.MarkMediaFolders(scanRoot_);
   if (!report_.Refusal().empty()) return;  // the root went away since it was looked at
   discovery_.MarkSubtreeDirty(scanRoot_, volId);

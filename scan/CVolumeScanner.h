@@ -27,8 +27,14 @@ class CVolumeScanner {
                  platform::MessageBox& messages);
 
   // kind: 5 for a CD, 3 for a disk folder (recorded only: the volume's type
-  // comes from its drive). root: a normalised folder with its drive.
-  void Prepare(int kind, const std::string& root);
+  // comes from its drive). root: a normalised folder with its drive. Files
+  // of other formats under the root are removed as if they had vanished.
+  void Prepare(int kind, const std::string& root, AudioFormats formats = AudioFormats::Classic);
+
+  // How many files the catalogue holds under a normalised root that a scan
+  // with these formats would remove for their format alone. Reads the drive's
+  // volume and the catalogue; user-interface thread, before Prepare.
+  int FilesLeftOut(const std::string& root, AudioFormats formats);
 
   // The scan itself; on the worker thread. Returns 0.
   int Run();
@@ -55,6 +61,7 @@ class CVolumeScanner {
   DiscoveryScan discovery_;
   TagScan tags_;
   std::string scanRoot_;
+  AudioFormats formats_ = AudioFormats::Classic;
   int requestedKind_ = 0;
   std::chrono::steady_clock::duration tagPhaseTime_{};
 };

@@ -26,8 +26,9 @@ int DiscoveryScan::FindOrAddVolume(const std::string& root) {
   return volId;
 }
 
-void DiscoveryScan::BeginWalk(const std::string& root) {
+void DiscoveryScan::BeginWalk(const std::string& root, AudioFormats formats) {
   root_ = root;
+  formats_ = formats;
   offLimits_ = OffLimitsFolders(drives_);
   mediaFolders_.clear();
   notListed_.clear();
@@ -63,10 +64,10 @@ std::string DiscoveryScan::SubfolderPath(const std::string& folderPath, const st
 }
 
 bool DiscoveryScan::HoldsAudioFiles(const std::vector<platform::DirEntry>& entries) const {
-  // As asking for "*.mp3", "*.ogg" and "*.wma": an audio ending after a dot.
+  // As asking for "*.mp3", "*.ogg", "*.wma" (and so on): an audio ending after a dot.
   for (const auto& entry : entries)
     if (entry.IsFile() && entry.name.find('.') != std::string::npos &&
-        GetFileType(entry.name) != kNotMedia)
+        GetFileType(entry.name, formats_) != kNotMedia)
       return true;
   return false;
 }
@@ -188,7 +189,7 @@ int DiscoveryScan::ScanFolder(const std::string& folder, const std::string& list
   for (const auto& entry : listing.entries) {
     if (entry.IsFolder())
       subfolders.push_back(entry.name);
-    else if (entry.IsFile() && GetFileType(entry.name) != kNotMedia)
+    else if (entry.IsFile() && GetFileType(entry.name, formats_) != kNotMedia)
       names.push_back(entry.name);
   }
 

@@ -21,6 +21,7 @@
 
 #include "platform/FileSystem.h"
 #include "scan/OffLimitsFolders.h"
+#include "scan/Paths.h"
 #include "scan/VolumeIndex.h"
 
 class CDriveServices;
@@ -37,8 +38,9 @@ class DiscoveryScan {
   // not ready: it holds no volume to add.
   int FindOrAddVolume(const std::string& root);
 
-  // Forgets the last walk and sets up the next one from a normalised root.
-  void BeginWalk(const std::string& root);
+  // Forgets the last walk and sets up the next one from a normalised root;
+  // the walk records the audio files of the formats.
+  void BeginWalk(const std::string& root, AudioFormats formats = AudioFormats::Classic);
 
   // Counts the folders below (and including) folder that hold audio files
   // themselves, and remembers every folder with audio somewhere below it.
@@ -90,6 +92,7 @@ class DiscoveryScan {
   ScanReport& report_;
   VolumeIndex index_;
   std::string root_;
+  AudioFormats formats_ = AudioFormats::Classic;
   OffLimitsFolders offLimits_;
   std::unordered_set<std::string> mediaFolders_;
   // Folders whose listing failed while marking: kept whole when recording.

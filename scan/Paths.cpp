@@ -42,12 +42,22 @@ std::string GetFolderName(const std::string& folder) {
   return trimmed.substr(trimmed.rfind('\\') + 1);
 }
 
-int GetFileType(const std::string& fileName) {
+bool Catalogues(AudioFormats formats, int type) {
+  if (type >= kMp3 && type <= kWma) return true;
+  return formats == AudioFormats::Every && type >= kFlac && type <= kM4a;
+}
+
+int GetFileType(const std::string& fileName, AudioFormats formats) {
   const auto dot = fileName.rfind('.');
   const std::string extension =
       AsciiLower(dot == std::string::npos ? fileName : fileName.substr(dot + 1));
-  if (extension == "mp3") return kMp3;
-  if (extension == "ogg") return kOgg;
-  if (extension == "wma") return kWma;
-  return kNotMedia;
+  int type = kNotMedia;
+  if (extension == "mp3") type = kMp3;
+  else if (extension == "ogg") type = kOgg;
+  else if (extension == "wma") type = kWma;
+  else if (extension == "flac") type = kFlac;
+  else if (extension == "mpc") type = kMusepack;
+  else if (extension == "opus") type = kOpus;
+  else if (extension == "m4a") type = kM4a;
+  return Catalogues(formats, type) ? type : kNotMedia;
 }

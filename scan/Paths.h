@@ -10,7 +10,24 @@
 #include <string>
 
 // Media types kept in MediaFiles.Type.
-enum MediaType : int { kNotMedia = 0, kMp3 = 1, kOgg = 2, kWma = 3 };
+enum MediaType : int {
+  kNotMedia = 0,
+  kMp3 = 1,
+  kOgg = 2,
+  kWma = 3,
+  // Recorded only when the user asks for every audio format.
+  kFlac = 4,
+  kMusepack = 5,
+  kOpus = 6,
+  kM4a = 7,
+};
+
+// Which endings a scan records: MP3, Ogg Vorbis and WMA, or those and FLAC,
+// Musepack, Opus and M4A too.
+enum class AudioFormats { Classic, Every };
+
+// Whether a scan with these formats records files of that type.
+bool Catalogues(AudioFormats formats, int type);
 
 // "" and "\" give "\"; otherwise a trailing "\" is added when missing, and a
 // leading one when the path has no drive and does not begin with "\".
@@ -31,5 +48,6 @@ std::string GetFolderPart(const std::string& path);
 // The last component of a folder ("Rock" for \Music\Rock\); "\" for a root.
 std::string GetFolderName(const std::string& folder);
 
-// The media type of a name's extension, compared in lower case.
-int GetFileType(const std::string& fileName);
+// The media type of a name's extension, compared in lower case; kNotMedia
+// for an ending the formats leave out.
+int GetFileType(const std::string& fileName, AudioFormats formats = AudioFormats::Classic);

@@ -23,11 +23,25 @@ void ScanCommands::ScanVolume(int kind, const std::string& root) {
     drives_.Messages().Show(refusal, platform::Buttons::Ok, platform::Icon::Information);
     return;
   }
-  scanner_.Prepare(kind, folder);
+  const AudioFormats formats = Formats();
+  if (!MayRemoveLeftOut(folder, formats)) return;
+  scanner_.Prepare(kind, folder, formats);
   dialogs_.RunWorkerDialog(CScanDlg::kCaption, [this](WorkerDialogView& view, platform::MessageBox& messages) {
     return std::make_unique<CScanDlg>(scanner_, messages, view);
   });
   if (libraryChanged_) libraryChanged_();
+}
+
+AudioFormats ScanCommands::Formats() const {
+  return settings_.allFormats ? AudioFormats::Every : AudioFormats::Classic;
+}
+
+bool ScanCommands::MayRemoveLeftOut(const std::string& folder, AudioFormats formats) {
+  const int leftOut = scanner_.FilesLeftOut(folder, formats);
+  if (leftOut == 0) return true;
+  const std::string question = FillMessage(kRemovesOtherFormats, {std::to_string(leftOut), folder});
+  return drives_.Messages().Show(question, platform::Buttons::OkCancel, platform::Icon::Warning) ==
+         platform::Answer::Ok;
 }
 
 std::string ScanCommands::CanonicalFolder(const std::string& root) const {

@@ -7,6 +7,8 @@
 #include <functional>
 #include <string>
 
+#include "scan/Paths.h"
+
 class CAppSettings;
 class CDriveServices;
 class CVolumeScanner;
@@ -22,6 +24,10 @@ class ScanCommands {
  public:
   static constexpr const char* kInsertCd = "Please Insert CD into drive %s:";
   static constexpr const char* kPickerTitle = "Select Folder";
+  static constexpr const char* kRemovesOtherFormats =
+      "The catalogue holds %s FLAC, Musepack, Opus or M4A files under %s, and every audio "
+      "format is no longer catalogued. Scanning removes them from the catalogue, with the "
+      "titles and ratings you gave them. Scan now?";
 
   ScanCommands(CVolumeScanner& scanner, CDriveServices& drives, CAppSettings& settings,
                platform::FolderPicker& picker, WorkerDialogHost& dialogs);
@@ -32,7 +38,8 @@ class ScanCommands {
   // kind 5 (CD) or 3 (disk folder); root a normalised folder with its drive,
   // scanned under its one spelling (see CDriveServices::CanonicalPath). A
   // root that is not there or holds system files is not scanned: a message
-  // says why.
+  // says why. A scan that would remove files for their format alone (the
+  // setting for every audio format was turned off) asks first.
   void ScanVolume(int kind, const std::string& root);
   void AddCd();
   void AddHd();
@@ -41,6 +48,9 @@ class ScanCommands {
 
  private:
   std::string CanonicalFolder(const std::string& root) const;
+  AudioFormats Formats() const;
+  // False when the user would rather keep the files the scan would remove.
+  bool MayRemoveLeftOut(const std::string& folder, AudioFormats formats);
 
   CVolumeScanner& scanner_;
   CDriveServices& drives_;

@@ -28,7 +28,8 @@ void AddLine(std::string& notes, const std::string& line) {
 
 }  // namespace
 
-void ScanReport::Clear() {
+void ScanReport::Clear(AudioFormats formats) {
+  formats_ = formats;
   refusal_.clear();
   notRead_.clear();
   forName_ = {};
@@ -37,13 +38,13 @@ void ScanReport::Clear() {
 
 // Only audio files count: any other file would not have been recorded anyway.
 // A folder might have held some, so every folder counts.
-void ScanReport::Count::Add(const platform::DirEntry& entry) {
+void ScanReport::Count::Add(const platform::DirEntry& entry, AudioFormats formats) {
   if (entry.IsFolder()) ++folders;
-  else if (entry.IsFile() && GetFileType(entry.name) != kNotMedia) ++files;
+  else if (entry.IsFile() && GetFileType(entry.name, formats) != kNotMedia) ++files;
 }
 
-void ScanReport::SkippedForName(const platform::DirEntry& entry) { forName_.Add(entry); }
-void ScanReport::SkippedForLength(const platform::DirEntry& entry) { forLength_.Add(entry); }
+void ScanReport::SkippedForName(const platform::DirEntry& entry) { forName_.Add(entry, formats_); }
+void ScanReport::SkippedForLength(const platform::DirEntry& entry) { forLength_.Add(entry, formats_); }
 
 std::string ScanReport::Notes() const {
   std::string notes;

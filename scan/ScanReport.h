@@ -10,6 +10,8 @@
 #include <string>
 #include <utility>
 
+#include "scan/Paths.h"
+
 namespace platform {
 struct DirEntry;
 }
@@ -19,7 +21,8 @@ class ScanReport {
   static constexpr const char* kNotThere = "The folder %s is not there. Its entries were kept.";
   static constexpr const char* kSystemFolder = "The folder %s holds system files and is not scanned.";
 
-  void Clear();
+  // Forgets the last scan; skipped files count when they are of the formats.
+  void Clear(AudioFormats formats = AudioFormats::Classic);
 
   // The root was not scanned; the message says why.
   void Refuse(std::string message) { refusal_ = std::move(message); }
@@ -36,9 +39,10 @@ class ScanReport {
   struct Count {
     int files = 0;
     int folders = 0;
-    void Add(const platform::DirEntry& entry);
+    void Add(const platform::DirEntry& entry, AudioFormats formats);
   };
 
+  AudioFormats formats_ = AudioFormats::Classic;
   std::string refusal_;
   std::set<std::string> notRead_;
   Count forName_;

@@ -33,6 +33,7 @@ void CAppSettings::Load() {
   playListHeight = GetConfigInt(kPlayListHeight);
   playListWidth = GetConfigInt(kPlayListWidth);
   playListFolder = GetConfigText(kPlayListFolder);
+  allFormats = GetConfigText(kAllFormats) == "1";
   catalogueVersion = GetConfigText(kCatalogueVersion);
   stored_ = CurrentRows();
 }
@@ -50,7 +51,8 @@ CAppSettings::Rows CAppSettings::CurrentRows() const {
           {kPlayListTop, number(playListTop)},
           {kPlayListHeight, number(playListHeight)},
           {kPlayListWidth, number(playListWidth)},
-          {kPlayListFolder, playListFolder}};
+          {kPlayListFolder, playListFolder},
+          {kAllFormats, allFormats ? "1" : "0"}};
 }
 
 void CAppSettings::Save(bool insert) {

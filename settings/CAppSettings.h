@@ -26,6 +26,7 @@ class CAppSettings {
     kPlayListHeight = 540,
     kPlayListWidth = 545,
     kPlayListFolder = 605,
+    kAllFormats = 710,  // "1": catalogue FLAC, Musepack, Opus and M4A too; "0" (the default): not
   };
 
   CAppSettings(MediaDB& db, std::string programFolder);
@@ -45,6 +46,7 @@ class CAppSettings {
   std::int32_t playListWidth = 210;
   std::int32_t splitter = 100;
   std::string playListFolder;
+  bool allFormats = false;  // scans record every audio format, not only MP3, Ogg Vorbis and WMA
   std::string lastAddedFolder;  // the folder last chosen by Add HD; this run only
 
   std::string GetConfigText(int configId);

@@ -1,11 +1,11 @@
 #pragma once
-// The tag reader for MP3, Ogg Vorbis, FLAC, Musepack and WMA files, built on
-// TagLib.
+// The tag reader for MP3, Ogg Vorbis, FLAC, Musepack, WMA, Opus and M4A
+// files, built on TagLib.
 //
 // The type comes from the name alone: the path's ending, without regard to
-// ASCII case (".ogg", ".mp3", ".flac", ".mpc", ".wma"); the content is never
-// sniffed, so a misnamed file fails to parse and yields nothing. Paths of four
-// characters or fewer are never opened.
+// ASCII case (".ogg", ".mp3", ".flac", ".mpc", ".wma", ".opus", ".m4a"); the
+// content is never sniffed, so a misnamed file fails to parse and yields
+// nothing. Paths of four characters or fewer are never opened.
 //
 // Only regular files are opened (links followed): a pipe, a socket or a
 // device leaves the record untouched.

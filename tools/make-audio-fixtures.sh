@@ -21,6 +21,7 @@ install_tools() {
   command -v oggenc >/dev/null || missing+=(vorbis-tools)
   command -v flac >/dev/null || missing+=(flac)
   command -v mpcenc >/dev/null || missing+=(musepack-tools)
+  command -v opusenc >/dev/null || missing+=(opus-tools)
   command -v g++ >/dev/null || missing+=(g++)
   command -v pkg-config >/dev/null || missing+=(pkg-config)
   pkg-config --exists taglib 2>/dev/null || missing+=(libtag1-dev)
@@ -51,11 +52,15 @@ make_sources() {
   # A noisy picture, so that the front of a FLAC file is mostly cover art.
   ffmpeg -v error -y -f lavfi -i "nullsrc=s=128x128,geq=r='random(1)*255':g='random(2)*255':b='random(3)*255'" \
     -frames:v 1 -fflags +bitexact "$WORK/cover.png"
+  # Small pictures for the cover lookup: kept beside the audio, embedded below.
+  ffmpeg -v error -y -f lavfi -i "color=c=0x3060c0:s=32x32" -frames:v 1 -fflags +bitexact "$OUT/art.jpg"
+  ffmpeg -v error -y -f lavfi -i "color=c=0xc06030:s=24x24" -frames:v 1 -fflags +bitexact "$OUT/art.png"
 }
 
 mp3() { lame --quiet --noreplaygain "${@:3}" "$WORK/$1" "$OUT/$2"; }
 wma() { ffmpeg -v error -y -i "$WORK/$1" -map_metadata -1 -fflags +bitexact -c:a wmav2 -b:a "$3" "$OUT/$2"; }
 tag() { "$WORK/tagger" write "$OUT/$1" "${@:2}"; }
+picture() { "$WORK/tagger" picture "$OUT/$1" "$2" "$OUT/art.jpg" image/jpeg; }
 
 MANIFEST_ROWS=()
 
@@ -115,6 +120,30 @@ make_files() {
   mpcenc --silent --overwrite "$WORK/st44.wav" "$OUT/musepack.mpc" 2>/dev/null
   tag musepack.mpc mpc "It's Musepack" "Léa Fontaine" "Stream Eight" "Musepack APE"
   row musepack.mpc mpc "It's Musepack" "Léa Fontaine" "Stream Eight" "Musepack APE"
+
+  opusenc --quiet --bitrate 24 "$WORK/st44.wav" "$OUT/speech.opus"
+  tag speech.opus opus "Opus Tone" "Ana Ribeiro" "Pequenas Horas" "Opus comment"
+  row speech.opus opus "Opus Tone" "Ana Ribeiro" "Pequenas Horas" "Opus comment"
+
+  ffmpeg -v error -y -i "$WORK/mo22.wav" -map_metadata -1 -fflags +bitexact -c:a aac -b:a 48k "$OUT/Tone.M4A"
+  tag Tone.M4A mp4 "Advanced Tone" "Kofi Mensah" "Container Songs" "MP4 comment"
+  row Tone.M4A mp4 "Advanced Tone" "Kofi Mensah" "Container Songs" "MP4 comment"
+
+  # The same tracks with art.jpg embedded as the front cover, one per tag kind.
+  for pair in id3v2.mp3:mpeg lossless.flac:flac vorbis.ogg:vorbis speech.opus:opus Tone.M4A:mp4 quiet.wma:asf; do
+    local file=${pair%%:*} type=${pair##*:}
+    cp "$OUT/$file" "$OUT/pictured-$file"
+    picture "pictured-$file" "$type"
+  done
+
+  # An Opus file whose comment header claims a vendor text of 2 GiB: the
+  # stream header is sound, the tags are not read.
+  cp "$OUT/speech.opus" "$OUT/lying.opus"
+  local at
+  at=$(grep -obUa OpusTags "$OUT/lying.opus" | head -n1 | cut -d: -f1)
+  printf '\xf0\xff\xff\x7f' | dd of="$OUT/lying.opus" bs=1 seek=$((at + 8)) conv=notrunc status=none
+
+  row lying.opus opus "" "" "" ""
 
   # MPEG audio under an Ogg name: read as Ogg Vorbis, it does not parse.
   cp "$OUT/id3v2.mp3" "$OUT/misnamed.ogg"

@@ -116,6 +116,9 @@ bool CMediaList::EditFileInfo() {
   dialog.sampleRate = file->SampleRate;
   dialog.channels = file->Channels;
   dialog.rating = file->Rating;
+  dialog.type = file->Type;
+  dialog.fileId = file->FileID;
+  if (presentPath_) dialog.coverPath = presentPath_(file->FileID);
   if (dialog.DoModal() != kDialogOk) return false;
 
   TakeEdit(file->Title, file->id3Title, dialog.title);

@@ -7,7 +7,9 @@
 // User-interface thread only; catalogue failures end the process (MediaDB).
 
 #include <array>
+#include <functional>
 #include <optional>
+#include <string>
 
 #include "catalogue/MediaDB.h"
 #include "platform/PopupMenu.h"
@@ -56,6 +58,11 @@ class CMediaList {
   // Every other operation needs the controls bound first. Adds grid lines,
   // full-row selection and column dragging to the list's style.
   void Bind(const MediaListControls& controls);
+  // How File Info finds a file for its cover: the file's full path when its
+  // volume is at hand, "" otherwise; it must never ask for a disc.
+  void LocateFilesWith(std::function<std::string(int fileId)> presentPath) {
+    presentPath_ = std::move(presentPath);
+  }
   // Lets go of the controls; the binder calls it before they go away.
   void Unbind() { controls_.reset(); }
   void CreateColumns();
@@ -88,4 +95,5 @@ class CMediaList {
   MediaDB& db_;
   CPlayListModel& playList_;
   std::optional<MediaListControls> controls_;
+  std::function<std::string(int)> presentPath_;
 };

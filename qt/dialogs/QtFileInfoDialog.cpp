@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "qt/dialogs/QtCoverView.h"
 #include "qt/dialogs/QtDialogParts.h"
 #include "qt/dialogs/QtDialogUnits.h"
 #include "qt/dialogs/QtRatingButtons.h"
@@ -15,7 +16,7 @@
 // The template: 268 x 198 dialog units; edits 211 wide from x 41, 16 apart;
 // the rating under them from x 53; the 163-wide group from x 45; the two
 // 44 x 15 buttons centred at the bottom.
-QtFileInfoDialog::QtFileInfoDialog(QWidget* parent)
+QtFileInfoDialog::QtFileInfoDialog(QWidget* parent, QtCoverLoader* covers)
     : QDialog(parent),
       file_(MakeEdit(*this, 12)),
       title_(MakeEdit(*this, 12)),
@@ -39,7 +40,7 @@ QtFileInfoDialog::QtFileInfoDialog(QWidget* parent)
                              {"Album:", album_}, {"Comment:", comment_}}) {
     fields->addWidget(new QLabel(QString::fromLatin1(label), this), row, 0);
     edit->setObjectName(QString::fromLatin1(label));
-    fields->addWidget(edit, row++, 1);
+    fields->addWidget(edit, row++, 1, 1, 2);
   }
   fields->addWidget(new QLabel(QStringLiteral("Rating:"), this), row, 0, Qt::AlignBottom);
   auto* ratingRow = new QHBoxLayout;
@@ -49,6 +50,11 @@ QtFileInfoDialog::QtFileInfoDialog(QWidget* parent)
   fields->addLayout(ratingRow, row++, 1);
   fields->setRowMinimumHeight(row - 1, DialogUnitsY(*this, 24));
   fields->addLayout(MakeMpegInfo(), row, 1);
+  if (covers) {
+    // Beside the rating and the group, as tall as both.
+    cover_ = new QtCoverView(*covers, DialogUnitsY(*this, 64), this);
+    fields->addWidget(cover_, row - 1, 2, 2, 1, Qt::AlignRight | Qt::AlignBottom);
+  }
 
   auto* column = new QVBoxLayout(this);
   SetMarginsDu(*column, *this, 7, 9);
@@ -61,6 +67,7 @@ QtFileInfoDialog::QtFileInfoDialog(QWidget* parent)
 
 QLayout* QtFileInfoDialog::MakeMpegInfo() {
   auto* group = new QGroupBox(QStringLiteral("MPEG Info"), this);
+  info_ = group;
   group->setMinimumWidth(DialogUnitsX(*this, 163));
   auto* grid = new QGridLayout(group);
   grid->setHorizontalSpacing(DialogUnitsX(*this, 8));
@@ -91,7 +98,9 @@ void QtFileInfoDialog::Load(const FileInfoForm& form) {
   const std::array<const std::string*, 4> info{&form.length, &form.bitRate, &form.sampleRate,
                                                &form.channels};
   for (std::size_t i = 0; i < info.size(); ++i) mpegInfo_[i]->setText(ToQString(*info[i]));
+  info_->setTitle(ToQString(form.infoTitle));
   rating_->SetRating(form.checkedRating);
+  if (cover_) cover_->ShowCoverOf(form.fileId, form.coverPath);
 }
 
 void QtFileInfoDialog::Store(FileInfoForm& form) const {

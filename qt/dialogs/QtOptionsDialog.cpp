@@ -1,5 +1,6 @@
 #include "qt/dialogs/QtOptionsDialog.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -18,13 +19,15 @@ QtOptionsDialog::QtOptionsDialog(QWidget* parent)
     : QDialog(parent),
       cachePath_(MakeEdit(*this, 12)),
       drives_(new QComboBox(this)),
-      browse_(MakeButton(*this, QStringLiteral("..."), 19, 11)) {
+      browse_(MakeButton(*this, QStringLiteral("..."), 19, 11)),
+      allFormats_(new QCheckBox(QString::fromLatin1(COptionsDlg::kAllFormats), this)) {
   setWindowTitle(COptionsDlg::kCaption);
   browse_->setFixedWidth(DialogUnitsX(*this, 19));
   cachePath_->setObjectName(QStringLiteral("Cache Path:"));
   drives_->setObjectName(QStringLiteral("CD Drive:"));
   drives_->setEditable(false);
   drives_->setMinimumWidth(DialogUnitsX(*this, 32));
+  allFormats_->setToolTip(QString::fromLatin1(COptionsDlg::kAllFormatsTip));
   QPushButton* ok = MakeButton(*this, QStringLiteral("OK"), 50, 14);
   QPushButton* cancel = MakeButton(*this, QStringLiteral("Cancel"), 50, 14);
   ok->setDefault(true);
@@ -42,6 +45,7 @@ QtOptionsDialog::QtOptionsDialog(QWidget* parent)
   fields->addLayout(pathRow, 0, 1);
   fields->addWidget(new QLabel(QStringLiteral("CD Drive:"), this), 1, 0);
   fields->addWidget(drives_, 1, 1, Qt::AlignLeft);
+  fields->addWidget(allFormats_, 2, 0, 1, 2);
 
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(DialogUnitsX(*this, 6));
@@ -68,11 +72,13 @@ void QtOptionsDialog::Load(const OptionsForm& form) {
     drives_->addItem(ToQString(form.drives[i]), static_cast<int>(i));
   drives_->model()->sort(0);
   drives_->setCurrentIndex(drives_->findData(form.selectedDrive));
+  allFormats_->setChecked(form.allFormats);
 }
 
 void QtOptionsDialog::Store(OptionsForm& form) const {
   form.cachePath = EditedText(cachePath_->text(), shown_.cachePath);
   form.selectedDrive = drives_->currentIndex() < 0 ? -1 : drives_->currentData().toInt();
+  form.allFormats = allFormats_->isChecked();
 }
 
 // What the user typed stays the form's cache path when the picker is

@@ -1,13 +1,15 @@
 #pragma once
 // "Options": the cache folder in an edit with "..." beside it for the folder
-// picker, the CD drive in a sorted drop-down that takes no typing, "OK" (the
-// default button) and "Cancel". User-interface thread only.
+// picker, the CD drive in a sorted drop-down that takes no typing, the check
+// box "Catalogue every audio format", "OK" (the default button) and
+// "Cancel". User-interface thread only.
 
 #include <QDialog>
 #include <functional>
 
 #include "dialogs/COptionsDlg.h"
 
+class QCheckBox;
 class QComboBox;
 class QLineEdit;
 class QPushButton;
@@ -32,5 +34,6 @@ class QtOptionsDialog : public QDialog, public OptionsView {
   QLineEdit* cachePath_;
   QComboBox* drives_;
   QPushButton* browse_;
+  QCheckBox* allFormats_;
   OptionsForm shown_;
 };

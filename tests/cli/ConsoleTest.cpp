@@ -9,7 +9,7 @@ using ConsoleTest = ConsoleFixture;
 TEST_F(ConsoleTest, FirstRunCreatesTheCatalogueAndLaterRunsKeepTheOptions) {
   Outcome first = Run("options");
   EXPECT_EQ(first.status, 0) << first.err;
-  EXPECT_EQ(first.out, "Cache Path: C:\\QORCache\nCD Drive: \n");
+  EXPECT_EQ(first.out, "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\n");
   EXPECT_TRUE(fs::is_directory(home + "/QORCache"));
   EXPECT_TRUE(fs::is_symlink(program + "/drives/c:"));
   EXPECT_EQ(Query("SELECT count(*) FROM sqlite_master WHERE type='table';"), "5;");
@@ -18,16 +18,19 @@ TEST_F(ConsoleTest, FirstRunCreatesTheCatalogueAndLaterRunsKeepTheOptions) {
 
   // A CD drive whose disc is a folder, added to the table by hand.
   fs::create_symlink(folder.MakeFolder("disc"), program + "/drives/e::");
-  Outcome changed = Run("options --cache-path " + home + "/Cache --cd-drive e:");
+  const std::string options = "Cache Path: C:\\Cache\nCD Drive: E\nCatalogue every audio format: yes\n";
+  Outcome changed = Run("options --cache-path " + home + "/Cache --cd-drive e: --all-formats YES");
   EXPECT_EQ(changed.status, 0) << changed.err;
-  EXPECT_EQ(changed.out, "Cache Path: C:\\Cache\nCD Drive: E\n");
-  EXPECT_EQ(Run("options").out, "Cache Path: C:\\Cache\nCD Drive: E\n");
-  EXPECT_EQ(Query("SELECT count(*) FROM Configs;"), "17;");  // settings and id marks
+  EXPECT_EQ(changed.out, options);
+  EXPECT_EQ(Run("options").out, options);
+  EXPECT_EQ(Query("SELECT count(*) FROM Configs;"), "18;");  // settings and id marks
+  EXPECT_EQ(Query("SELECT Value FROM Configs WHERE ConfigID=710;"), "1;");
+  EXPECT_EQ(Run("options --all-formats maybe").status, 2);
 
   Outcome wrongDrive = Run("options --cd-drive C --cache-path 'D:\\x'");
   EXPECT_EQ(wrongDrive.status, 2);
   EXPECT_EQ(wrongDrive.err, "vantrelle-cli: drive C: is not a CD drive of the drive table\n");
-  EXPECT_EQ(Run("options").out, "Cache Path: C:\\Cache\nCD Drive: E\n");  // nothing half-done
+  EXPECT_EQ(Run("options").out, options);  // nothing half-done
 
   EXPECT_EQ(Run("no-such-command").status, 2);
   Outcome drives = Run("drives");

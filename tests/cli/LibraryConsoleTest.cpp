@@ -77,7 +77,8 @@ TEST_F(LibraryConsoleTest, EditsAndRemovalsChangeTheCatalogueOnlyWhenConfirmed) 
   const Outcome shown = Run("file-info 2");
   EXPECT_EQ(shown.out.substr(0, shown.out.find("Comment")),
             "File: a.mp3\nTitle: Café Müller\nArtist: Dara O'Neill\nAlbum: First Light\n");
-  EXPECT_NE(shown.out.find("Rating: \nLength:  0:01\nBit Rate: "), std::string::npos) << shown.out;
+  EXPECT_NE(shown.out.find("Rating: \nMPEG Info\nLength:  0:01\nBit Rate: "), std::string::npos) << shown.out;
+  EXPECT_NE(shown.out.find("\nPicture: none\n"), std::string::npos) << shown.out;
   EXPECT_EQ(Query("SELECT Title, Artist FROM MediaFiles WHERE FileID=2;"), "=;");
   Run("file-info 2 --artist Dara --rating 4");
   EXPECT_EQ(Query("SELECT Title, Artist, Rating FROM MediaFiles WHERE FileID=2;"), "=Dara=4;");

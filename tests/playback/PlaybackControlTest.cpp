@@ -113,6 +113,20 @@ TEST_F(RecordedPlaybackTest, ACdFilePlaysFromTheCdDriveOnceTheRightDiscIsIn) {
   EXPECT_EQ(media.Commands(), closeThenPlay);
 }
 
+// What File Info reads the cover from: never a prompt, nothing for an absent disc.
+TEST_F(RecordedPlaybackTest, APresentPathIsGivenOnlyForTheRightDiscAndNeverAsks) {
+  const int cdFile = AddCdFile();
+  EXPECT_EQ(app->Playback().PresentPath(cdFile), "");  // the drive is empty
+  drives.InsertDisc('E', Disc("other", 2));
+  EXPECT_EQ(app->Playback().PresentPath(cdFile), "");
+  drives.InsertDisc('E', Disc("right", kSerial));
+  EXPECT_EQ(app->Playback().PresentPath(cdFile), "E:\\Jazz\\a.mp3");
+  EXPECT_EQ(app->Playback().PresentPath(AddFile(kDriveFixed, "C", "\\Music\\", "b.flac")), "C:\\Music\\b.flac");
+  EXPECT_EQ(app->Playback().PresentPath(999), "");
+  EXPECT_TRUE(messages.Shown().empty());
+  EXPECT_TRUE(media.Commands().empty());
+}
+
 TEST_F(RecordedPlaybackTest, ACancelledDiscPromptLeavesThePlayingFileAlone) {
   app->Playback().PlayFile(AddFile(kDriveFixed, "C", "\\", "playing.mp3"));
   media.Forget();

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "scan/Paths.h"
 
 TEST(Paths, FoldersFullPathsAndTheirParts) {
@@ -21,4 +23,12 @@ TEST(Paths, FileTypeFromTheExtension) {
   EXPECT_EQ(GetFileType("a.b.Ogg"), kOgg);
   EXPECT_EQ(GetFileType("song.mp3.txt"), kNotMedia);
   EXPECT_EQ(GetFileType("song."), kNotMedia);
+  // The other formats only when every format is asked for.
+  for (auto [name, type] : {std::pair{"a.FLAC", kFlac}, {"b.mpc", kMusepack}, {"c.Opus", kOpus},
+                            {"d.m4A", kM4a}}) {
+    EXPECT_EQ(GetFileType(name), kNotMedia) << name;
+    EXPECT_EQ(GetFileType(name, AudioFormats::Every), type) << name;
+  }
+  EXPECT_EQ(GetFileType("e.wma", AudioFormats::Every), kWma);
+  EXPECT_EQ(GetFileType("f.aiff", AudioFormats::Every), kNotMedia);
 }

@@ -1,13 +1,19 @@
 #include <QDir>
 #include <QFileDialog>
+#include <QLinearGradient>
 #include <QMessageBox>
+#include <QPainter>
 #include <QTemporaryDir>
+#include <fstream>
 
 #include "dialogs/CFileInfoDlg.h"
 #include "playlists/CCopyDlg.h"
 #include "playlists/CPlayListDlg.h"
 #include "playlists/CopyCommands.h"
+#include "platform/LinuxDriveTable.h"
+#include "platform/LinuxFileSystem.h"
 #include "qt/dialogs/QtAboutBox.h"
+#include "qt/dialogs/QtCoverLoader.h"
 #include "qt/dialogs/QtFileInfoDialog.h"
 #include "qt/dialogs/QtInputDialog.h"
 #include "qt/dialogs/QtMessageBox.h"
@@ -20,19 +26,51 @@
 
 namespace {
 
+// An album folder holding a track and its cover.jpg, painted here.
+struct SampleAlbum {
+  QTemporaryDir folder;
+  platform::LinuxDriveTable drives{folder.path().toStdString()};
+  platform::LinuxFileSystem files{drives};
+  std::string track = folder.path().toStdString() + "/03 Night Harbour.flac";
+
+  SampleAlbum() {
+    QImage cover(300, 300, QImage::Format_RGB32);
+    QPainter painter(&cover);
+    QLinearGradient sea(0, 0, 0, 300);
+    sea.setColorAt(0, QColor(32, 64, 112));
+    sea.setColorAt(1, QColor(224, 160, 96));
+    painter.fillRect(cover.rect(), sea);
+    painter.setBrush(QColor(250, 236, 200));
+    painter.setPen(Qt::NoPen);
+    painter.drawEllipse(QPoint(150, 190), 46, 46);
+    painter.setPen(Qt::white);
+    painter.setFont(QFont(QStringLiteral("Sans"), 26, QFont::Bold));
+    painter.drawText(QRect(0, 24, 300, 60), Qt::AlignCenter, QStringLiteral("LOW TIDE"));
+    painter.end();
+    cover.save(folder.path() + QStringLiteral("/cover.jpg"), "JPEG");
+    std::ofstream(track) << "not audio: the cover comes from the folder";
+  }
+};
+
 std::unique_ptr<QWidget> FileInfo() {
-  auto dialog = std::make_unique<QtFileInfoDialog>();
+  static SampleAlbum album;
+  auto covers = std::make_unique<QtCoverLoader>(album.files);
+  auto dialog = std::make_unique<QtFileInfoDialog>(nullptr, covers.get());
+  covers.release()->setParent(dialog.get());  // goes after the dialog's cover view
   CFileInfoDlg logic(*dialog);
-  logic.fileName = "03 Night Harbour.mp3";
+  logic.fileName = "03 Night Harbour.flac";
   logic.title = "Night Harbour";
   logic.artist = "The Quiet Owls";
   logic.album = "Low Tide";
   logic.comment = "Live take";
   logic.length = 270;
-  logic.bitRate = 192;
+  logic.bitRate = 905;
   logic.sampleRate = 44100;
   logic.channels = 2;
   logic.rating = 4;
+  logic.type = 4;  // FLAC
+  logic.fileId = 1;
+  logic.coverPath = album.track;
   dialog->Load(logic.OpeningForm());
   return dialog;
 }
@@ -45,7 +83,7 @@ std::unique_ptr<QWidget> VolumeInfo() {
 
 std::unique_ptr<QWidget> Options() {
   auto dialog = std::make_unique<QtOptionsDialog>();
-  dialog->Load({"C:\\QORCache", {"D:\\", "E:\\"}, 1});
+  dialog->Load({"C:\\QORCache", {"D:\\", "E:\\"}, 1, true});
   return dialog;
 }
 

@@ -14,6 +14,7 @@
 #include "qt/MainWindow.h"
 #include "qt/PlayListWindow.h"
 #include "qt/QtDialogSet.h"
+#include "qt/dialogs/QtCoverLoader.h"
 #include "qt/QtTreeControl.h"
 #include "tools/screenshots/Shots.h"
 
@@ -55,7 +56,8 @@ class SampleDesktop : public QObject {
       : table(folder.path().toStdString()),
         files(table),
         app(folder.path().toStdString() + "/", PlatformServices{table, files, messages, audio}),
-        dialogs(messages) {
+        covers(files),
+        dialogs(messages, covers) {
     std::filesystem::create_directories(folder.path().toStdString() + "/drives");
     std::filesystem::create_directory_symlink(folder.path().toStdString(),
                                               folder.path().toStdString() + "/drives/c:");
@@ -154,6 +156,7 @@ class SampleDesktop : public QObject {
   QuietMessages messages;
   NoAudio audio;
   CLibraryApp app;
+  QtCoverLoader covers;
   QtDialogSet dialogs;
   IdList trackIds;
 };

@@ -70,7 +70,8 @@ class Mci {
 TEST(GstMediaControl, EveryFormatOpensPlaysFromAPositionAndStops) {
   Mci mci;
   for (const char* name :
-       {"id3v2.mp3", "SONG.MP3", "vorbis.ogg", "LOUD.WMA", "quiet.wma", "lossless.flac"}) {
+       {"id3v2.mp3", "SONG.MP3", "vorbis.ogg", "LOUD.WMA", "quiet.wma", "lossless.flac",
+        "musepack.mpc", "speech.opus", "Tone.M4A"}) {
     SCOPED_TRACE(name);
     ASSERT_EQ(mci.Open(kFixtures + name, "tune"), 0u);
     EXPECT_EQ(mci.Send("set tune time format ms").code, 0u);

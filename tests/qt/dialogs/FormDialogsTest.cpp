@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QFileInfo>
 #include <QGroupBox>
@@ -39,7 +40,7 @@ std::vector<bool> Checked(const QWidget& dialog) {
 
 FileInfoForm SongForm(int rating) {
   return {"song.mp3", "Caf\xe9", "Artist", "Album", "Comment", "Length:  4:05",
-          "Bit Rate: 192 kb/s", "Sample Rate: 44100 Hz", "Channels: 2", rating};
+          "Bit Rate: 192 kb/s", "Sample Rate: 44100 Hz", "Channels: 2", rating, "MPEG Info", 0, ""};
 }
 
 TEST(FileInfoDialog, ShowsTheFormHandsBackTheEditsAndCancelChangesNothing) {
@@ -97,7 +98,7 @@ TEST(VolumeInfoDialog, TheVolumeNameIsReadOnlyAndEnterPressesUpdate) {
 
 TEST(OptionsDialog, ListsDrivesSortedAndTakesThePickedFolderAndTheChosenDrive) {
   QtOptionsDialog dialog;
-  OptionsForm form{"C:\\QORCache", {"E:\\", "D:\\"}, 0};
+  OptionsForm form{"C:\\QORCache", {"E:\\", "D:\\"}, 0, false};
   int browsed = 0;
   const auto browse = [&] {
     if (++browsed == 2) form.cachePath = "C:\\Chosen\\";  // the first pick is cancelled
@@ -114,11 +115,17 @@ TEST(OptionsDialog, ListsDrivesSortedAndTakesThePickedFolderAndTheChosenDrive) {
     QTest::mouseClick(ButtonSaying(shown, "..."), Qt::LeftButton);
     EXPECT_EQ(path.text(), "C:\\Chosen\\");
     QTest::keyClick(&drives, Qt::Key_Up);
+    auto& allFormats = *shown.findChild<QCheckBox*>();
+    EXPECT_EQ(allFormats.text(), "Catalogue every audio format");
+    EXPECT_FALSE(allFormats.isChecked());
+    EXPECT_TRUE(allFormats.toolTip().contains("next scan")) << allFormats.toolTip().toStdString();
+    allFormats.click();
     QTest::mouseClick(ButtonSaying(shown, "OK"), Qt::LeftButton);
   });
   EXPECT_EQ(dialog.RunModal(form, browse), kDialogOk);
   EXPECT_EQ(form.cachePath, "C:\\Chosen\\");
   EXPECT_EQ(form.selectedDrive, 1);  // "D:\" in the form's own order
+  EXPECT_TRUE(form.allFormats);
 }
 
 TEST(InputDialog, ShowsCaptionPromptAndLabelAndGivesTheLabelBackAfterTheRun) {

@@ -1,0 +1,62 @@
+#include "qt/dialogs/QtCoverLoader.h"
+
+#include <QBuffer>
+#include <QImageReader>
+
+#include "tags/CoverFinder.h"
+
+namespace {
+
+// Decoding is refused past this many megabytes, whatever the header says.
+constexpr int kAllocationLimitMb = 80;
+
+}  // namespace
+
+QtCoverLoader::QtCoverLoader(const platform::FileSystem& files, QObject* parent)
+    : QObject(parent), finder_(std::make_shared<const CoverFinder>(files)) {
+  pool_.setMaxThreadCount(1);  // one disk read at a time, in the order asked
+}
+
+QtCoverLoader::~QtCoverLoader() { pool_.waitForDone(); }
+
+QImage QtCoverLoader::Decode(const std::string& bytes) {
+  QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+  QBuffer buffer(&data);
+  buffer.open(QIODevice::ReadOnly);
+  QImageReader reader(&buffer);
+  reader.setAllocationLimit(kAllocationLimitMb);
+  const QSize size = reader.size();
+  if (!size.isValid() || size.width() > kMaxDimension || size.height() > kMaxDimension) return {};
+  if (size.width() > kMaxEdge || size.height() > kMaxEdge)
+    reader.setScaledSize(size.scaled(kMaxEdge, kMaxEdge, Qt::KeepAspectRatio));
+  return reader.read();
+}
+
+const QImage* QtCoverLoader::Cached(int fileId, const std::string& path) const {
+  const Key key{fileId, path};
+  for (const auto& [cachedKey, image] : cache_)
+    if (cachedKey == key) return &image;
+  return nullptr;
+}
+
+void QtCoverLoader::Request(int fileId, const std::string& path) {
+  if (const QImage* cached = Cached(fileId, path)) {
+    emit Loaded(fileId, QString::fromStdString(path), *cached);
+    return;
+  }
+  Key key{fileId, path};
+  if (!reading_.insert(key).second) return;
+  // The destructor waits for the task, so the loader outlives it; a result
+  // posted to a loader deleted since is dropped with the loader's events.
+  pool_.start([this, finder = finder_, key] {
+    const QImage image = Decode(finder->Find(key.second).bytes);
+    QMetaObject::invokeMethod(this, [this, key, image] { Store(key, image); }, Qt::QueuedConnection);
+  });
+}
+
+void QtCoverLoader::Store(const Key& key, const QImage& image) {
+  reading_.erase(key);
+  cache_.emplace_back(key, image);
+  if (cache_.size() > kCached) cache_.pop_front();
+  emit Loaded(key.first, QString::fromStdString(key.second), image);
+}

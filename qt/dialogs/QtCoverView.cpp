@@ -1,0 +1,34 @@
+#include "qt/dialogs/QtCoverView.h"
+
+#include <QPixmap>
+
+#include "qt/dialogs/QtCoverLoader.h"
+
+QtCoverView::QtCoverView(QtCoverLoader& loader, int edge, QWidget* parent)
+    : QLabel(parent), loader_(loader), edge_(edge) {
+  setFixedSize(edge, edge);
+  setAlignment(Qt::AlignCenter);
+  setObjectName(QStringLiteral("Cover"));
+  connect(&loader_, &QtCoverLoader::Loaded, this, &QtCoverView::OnLoaded);
+}
+
+void QtCoverView::ShowNothing() {
+  fileId_ = 0;
+  path_.clear();
+  clear();
+}
+
+void QtCoverView::ShowCoverOf(int fileId, const std::string& path) {
+  ShowNothing();
+  if (path.empty()) return;
+  fileId_ = fileId;
+  path_ = QString::fromStdString(path);
+  loader_.Request(fileId, path);
+}
+
+bool QtCoverView::ShowsPicture() const { return !pixmap().isNull(); }
+
+void QtCoverView::OnLoaded(int fileId, const QString& path, const QImage& image) {
+  if (fileId != fileId_ || path != path_ || image.isNull()) return;
+  setPixmap(QPixmap::fromImage(image.scaled(edge_, edge_, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
+}

@@ -1,0 +1,111 @@
+#include "tags/CoverFinder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <taglib/attachedpictureframe.h>
+#include <taglib/id3v2tag.h>
+#include <taglib/mpegfile.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "tests/support/PermissionsHold.h"
+#include "tests/support/TempFolder.h"
+#include "tests/tags/RootedFileSystem.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+const std::string kFixtures = VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/";
+
+std::string Bytes(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+class CoverFinderTest : public ::testing::Test {
+ protected:
+  testing_support::TempFolder temp;
+  RootedFileSystem files{temp.Path()};
+  CoverFinder finder{files};
+  const std::string jpeg = Bytes(kFixtures + "art.jpg");
+
+  std::string Copy(const std::string& fixture, const std::string& relative) {
+    const std::string target = temp.Path() + "/" + relative;
+    fs::create_directories(fs::path(target).parent_path());
+    fs::copy_file(kFixtures + fixture, target, fs::copy_options::overwrite_existing);
+    return target;
+  }
+};
+
+TEST_F(CoverFinderTest, EveryTagKindGivesItsEmbeddedPicture) {
+  for (const char* name : {"pictured-id3v2.mp3", "pictured-lossless.flac", "pictured-vorbis.ogg",
+                           "pictured-speech.opus", "pictured-Tone.M4A", "pictured-quiet.wma"}) {
+    SCOPED_TRACE(name);
+    const CoverPicture found = finder.Find(kFixtures + name);
+    EXPECT_EQ(found.Describe(), "embedded");
+    EXPECT_EQ(found.bytes, jpeg);
+  }
+}
+
+// Embedded first, then folder.jpg, cover.jpg, front.jpg, cover.png in any
+// letter case; a file that is no picture is passed over.
+TEST_F(CoverFinderTest, TheFolderIsAskedInItsOrderWhenTheTagHasNone) {
+  Copy("lossless.flac", "Album/song.flac");
+  const std::string song = "C:\\Album\\song.flac";
+  EXPECT_EQ(finder.Find(song).Describe(), "none");
+  Copy("art.png", "Album/Cover.PNG");
+  EXPECT_EQ(finder.Find(song).Describe(), "Cover.PNG");
+  Copy("art.jpg", "Album/FRONT.jpg");
+  EXPECT_EQ(finder.Find(song).Describe(), "FRONT.jpg");
+  temp.WriteFile("Album/cover.jpg", "<html>not a picture</html>");
+  EXPECT_EQ(finder.Find(song).Describe(), "FRONT.jpg");
+  Copy("art.jpg", "Album/Folder.Jpg");
+  const CoverPicture folder = finder.Find(song);
+  EXPECT_EQ(folder.Describe(), "Folder.Jpg");
+  EXPECT_EQ(folder.bytes, jpeg);
+  Copy("pictured-lossless.flac", "Album/pictured.flac");
+  EXPECT_EQ(finder.Find("C:\\Album\\pictured.flac").Describe(), "embedded");
+  EXPECT_EQ(finder.Find("C:\\Album\\missing.flac").Describe(), "none");
+  EXPECT_EQ(finder.Find("D:\\Album\\song.flac").Describe(), "none");  // a drive without a root
+}
+
+TEST_F(CoverFinderTest, DamagedFilesHugePicturesAndUnreadableFoldersGiveNone) {
+  for (const char* name : {"truncated.flac", "lying.opus", "misnamed.ogg", "empty.mp3"}) {
+    SCOPED_TRACE(name);
+    EXPECT_EQ(finder.Find(kFixtures + name).Describe(), "none");
+  }
+
+  // 20 MB that begin as a JPEG, embedded as the front cover.
+  const std::string huge = Copy("id3v2.mp3", "Huge/huge.mp3");
+  {
+    TagLib::MPEG::File file(huge.c_str(), false);
+    auto* frame = new TagLib::ID3v2::AttachedPictureFrame;
+    frame->setType(TagLib::ID3v2::AttachedPictureFrame::FrontCover);
+    frame->setMimeType("image/jpeg");
+    TagLib::ByteVector picture(20 * 1024 * 1024, '\x11');
+    for (unsigned int i = 0; i < 3; ++i) picture[i] = jpeg[i];
+    frame->setPicture(picture);
+    file.ID3v2Tag(true)->addFrame(frame);
+    ASSERT_TRUE(file.save());
+  }
+  EXPECT_EQ(finder.Find(huge).Describe(), "none");
+  std::ofstream(temp.Path() + "/Huge/cover.jpg", std::ios::binary)
+      << jpeg << std::string(CoverFinder::kMaxPictureBytes, '\0');
+  EXPECT_EQ(finder.Find(huge).Describe(), "none");
+
+  // A folder that can be entered but not listed.
+  const std::string song = Copy("lossless.flac", "Locked/song.flac");
+  Copy("art.jpg", "Locked/cover.jpg");
+  chmod((temp.Path() + "/Locked").c_str(), 0311);
+  CoverPicture locked;
+  const bool held = testing_support::RunWherePermissionsHold(temp.Path() + "/Locked",
+                                                             [&] { locked = finder.Find(song); });
+  chmod((temp.Path() + "/Locked").c_str(), 0755);
+  if (!held) GTEST_SKIP() << "permissions do not hold here";
+  EXPECT_EQ(locked.Describe(), "none");
+  EXPECT_EQ(finder.Find(song).Describe(), "cover.jpg");
+}
+
+}  // namespace
