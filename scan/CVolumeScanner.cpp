@@ -23,20 +23,23 @@ CVolumeScanner::CVolumeScanner(MediaDB& db, CDriveServices& drives, TagReader& r
     : db_(db),
       drives_(drives),
       discovery_(db, drives, progress_, report_),
-      tags_(db, reader, messages, progress_, ReaderThreads()) {}
+      tags_(db, reader, messages, progress_, report_, ReaderThreads()) {}
 
 void CVolumeScanner::Prepare(int kind, const std::string& root) {
   progress_.progress = 0;
   progress_.done = false;
   progress_.cancel = false;
   progress_.SetStatus("");
+  progress_.SetOverall("");
   report_.Clear();
   requestedKind_ = kind;
   scanRoot_ = root;
 }
 
 int CVolumeScanner::Run() {
+  completed_ = false;
   Scan();
+  completed_ = !progress_.cancel;
   progress_.done = true;
   return 0;
 }

@@ -2,6 +2,7 @@
 
 #include <fnmatch.h>
 
+#include "base/CountText.h"
 #include "base/MessageText.h"
 #include "base/WorkerProgress.h"
 #include "catalogue/MediaDB.h"
@@ -31,6 +32,7 @@ void DiscoveryScan::BeginWalk(const std::string& root) {
   notListed_.clear();
   enteredFolders_.clear();
   recordedFolders_.clear();
+  foldersFound_ = 0;
   // The folders above the root count as entered, so that a link up to one of
   // them (to "/", say) does not lead the walk out of the root.
   const platform::FileSystem& files = drives_.Files();
@@ -65,6 +67,7 @@ int DiscoveryScan::MarkMediaFolders(const std::string& folder) {
     if (normal == root_) report_.Refuse(FillMessage(ScanReport::kSystemFolder, {normal}));
     return 0;
   }
+  progress_.SetOverall(Counted(++foldersFound_, "folder found", "folders found"));
   const platform::Listing listing = drives_.Files().List(normal, "*.*");
   if (!listing.Listed()) return MarkUnlisted(normal, listing.status);
   NoteSkipped(listing);
@@ -170,6 +173,10 @@ int DiscoveryScan::ScanFolder(const std::string& folder, int parentId, int volId
       names.push_back(entry.name);
   }
 
+  report_.FolderRecorded();
+  progress_.SetOverall(CountOfTotal(static_cast<std::int64_t>(recordedFolders_.size()),
+                                    static_cast<std::int64_t>(mediaFolders_.size()), "folder recorded",
+                                    "folders recorded"));
   db_.Begin();
   const int pathId = FindOrAddPath(folder, parentId, volId);
   if (index_.Path(pathId)->DirtyBit != 0) {
@@ -221,6 +228,7 @@ int DiscoveryScan::FindOrAddFile(const std::string& fullPath, int pathId, int vo
   file->VolID = volId;
   file->PathID = pathId;
   db_.AddFile(*file);
+  report_.FileAdded();
   index_.AddFile({file->FileID, pathId, file->FileName, file->ScanState, file->DirtyBit});
   return file->FileID;
 }
@@ -240,6 +248,7 @@ void DiscoveryScan::SweepSubtree(const std::string& root, int volId) {
   db_.DeleteFiles(goneFiles);
   db_.DeletePaths(gonePaths);
   db_.Commit();
+  report_.FilesRemoved(static_cast<int>(goneFiles.size()));
   index_.RemoveFiles(goneFiles);
   index_.RemovePaths(gonePaths);
 }

@@ -24,6 +24,12 @@ void ScanCommands::ScanVolume(int kind, const std::string& root) {
   scanner_.Prepare(kind, folder);
   dialogs_.RunScanDialog(scanner_);
   if (libraryChanged_) libraryChanged_();
+  ReportScan();
+}
+
+void ScanCommands::ReportScan() const {
+  if (!scanReported_ || !scanner_.Report().Refusal().empty()) return;
+  scanReported_(scanner_.Completed() ? scanner_.Report().Found() : kCancelled);
 }
 
 std::string ScanCommands::CanonicalFolder(const std::string& root) const {

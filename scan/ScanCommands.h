@@ -27,12 +27,16 @@ class ScanCommands {
  public:
   static constexpr const char* kInsertCd = "Please Insert CD into drive %s:";
   static constexpr const char* kPickerTitle = "Select Folder";
+  static constexpr const char* kCancelled = "Scan cancelled.";
 
   ScanCommands(CVolumeScanner& scanner, CDriveServices& drives, CAppSettings& settings,
                platform::FolderPicker& picker, ScanDialogHost& dialogs);
 
   // Called after every scan dialog has closed.
   void OnLibraryChanged(std::function<void()> rebuild) { libraryChanged_ = std::move(rebuild); }
+  // Called after every scan dialog has closed with what the scan found
+  // (ScanReport::Found), or kCancelled; not for a root that was refused.
+  void OnScanReported(std::function<void(const std::string&)> report) { scanReported_ = std::move(report); }
 
   // kind 5 (CD) or 3 (disk folder); root a normalised folder with its drive,
   // scanned under its one spelling (see CDriveServices::CanonicalPath). A
@@ -46,6 +50,7 @@ class ScanCommands {
 
  private:
   std::string CanonicalFolder(const std::string& root) const;
+  void ReportScan() const;
 
   CVolumeScanner& scanner_;
   CDriveServices& drives_;
@@ -53,4 +58,5 @@ class ScanCommands {
   platform::FolderPicker& picker_;
   ScanDialogHost& dialogs_;
   std::function<void()> libraryChanged_;
+  std::function<void(const std::string&)> scanReported_;
 };
