@@ -33,6 +33,9 @@ void CAppSettings::Load() {
   playListHeight = GetConfigInt(kPlayListHeight);
   playListWidth = GetConfigInt(kPlayListWidth);
   playListFolder = GetConfigText(kPlayListFolder);
+  mediaListColumns = GetConfigText(kMediaListColumns);
+  playListColumns = GetConfigText(kPlayListColumns);
+  mainMaximized = GetConfigInt(kMainMaximized);
   catalogueVersion = GetConfigText(kCatalogueVersion);
   stored_ = CurrentRows();
 }
@@ -50,7 +53,18 @@ CAppSettings::Rows CAppSettings::CurrentRows() const {
           {kPlayListTop, number(playListTop)},
           {kPlayListHeight, number(playListHeight)},
           {kPlayListWidth, number(playListWidth)},
-          {kPlayListFolder, playListFolder}};
+          {kPlayListFolder, playListFolder},
+          {kMediaListColumns, mediaListColumns},
+          {kPlayListColumns, playListColumns},
+          {kMainMaximized, number(mainMaximized)}};
+}
+
+bool CAppSettings::GeometryIsDefault() const {
+  const CAppSettings fresh(db_, "");
+  return mainLeft == fresh.mainLeft && mainTop == fresh.mainTop && mainHeight == fresh.mainHeight &&
+         mainWidth == fresh.mainWidth && splitter == fresh.splitter && playListLeft == fresh.playListLeft &&
+         playListTop == fresh.playListTop && playListHeight == fresh.playListHeight &&
+         playListWidth == fresh.playListWidth;
 }
 
 void CAppSettings::Save(bool insert) {

@@ -1,0 +1,18 @@
+#pragma once
+// A list's columns as the settings keep them: left to right, each as its
+// number at insertion and its width, "2:160,0:100,1:100". Used from the
+// user-interface thread only.
+
+#include <string>
+
+namespace platform {
+
+class ListControl;
+
+std::string SaveColumnLayout(const ListControl& list);
+// Puts the columns in the text's order with its widths. A text that does not
+// name every column exactly once, with widths from 10 to 5000 pixels (an
+// older layout, a hand edit, junk), changes nothing and returns false.
+bool RestoreColumnLayout(ListControl& list, const std::string& text);
+
+}  // namespace platform
