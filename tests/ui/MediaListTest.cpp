@@ -1,4 +1,5 @@
 #include "tests/ui/LibraryFixture.h"
+#include "platform/ColumnLayout.h"
 #include "ui/QuickSearch.h"
 
 namespace {
@@ -117,6 +118,21 @@ TEST_F(MediaListTest, HeadingsSortByStarsSecondsAndTextsAndTheSortOutlivesRefill
   app->List().SortBy(CMediaList::kSong);
   EXPECT_EQ(ids(), "123");
   EXPECT_TRUE(list.rows[2].selected);  // the selection moves with its row
+}
+
+TEST_F(MediaListTest, ColumnLayoutsRoundTripAndJunkChangesNothing) {
+  list.SetColumnOrder({2, 0, 1, 3, 4, 5});
+  list.SetColumnWidth(2, 190);
+  const std::string stored = platform::SaveColumnLayout(list);
+  EXPECT_EQ(stored, "2:190,0:100,1:100,3:86,4:58,5:80");
+  list.SetColumnOrder({0, 1, 2, 3, 4, 5});
+  for (const char* junk : {"", "2:190", "2:190,0:100,1:100,3:86,4:58,4:80", "2:190,0:100,1:100,3:86,4:58,6:80",
+                           "2:9,0:100,1:100,3:86,4:58,5:80", "2:190;0:100,1:100,3:86,4:58,5:80x", "garbage"}) {
+    EXPECT_FALSE(platform::RestoreColumnLayout(list, junk)) << junk;
+    EXPECT_EQ(list.order, (std::vector<int>{0, 1, 2, 3, 4, 5})) << junk;
+  }
+  EXPECT_TRUE(platform::RestoreColumnLayout(list, stored));
+  EXPECT_EQ(platform::SaveColumnLayout(list), stored);
 }
 
 }  // namespace
