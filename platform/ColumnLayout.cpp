@@ -13,6 +13,7 @@ namespace {
 
 constexpr int kNarrowest = 10;
 constexpr int kWidest = 5000;
+constexpr int kNarrowestFitted = 60;
 
 struct Column {
   int number;
@@ -61,6 +62,24 @@ bool RestoreColumnLayout(ListControl& list, const std::string& text) {
   }
   list.SetColumnOrder(order);
   return true;
+}
+
+void FitColumns(ListControl& list, int width, int keptColumn) {
+  const std::vector<int> columns = list.ColumnOrder();
+  int scaled = 0;
+  for (int column : columns) {
+    if (column == keptColumn)
+      width -= list.ColumnWidth(column);
+    else
+      scaled += list.ColumnWidth(column);
+  }
+  if (scaled <= 0 || width <= 0) return;
+  for (int column : columns) {
+    if (column == keptColumn) continue;
+    const int before = list.ColumnWidth(column);
+    const auto share = static_cast<int>(static_cast<long long>(before) * width / scaled);
+    list.SetColumnWidth(column, std::max(share, std::min(before, kNarrowestFitted)));
+  }
 }
 
 }  // namespace platform

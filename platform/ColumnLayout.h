@@ -14,5 +14,9 @@ std::string SaveColumnLayout(const ListControl& list);
 // name every column exactly once, with widths from 10 to 5000 pixels (an
 // older layout, a hand edit, junk), changes nothing and returns false.
 bool RestoreColumnLayout(ListControl& list, const std::string& text);
+// Scales the columns' widths so that together they take the width (as far as
+// they can: none shrinks below 60 pixels, or below its width when narrower);
+// the kept column (if any) keeps its width.
+void FitColumns(ListControl& list, int width, int keptColumn = -1);
 
 }  // namespace platform

@@ -17,6 +17,7 @@ constexpr int kPaneTop = 30;
 constexpr int kPaneBottomMargin = 10;
 constexpr int kPaneMargin = 5;
 constexpr int kStatusGap = 2;
+constexpr int kScrollBarRoom = 24;  // a list's frame and vertical scroll bar
 constexpr int kWindowGap = 10;  // between the main window and the play list window at first start
 
 }  // namespace
@@ -41,7 +42,6 @@ void CMainDlg::OnInitDialog() {
   parts_.tree.Bind(parts_.treeControls);
   parts_.list.Bind(parts_.listControls);
   parts_.list.CreateColumns();
-  platform::RestoreColumnLayout(parts_.listControls.list, parts_.settings.mediaListColumns);
   panesBound_ = true;
   parts_.scans.OnScanReported([this](const std::string& found) { view_.SetStatusLine(found); });
 
@@ -49,7 +49,21 @@ void CMainDlg::OnInitDialog() {
   playListWindow_.OnInitDialog();
   RestoreWindows();
   Layout();
+  RestoreColumns();
   parts_.tree.Rebuild();
+}
+
+// The stored columns, or else columns that share the lists' widths.
+void CMainDlg::RestoreColumns() {
+  const CAppSettings& settings = parts_.settings;
+  platform::ListControl& list = parts_.listControls.list;
+  if (!platform::RestoreColumnLayout(list, settings.mediaListColumns)) {
+    const Rect client = view_.ClientRect();
+    platform::FitColumns(list, client.right - client.left - splitter_ - 2 * kPaneMargin - kScrollBarRoom,
+                         CMediaList::kRating);
+  }
+  if (settings.playListColumns.empty())
+    platform::FitColumns(parts_.playListView.List(), settings.playListWidth - 2 * kPaneMargin - kScrollBarRoom);
 }
 
 // Two thirds of the screen for the main window, a third of it for the tree,

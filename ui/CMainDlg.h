@@ -122,6 +122,7 @@ class CMainDlg {
   void Search();
   void FitWindowsToScreen();
   void RestoreWindows();
+  void RestoreColumns();
   void StoreWindows();
   void PlaySelected();
   void RunOptions();
