@@ -321,8 +321,13 @@ void MainWindow::MovePlayList(int left, int top, int width, int height) {
 Rect MainWindow::PlayListRect() const { return TopLevelRect(*playListWindow_); }
 
 void MainWindow::RaisePlayList() {
+  if (playListWindow_->isMinimized())
+    playListWindow_->setWindowState(playListWindow_->windowState() & ~Qt::WindowMinimized);
   playListWindow_->raise();
   stacking_->Raised(*playListWindow_);
 }
 
-bool MainWindow::IsPlayListCovered() const { return stacking_->Covers(*this, *playListWindow_); }
+// A minimised window counts as covered: "PL" brings it back.
+bool MainWindow::IsPlayListCovered() const {
+  return playListWindow_->isMinimized() || stacking_->Covers(*this, *playListWindow_);
+}
