@@ -18,6 +18,7 @@ void CWorkerDlg::OnTimer(int id) {
   const WorkerProgress& progress = job_.progress;
   view_.SetStatusText(progress.Status());
   view_.SetProgressPos(progress.progress);
+  view_.SetOverallText(progress.Overall());
   if (!progress.done) return;
   view_.StopTimer(job_.timerId);
   job_.finish();

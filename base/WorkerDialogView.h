@@ -9,6 +9,8 @@ class WorkerDialogView {
   virtual ~WorkerDialogView() = default;
   virtual void SetStatusText(const std::string& text) = 0;
   virtual void SetProgressPos(int position) = 0;  // 0..100
+  // The line under the bar: how far the whole job is.
+  virtual void SetOverallText(const std::string& text) = 0;
   // Calls the dialog's OnTimer(id) every period until stopped.
   virtual void StartTimer(int id, int periodMs) = 0;
   virtual void StopTimer(int id) = 0;

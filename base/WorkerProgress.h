@@ -1,7 +1,8 @@
 #pragma once
 // What a worker thread and the modal dialog polling it share: the worker
-// writes the status text, the progress value and done; the dialog writes
-// cancel. The text is replaced whole under a lock; the rest are atomics.
+// writes the status text, the line that tells how far the whole job is, the
+// progress value and done; the dialog writes cancel. The texts are replaced
+// whole under a lock; the rest are atomics.
 
 #include <atomic>
 #include <mutex>
@@ -17,6 +18,14 @@ class WorkerProgress {
     std::lock_guard lock(mutex_);
     return status_;
   }
+  void SetOverall(std::string text) {
+    std::lock_guard lock(mutex_);
+    overall_ = std::move(text);
+  }
+  std::string Overall() const {
+    std::lock_guard lock(mutex_);
+    return overall_;
+  }
 
   std::atomic<int> progress{0};
   std::atomic<bool> cancel{false};
@@ -25,4 +34,5 @@ class WorkerProgress {
  private:
   mutable std::mutex mutex_;
   std::string status_;
+  std::string overall_;
 };

@@ -22,6 +22,8 @@ class ConsoleProgressDialog : public WorkerDialogHost, private WorkerDialogView 
  private:
   void SetStatusText(const std::string& text) override;
   void SetProgressPos(int position) override;
+  // The terminal's one line keeps the status text alone.
+  void SetOverallText(const std::string&) override {}
   void StartTimer(int id, int periodMs) override;
   void StopTimer(int id) override;
   void EndDialog(int result) override;

@@ -36,6 +36,23 @@ class ListControl {
 
   virtual unsigned ExtendedStyle() const = 0;
   virtual void SetExtendedStyle(unsigned styles) = 0;
+
+  // Puts the rows in a new order: new row i is old row order[i] (a
+  // permutation of all rows). Selected rows stay selected.
+  virtual void ReorderRows(const std::vector<int>& order) = 0;
+  // Marks the column the rows are sorted by (-1: none) and the direction.
+  virtual void SetSortIndicator(int column, bool ascending) = 0;
+  // A line shown in place of the rows while there are none ("" for none).
+  virtual void SetEmptyText(const std::string& text) = 0;
+
+  // Columns by their number at insertion, whatever order the user dragged
+  // them into. ColumnOrder lists them from left to right.
+  virtual int ColumnWidth(int column) const = 0;
+  virtual void SetColumnWidth(int column, int width) = 0;
+  virtual std::vector<int> ColumnOrder() const = 0;
+  virtual void SetColumnOrder(const std::vector<int>& order) = 0;
+  // How many pixels the text takes in the list's font.
+  virtual int TextWidth(const std::string& text) const = 0;
 };
 
 }  // namespace platform

@@ -20,13 +20,20 @@ class MemoryListControl : public ListControl {
   };
 
   std::vector<std::string> headings;  // "heading/width"
+  std::vector<int> widths;
+  std::vector<int> order;  // left to right
   std::vector<Row> rows;
   unsigned styles = 0;
+  int sortColumn = -1;
+  bool sortAscending = true;
+  std::string emptyText;
 
   void InsertColumn(int column, const std::string& heading, int width) override {
     const auto at = static_cast<std::ptrdiff_t>(
         std::min<std::size_t>(static_cast<std::size_t>(column), headings.size()));
     headings.insert(headings.begin() + at, heading + "/" + std::to_string(width));
+    widths.insert(widths.begin() + at, width);
+    order.push_back(static_cast<int>(order.size()));
     for (Row& row : rows) row.texts.insert(row.texts.begin() + at, "");
   }
   int AppendRow(const std::vector<std::string>& texts, std::int32_t value) override {
@@ -47,6 +54,22 @@ class MemoryListControl : public ListControl {
   void SelectAll() override { Select({}, true); }
   unsigned ExtendedStyle() const override { return styles; }
   void SetExtendedStyle(unsigned newStyles) override { styles = newStyles; }
+  void ReorderRows(const std::vector<int>& newOrder) override {
+    std::vector<Row> reordered;
+    for (int from : newOrder) reordered.push_back(rows.at(static_cast<std::size_t>(from)));
+    rows = std::move(reordered);
+  }
+  void SetSortIndicator(int column, bool ascending) override {
+    sortColumn = column;
+    sortAscending = ascending;
+  }
+  void SetEmptyText(const std::string& text) override { emptyText = text; }
+  int ColumnWidth(int column) const override { return widths.at(static_cast<std::size_t>(column)); }
+  void SetColumnWidth(int column, int width) override { widths.at(static_cast<std::size_t>(column)) = width; }
+  std::vector<int> ColumnOrder() const override { return order; }
+  void SetColumnOrder(const std::vector<int>& newOrder) override { order = newOrder; }
+  // Seven pixels a byte.
+  int TextWidth(const std::string& text) const override { return 7 * static_cast<int>(text.size()); }
 
   // Selects exactly these rows (or every row).
   void Select(std::initializer_list<int> selected, bool all = false) {

@@ -23,6 +23,7 @@ class MemoryTreeControl : public TreeControl {
   std::vector<Item> items;  // handle h is items[h - 1]
   std::vector<TreeItem> topLevel;
   TreeItem selected = kNoItem;
+  TreeItem shown = kNoItem;  // the item last scrolled into view
 
   TreeItem InsertItem(TreeItem parent, const std::string& label, std::int32_t value) override {
     items.push_back(Item{parent, label, value, false, false, {}});
@@ -33,11 +34,13 @@ class MemoryTreeControl : public TreeControl {
   void DeleteAllItems() override {
     items.clear();
     topLevel.clear();
-    selected = kNoItem;
+    selected = shown = kNoItem;
   }
   std::int32_t ItemValue(TreeItem item) const override { return At(item).value; }
   void SetBold(TreeItem item, bool bold) override { At(item).bold = bold; }
   void Expand(TreeItem item) override { At(item).expanded = true; }
+  bool IsExpanded(TreeItem item) const override { return At(item).expanded; }
+  void EnsureVisible(TreeItem item) override { shown = item; }
   void Select(TreeItem item) override { selected = item; }
   TreeItem SelectedItem() const override { return selected; }
 

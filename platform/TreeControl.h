@@ -27,6 +27,9 @@ class TreeControl {
   virtual std::int32_t ItemValue(TreeItem item) const = 0;
   virtual void SetBold(TreeItem item, bool bold) = 0;
   virtual void Expand(TreeItem item) = 0;
+  virtual bool IsExpanded(TreeItem item) const = 0;
+  // Scrolls the tree so that the item shows.
+  virtual void EnsureVisible(TreeItem item) = 0;
 
   // Selects the item without reporting it back as a selection change: the
   // logic that selects runs the selection steps itself.

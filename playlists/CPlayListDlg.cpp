@@ -1,6 +1,9 @@
 #include "playlists/CPlayListDlg.h"
 
+#include "base/CountText.h"
+#include "base/MessageText.h"
 #include "dialogs/CFolderDialog.h"
+#include "platform/ColumnLayout.h"
 #include "dialogs/CInputDlg.h"
 #include "playback/CPlaybackControl.h"
 #include "playlists/CPlayListModel.h"
@@ -18,6 +21,18 @@ void CPlayListDlg::OnInitDialog() {
   view_.AddButtons(kButtons);
   parts_.model.AttachList(view_.List());
   parts_.model.InsertColumns();
+  platform::RestoreColumnLayout(view_.List(), parts_.settings.playListColumns);
+}
+
+void CPlayListDlg::StoreColumns() { parts_.settings.playListColumns = platform::SaveColumnLayout(view_.List()); }
+
+void CPlayListDlg::OnRowsDragged(const std::vector<int>& rows, int before) { parts_.model.MoveRows(rows, before); }
+
+void CPlayListDlg::OnFilesDropped(const IdList& fileIds) { parts_.model.AddFiles(fileIds); }
+
+void CPlayListDlg::OnLocalFilesDropped(const std::vector<std::string>& localPaths) {
+  const int missing = parts_.model.AddLocalFiles(localPaths, parts_.drives);
+  view_.SetStatusLine(missing == 0 ? "" : FillMessage(kNotCatalogued, {Counted(missing, "file is", "files are")}));
 }
 
 void CPlayListDlg::OnSize(int clientWidth, int clientHeight) {

@@ -9,6 +9,9 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <vector>
+
+#include "catalogue/MediaDB.h"  // IdList
 
 class CAppSettings;
 class CDriveServices;
@@ -66,6 +69,7 @@ class CPlayListDlg {
   static constexpr const char* kSaveCaption = "Save Playlist";
   static constexpr const char* kSavePrompt = "Save Playlist as ..";
   static constexpr const char* kSaveButton = "Save";
+  static constexpr const char* kNotCatalogued = "%s not in the catalogue.";
 
   enum Command : int {
     kCache = 1001,
@@ -109,6 +113,13 @@ class CPlayListDlg {
   // Ctrl+A while the list has the focus.
   void OnListKeyPressed(Key key, bool control);
   void OnContextMenu(bool onList);
+  // The user dragged these rows to stand before row `before`.
+  void OnRowsDragged(const std::vector<int>& rows, int before);
+  // Files dragged in from the media list, or from a file manager.
+  void OnFilesDropped(const IdList& fileIds);
+  void OnLocalFilesDropped(const std::vector<std::string>& localPaths);
+  // Puts the list's column widths into the settings (at exit).
+  void StoreColumns();
 
  private:
   void PlaySelected();

@@ -1,7 +1,17 @@
 #include "playlists/CPlayListModel.h"
 
+#include <algorithm>
+
+#include "base/LengthText.h"
 #include "platform/ListControl.h"
+#include "playlists/CataloguedFiles.h"
 #include "playlists/FileIds.h"
+
+std::vector<std::string> PlayListRowTexts(const CMediaFile& file) {
+  const std::string& title = file.Title.empty() ? file.id3Title : file.Title;
+  const std::string& artist = file.Artist.empty() ? file.id3Artist : file.Artist;
+  return {title.empty() ? file.FileName : title, artist, MinutesAndSeconds(file.Length)};
+}
 
 std::string SongLabel(const CMediaFile& file) {
   const std::string& title = file.Title.empty() ? file.id3Title : file.Title;
@@ -28,7 +38,9 @@ void CPlayListModel::AttachList(platform::ListControl& list) {
 void CPlayListModel::DetachList() { list_ = nullptr; }
 
 void CPlayListModel::InsertColumns() {
-  if (list_) list_->InsertColumn(0, kSongColumn, kSongColumnWidth);
+  if (!list_) return;
+  for (std::size_t column = 0; column < kColumns.size(); ++column)
+    list_->InsertColumn(static_cast<int>(column), kColumns[column].heading, kColumns[column].width);
 }
 
 bool CPlayListModel::Contains(std::int32_t fileId) const {
@@ -39,7 +51,7 @@ bool CPlayListModel::Contains(std::int32_t fileId) const {
 }
 
 void CPlayListModel::AddFile(const CMediaFile& file) {
-  if (list_) list_->AppendRow({SongLabel(file)}, file.FileID);
+  if (list_) list_->AppendRow(PlayListRowTexts(file), file.FileID);
 }
 
 void CPlayListModel::AddFiles(const IdList& fileIds) {
@@ -51,6 +63,29 @@ void CPlayListModel::AddFiles(const IdList& fileIds) {
 
 IdList CPlayListModel::GetFileIds(bool selectedOnly) const {
   return list_ ? ::GetFileIds(*list_, selectedOnly) : IdList{};
+}
+
+int CPlayListModel::AddLocalFiles(const std::vector<std::string>& localPaths, const CDriveServices& drives) {
+  const CataloguedFiles found = FindCataloguedFiles(db_, drives, localPaths);
+  AddFiles(found.fileIds);
+  return found.notCatalogued;
+}
+
+void CPlayListModel::MoveRows(std::vector<int> rows, int before) {
+  if (!list_) return;
+  const int count = list_->RowCount();
+  std::sort(rows.begin(), rows.end());
+  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+  rows.erase(std::remove_if(rows.begin(), rows.end(), [count](int row) { return row < 0 || row >= count; }),
+             rows.end());
+  if (rows.empty()) return;
+  // The rows that stay, with the moved ones put in where `before` falls among them.
+  std::vector<int> order;
+  for (int row = 0; row < count; ++row)
+    if (!std::binary_search(rows.begin(), rows.end(), row)) order.push_back(row);
+  const auto staysAbove = std::count_if(order.begin(), order.end(), [before](int row) { return row < before; });
+  order.insert(order.begin() + staysAbove, rows.begin(), rows.end());
+  list_->ReorderRows(order);
 }
 
 void CPlayListModel::RemoveSelectedRows() {

@@ -5,14 +5,22 @@
 // holds the copy job (CopyJob.h). User-interface thread only; the copy
 // worker touches only the copy job.
 
+#include <array>
 #include <string>
+#include <vector>
 
 #include "catalogue/MediaDB.h"
 #include "playlists/CopyJob.h"
 
+class CDriveServices;
+
 namespace platform {
 class ListControl;
 }
+
+// The texts of a file's row: its title (the user's, or the tag's, or else
+// the file name), its artist (the user's or the tag's) and its length.
+std::vector<std::string> PlayListRowTexts(const CMediaFile& file);
 
 // The row label of a file: "Artist - Title" from the user's texts, or the
 // tag's where those are empty; the file name when either part is missing or
@@ -24,8 +32,11 @@ IdList GetFileIds(const platform::ListControl& list, bool selectedOnly);
 
 class CPlayListModel {
  public:
-  static constexpr const char* kSongColumn = "Song";
-  static constexpr int kSongColumnWidth = 200;
+  struct Column {
+    const char* heading;
+    int width;
+  };
+  static constexpr std::array<Column, 3> kColumns{{{"Song", 140}, {"Artist", 100}, {"Length", 50}}};
 
   explicit CPlayListModel(MediaDB& db);
 
@@ -42,6 +53,13 @@ class CPlayListModel {
   // ids without a file row are passed over.
   void AddFiles(const IdList& fileIds);
   IdList GetFileIds(bool selectedOnly) const;
+  // Files dropped from a file manager: appends those the catalogue holds (on
+  // a disk volume, found by their drive path), as AddFiles does. Returns how
+  // many it does not hold.
+  int AddLocalFiles(const std::vector<std::string>& localPaths, const CDriveServices& drives);
+  // Moves the rows (dragged by the user) to stand, in their order, before
+  // row `before` (RowCount for the end); they stay selected.
+  void MoveRows(std::vector<int> rows, int before);
   // Removes the selected rows, one at a time, until none is selected.
   void RemoveSelectedRows();
   void SelectAllRows();

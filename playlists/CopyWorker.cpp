@@ -1,5 +1,6 @@
 #include "playlists/CopyWorker.h"
 
+#include "base/CountText.h"
 #include "base/MessageText.h"
 #include "platform/DriveTable.h"
 #include "platform/FileSystem.h"
@@ -22,6 +23,9 @@ CopyWorker::CopyWorker(MediaDB& db, const CDriveServices& drives, std::string cd
 
 void CopyWorker::Run(const IdList& fileIds) {
   job_.summary = CopySummary();
+  filesDone_ = 0;
+  filesTotal_ = static_cast<std::int64_t>(fileIds.size());
+  job_.state.SetOverall(CountOfTotal(0, filesTotal_, "file", "files"));
   IdList volumes;
   for (std::int32_t id : fileIds)
     volumes.push_back(db_.GetFileVolume(id));
@@ -63,6 +67,7 @@ void CopyWorker::CopyVolumeFiles(const IdList& fileIds, int volId) {
       continue;
     }
     CopyFile(drive, fileId);
+    job_.state.SetOverall(CountOfTotal(++filesDone_, filesTotal_, "file", "files"));
     done += 100;
     job_.state.progress = static_cast<int>(done / count);
   }

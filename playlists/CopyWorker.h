@@ -13,6 +13,7 @@
 // the user-interface thread away from it meanwhile. The disc prompt is shown
 // from the worker through the drive services' message boxes.
 
+#include <cstdint>
 #include <string>
 
 #include "catalogue/MediaDB.h"
@@ -55,4 +56,6 @@ class CopyWorker {
   const CDriveServices& drives_;
   std::string cdDrive_;
   CopyJob& job_;
+  std::int64_t filesDone_ = 0;  // copied so far by this run, for the progress line
+  std::int64_t filesTotal_ = 0;
 };

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -18,6 +19,7 @@
 #include "qt/QtPopupMenu.h"
 #include "qt/QtTreeControl.h"
 #include "qt/WindowGeometry.h"
+#include "qt/WindowStacking.h"
 #include "qt/dialogs/QtText.h"
 #include "scan/ScanCommands.h"
 #include "ui/CMainDlg.h"
@@ -109,6 +111,9 @@ MainWindow::MainWindow(CLibraryApp& app, const DesktopDialogs& dialogs)
   logic_ = std::make_unique<CMainDlg>(parts, view);
   playListWindow_->Attach(logic_->PlayListWindow());
   playListWindow_->setAttribute(Qt::WA_QuitOnClose, false);
+  stacking_ = new WindowStacking(this);
+  stacking_->Watch(*this);
+  stacking_->Watch(*playListWindow_);
 }
 
 MainWindow::~MainWindow() = default;
@@ -143,8 +148,19 @@ void MainWindow::CreateControls() {
   }
   tree_->onSelectionChanged = [this](platform::TreeItem node) { logic_->OnTreeSelectionChanged(node); };
   tree_->onContextMenu = [this](platform::TreeItem hit) { logic_->OnTreeContextMenu(hit); };
+  SetUpMediaList();
+  statusLine_ = new QLabel(this);
+  statusLine_->setCursor(Qt::ArrowCursor);
+}
+
+// Headings sort, the last column takes the free width, rows drag out as files.
+void MainWindow::SetUpMediaList() {
   list_->onContextMenu = [this] { logic_->OnListContextMenu(); };
   list_->onDoubleClick = [this] { logic_->OnListDoubleClick(); };
+  list_->onHeaderClicked = [this](int column) { logic_->OnListHeaderClicked(column); };
+  list_->horizontalHeader()->setSectionsClickable(true);
+  list_->horizontalHeader()->setStretchLastSection(true);
+  list_->AllowDragging(false);
 }
 
 // The window is never narrower than the row, so that every button stays in
@@ -222,6 +238,12 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
   if (logic_) logic_->OnSize(width(), height());
 }
 
+// The play list window opened first; it must not start hidden behind.
+void MainWindow::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (playListWindow_->isVisible()) RaisePlayList();
+}
+
 void MainWindow::closeEvent(QCloseEvent* event) {
   QWidget::closeEvent(event);
   if (closed_) return;
@@ -254,6 +276,26 @@ void MainWindow::MoveList(int x, int y, int width, int height) {
   list_->setGeometry(x, y, std::max(width, 0), std::max(height, 0));
 }
 
+void MainWindow::MoveStatusLine(int x, int y, int width, int height) {
+  statusLine_->setGeometry(x, y, std::max(width, 0), std::max(height, 0));
+}
+
+int MainWindow::StatusLineHeight() const { return fontMetrics().height() + 2; }
+
+// A line too long for the window is cut; its tool tip holds all of it.
+void MainWindow::SetStatusLine(const std::string& text) {
+  statusLine_->setText(ToQString(text));
+  statusLine_->setToolTip(statusLine_->text());
+}
+
+Rect MainWindow::AvailableScreen() const { return AvailableScreenOf(*this); }
+
+bool MainWindow::IsMaximized() const { return isMaximized(); }
+
+void MainWindow::SetMaximized(bool maximized) {
+  setWindowState(maximized ? windowState() | Qt::WindowMaximized : windowState() & ~Qt::WindowMaximized);
+}
+
 void MainWindow::SetSizingCursor() { setCursor(Qt::SizeHorCursor); }
 
 void MainWindow::CaptureMouse() { grabMouse(); }
@@ -277,3 +319,15 @@ void MainWindow::MovePlayList(int left, int top, int width, int height) {
 }
 
 Rect MainWindow::PlayListRect() const { return TopLevelRect(*playListWindow_); }
+
+void MainWindow::RaisePlayList() {
+  if (playListWindow_->isMinimized())
+    playListWindow_->setWindowState(playListWindow_->windowState() & ~Qt::WindowMinimized);
+  playListWindow_->raise();
+  stacking_->Raised(*playListWindow_);
+}
+
+// A minimised window counts as covered: "PL" brings it back.
+bool MainWindow::IsPlayListCovered() const {
+  return playListWindow_->isMinimized() || stacking_->Covers(*this, *playListWindow_);
+}

@@ -19,12 +19,14 @@ class CLibraryApp;
 class CMainDlg;
 class CopyCommands;
 class PlayListWindow;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 class QtListControl;
 class QtPopupMenu;
 class QtTreeControl;
 class ScanCommands;
+class WindowStacking;
 
 class MainWindow final : public QWidget, private MainWindowView {
  public:
@@ -43,6 +45,7 @@ class MainWindow final : public QWidget, private MainWindowView {
   QtListControl& List() const { return *list_; }
   QLineEdit& FindField() const { return *findField_; }
   PlayListWindow& PlayList() const { return *playListWindow_; }
+  QLabel& StatusLine() const { return *statusLine_; }
   // The button of a CMainDlg command, or null.
   QPushButton* Button(int command) const;
   int Splitter() const;
@@ -50,10 +53,12 @@ class MainWindow final : public QWidget, private MainWindowView {
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
   void CreateControls();
+  void SetUpMediaList();
   void PlaceButtonRow();
   bool RouteMouse(QEvent& event);
   bool RouteKey(QObject* watched, QEvent& event);
@@ -64,6 +69,12 @@ class MainWindow final : public QWidget, private MainWindowView {
   Rect ClientRect() const override;
   void MoveTree(int x, int y, int width, int height) override;
   void MoveList(int x, int y, int width, int height) override;
+  void MoveStatusLine(int x, int y, int width, int height) override;
+  int StatusLineHeight() const override;
+  void SetStatusLine(const std::string& text) override;
+  Rect AvailableScreen() const override;
+  bool IsMaximized() const override;
+  void SetMaximized(bool maximized) override;
   void SetSizingCursor() override;
   void CaptureMouse() override;
   void ReleaseMouse() override;
@@ -74,12 +85,16 @@ class MainWindow final : public QWidget, private MainWindowView {
   void ShowPlayList(bool show) override;
   void MovePlayList(int left, int top, int width, int height) override;
   Rect PlayListRect() const override;
+  void RaisePlayList() override;
+  bool IsPlayListCovered() const override;
 
   DesktopDialogs dialogs_;
   QtTreeControl* tree_ = nullptr;  // children of the window
   QtListControl* list_ = nullptr;
   QLineEdit* findField_ = nullptr;
   QWidget* findLabel_ = nullptr;
+  QLabel* statusLine_ = nullptr;
+  WindowStacking* stacking_ = nullptr;  // a child of the window
   std::map<int, QWidget*> controls_;  // by CMainDlg command
   std::unique_ptr<QtPopupMenu> menu_;
   std::unique_ptr<ScanCommands> scans_;

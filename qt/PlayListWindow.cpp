@@ -33,6 +33,21 @@ PlayListWindow::PlayListWindow() : list_(new QtListControl(this)), status_(new Q
   list_->onContextMenu = [this] {
     if (logic_) logic_->OnContextMenu(true);
   };
+  AcceptDrags();
+}
+
+// Rows move by dragging; files come in from the media list or a file manager.
+void PlayListWindow::AcceptDrags() {
+  list_->AllowDragging(true);
+  list_->onRowsMoved = [this](const std::vector<int>& rows, int before) {
+    if (logic_) logic_->OnRowsDragged(rows, before);
+  };
+  list_->onFileIdsDropped = [this](const std::vector<std::int32_t>& ids) {
+    if (logic_) logic_->OnFilesDropped(ids);
+  };
+  list_->onLocalFilesDropped = [this](const std::vector<std::string>& paths) {
+    if (logic_) logic_->OnLocalFilesDropped(paths);
+  };
 }
 
 QPushButton* PlayListWindow::Button(int command) const {

@@ -1,7 +1,8 @@
 #pragma once
 // The play list window ("Play List - Vantrelle"): a top-level window of its
 // own with its buttons along the top, the play list below them and a status
-// line under the list saying what the last copy came to. It draws
+// line under the list saying what the last copy (or drop) came to. Rows move
+// by dragging, and files may be dropped in. It draws
 // what CPlayListDlg asks for and hands the user's buttons, keys and context
 // menu to it. Hiding is the way it closes: the main window owns it.
 // User-interface thread only.
@@ -42,6 +43,8 @@ class PlayListWindow final : public QWidget, public PlayListView {
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
+  void AcceptDrags();
+
   QtListControl* list_;  // children of the window
   QLabel* status_;
   std::map<int, QPushButton*> buttons_;

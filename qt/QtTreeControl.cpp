@@ -74,6 +74,15 @@ void QtTreeControl::Expand(platform::TreeItem item) {
   if (QTreeWidgetItem* shown = Item(item)) shown->setExpanded(true);
 }
 
+bool QtTreeControl::IsExpanded(platform::TreeItem item) const {
+  const QTreeWidgetItem* shown = Item(item);
+  return shown && shown->isExpanded();
+}
+
+void QtTreeControl::EnsureVisible(platform::TreeItem item) {
+  if (QTreeWidgetItem* shown = Item(item)) scrollToItem(shown);
+}
+
 void QtTreeControl::Select(platform::TreeItem item) {
   FlagUp changing(changing_);
   setCurrentItem(Item(item));

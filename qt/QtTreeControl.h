@@ -27,6 +27,8 @@ class QtTreeControl final : public QTreeWidget, public platform::TreeControl {
   std::int32_t ItemValue(platform::TreeItem item) const override;
   void SetBold(platform::TreeItem item, bool bold) override;
   void Expand(platform::TreeItem item) override;
+  bool IsExpanded(platform::TreeItem item) const override;
+  void EnsureVisible(platform::TreeItem item) override;
   void Select(platform::TreeItem item) override;
   platform::TreeItem SelectedItem() const override;
 

@@ -49,6 +49,29 @@ void ReportListModel::RemoveAllRows() {
   endResetModel();
 }
 
+void ReportListModel::Reorder(const std::vector<int>& order) {
+  Flush();
+  if (order.size() != rows_.size()) return;
+  emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
+  std::vector<int> newRowOf(order.size());
+  std::vector<Row> reordered;
+  reordered.reserve(rows_.size());
+  for (std::size_t to = 0; to < order.size(); ++to) {
+    const auto from = static_cast<std::size_t>(order[to]);
+    newRowOf[from] = static_cast<int>(to);
+    reordered.push_back(std::move(rows_[from]));
+  }
+  rows_ = std::move(reordered);
+  const QModelIndexList before = persistentIndexList();
+  QModelIndexList after;
+  after.reserve(before.size());
+  for (const QModelIndex& index : before)
+    after.push_back(index.isValid() ? this->index(newRowOf[static_cast<std::size_t>(index.row())], index.column())
+                                    : index);
+  changePersistentIndexList(before, after);
+  emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+}
+
 const std::string& ReportListModel::Text(int row, int column) const {
   return rows_.at(static_cast<std::size_t>(row)).texts.at(static_cast<std::size_t>(column));
 }
@@ -73,4 +96,9 @@ QVariant ReportListModel::headerData(int section, Qt::Orientation orientation, i
       section >= columnCount())
     return {};
   return ToQString(headings_[static_cast<std::size_t>(section)]);
+}
+
+Qt::ItemFlags ReportListModel::flags(const QModelIndex& index) const {
+  const Qt::ItemFlags plain = QAbstractTableModel::flags(index);
+  return index.isValid() ? plain | Qt::ItemIsDragEnabled : plain;
 }

@@ -1,8 +1,8 @@
 #pragma once
 // The rows of a report-view list: column headings, and rows of texts (one per
 // column) that each carry an item value. Texts are kept as the logic gave
-// them and shown through ToQString. Rows are only appended or removed; the
-// model never sorts. Appended rows reach the views in one batch when the
+// them and shown through ToQString. Rows are appended, removed or put in a
+// new order that the logic gives; the model never sorts by itself. Appended rows reach the views in one batch when the
 // event loop next turns, or at the next Flush, so that a fill of many rows
 // costs the views one insertion. User-interface thread only.
 
@@ -24,6 +24,8 @@ class ReportListModel final : public QAbstractTableModel {
   void Flush();
   void RemoveRow(int row);
   void RemoveAllRows();
+  // New row i is old row order[i]; views and selections follow their rows.
+  void Reorder(const std::vector<int>& order);
 
   std::int32_t Value(int row) const { return rows_.at(static_cast<std::size_t>(row)).value; }
   const std::string& Text(int row, int column) const;
@@ -32,6 +34,8 @@ class ReportListModel final : public QAbstractTableModel {
   int columnCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  // Rows may be dragged (where the view allows it).
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
 
  private:
   struct Row {

@@ -24,13 +24,14 @@ CVolumeScanner::CVolumeScanner(MediaDB& db, CDriveServices& drives, TagReader& r
     : db_(db),
       drives_(drives),
       discovery_(db, drives, progress_, report_),
-      tags_(db, reader, messages, progress_, ReaderThreads()) {}
+      tags_(db, reader, messages, progress_, report_, ReaderThreads()) {}
 
 void CVolumeScanner::Prepare(int kind, const std::string& root, AudioFormats formats) {
   progress_.progress = 0;
   progress_.done = false;
   progress_.cancel = false;
   progress_.SetStatus("");
+  progress_.SetOverall("");
   report_.Clear(formats);
   requestedKind_ = kind;
   scanRoot_ = root;
@@ -48,7 +49,9 @@ int CVolumeScanner::FilesLeftOut(const std::string& root, AudioFormats formats) 
 }
 
 int CVolumeScanner::Run() {
+  completed_ = false;
   Scan();
+  completed_ = !progress_.cancel;
   progress_.done = true;
   return 0;
 }

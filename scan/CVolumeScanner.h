@@ -47,6 +47,8 @@ class CVolumeScanner {
   // What the last scan has to tell once it is done.
   const ScanReport& Report() const { return report_; }
   const std::string& ScanRoot() const { return scanRoot_; }
+  // Whether the last scan ran to its end, not cancelled.
+  bool Completed() const { return completed_; }
   int RequestedKind() const { return requestedKind_; }
   // How long the last tag phase took.
   std::chrono::steady_clock::duration TagPhaseTime() const { return tagPhaseTime_; }
@@ -63,5 +65,6 @@ class CVolumeScanner {
   std::string scanRoot_;
   AudioFormats formats_ = AudioFormats::Classic;
   int requestedKind_ = 0;
+  bool completed_ = false;  // written by the worker before done
   std::chrono::steady_clock::duration tagPhaseTime_{};
 };

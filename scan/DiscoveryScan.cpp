@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "base/CountText.h"
 #include "base/MessageText.h"
 #include "base/WorkerProgress.h"
 #include "catalogue/MediaDB.h"
@@ -34,6 +35,7 @@ void DiscoveryScan::BeginWalk(const std::string& root, AudioFormats formats) {
   notListed_.clear();
   enteredFolders_.clear();
   recordedFolders_.clear();
+  foldersFound_ = 0;
   // The folders above the root count as entered, so that a link up to one of
   // them (to "/", say) does not lead the walk out of the root.
   const platform::FileSystem& files = drives_.Files();
@@ -84,6 +86,7 @@ int DiscoveryScan::MarkMediaFolders(const std::string& normal, const std::string
     if (normal == root_) report_.Refuse(FillMessage(ScanReport::kSystemFolder, {normal}));
     return 0;
   }
+  progress_.SetOverall(Counted(++foldersFound_, "folder found", "folders found"));
   const platform::Listing listing = drives_.Files().List(local, "*.*");
   if (!listing.Listed()) return MarkUnlisted(normal, listing.status);
   NoteSkipped(listing);
@@ -193,6 +196,10 @@ int DiscoveryScan::ScanFolder(const std::string& folder, const std::string& list
       names.push_back(entry.name);
   }
 
+  report_.FolderRecorded();
+  progress_.SetOverall(CountOfTotal(static_cast<std::int64_t>(recordedFolders_.size()),
+                                    static_cast<std::int64_t>(mediaFolders_.size()), "folder recorded",
+                                    "folders recorded"));
   // A folder that gains no row needs no transaction; one that does gains its
   // rows in one.
   const int known = index_.FindPath(GetFolderPart(folder));
@@ -239,6 +246,7 @@ int DiscoveryScan::FindOrAddFile(const std::string& fullPath, int pathId, int vo
   file->VolID = volId;
   file->PathID = pathId;
   db_.AddFile(*file);
+  report_.FileAdded();
   index_.AddFile({file->FileID, pathId, file->FileName, file->ScanState, file->DirtyBit});
   return file->FileID;
 }
@@ -254,6 +262,7 @@ void DiscoveryScan::SweepSubtree(const std::string& root, int volId) {
   }
   index_.RemoveFiles(goneFiles);
   index_.RemovePaths(gonePaths);
+  report_.FilesRemoved(static_cast<int>(goneFiles.size()));
   // The rows that stay take the dirty bits the walk left them, in the
   // transaction of the removals: a rescan that changed nothing writes nothing.
   VolumeIndex::DirtyBitChanges bits = index_.TakeDirtyBitChanges();

@@ -10,8 +10,8 @@
 // folders above it nor those that are off limits, and enters every folder
 // once, however many links lead to it.
 //
-// Runs on the scan worker. Reads the cancel flag and writes the status text
-// and the report.
+// Runs on the scan worker. Reads the cancel flag and writes the status text,
+// the progress line (folders found, then folders recorded) and the report.
 
 #include <cstdint>
 #include <set>
@@ -99,4 +99,5 @@ class DiscoveryScan {
   std::unordered_set<std::string> notListed_;
   FolderSet enteredFolders_;
   FolderSet recordedFolders_;
+  int foldersFound_ = 0;  // entered by this walk's marking, for the progress line
 };

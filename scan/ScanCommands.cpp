@@ -30,6 +30,12 @@ void ScanCommands::ScanVolume(int kind, const std::string& root) {
     return std::make_unique<CScanDlg>(scanner_, messages, view);
   });
   if (libraryChanged_) libraryChanged_();
+  ReportScan();
+}
+
+void ScanCommands::ReportScan() const {
+  if (!scanReported_ || !scanner_.Report().Refusal().empty()) return;
+  scanReported_(scanner_.Completed() ? scanner_.Report().Found() : kCancelled);
 }
 
 AudioFormats ScanCommands::Formats() const {

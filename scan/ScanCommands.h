@@ -28,12 +28,16 @@ class ScanCommands {
       "The catalogue holds %s FLAC, Musepack, Opus or M4A files under %s, and every audio "
       "format is no longer catalogued. Scanning removes them from the catalogue, with the "
       "titles and ratings you gave them. Scan now?";
+  static constexpr const char* kCancelled = "Scan cancelled.";
 
   ScanCommands(CVolumeScanner& scanner, CDriveServices& drives, CAppSettings& settings,
                platform::FolderPicker& picker, WorkerDialogHost& dialogs);
 
   // Called after every scan dialog has closed.
   void OnLibraryChanged(std::function<void()> rebuild) { libraryChanged_ = std::move(rebuild); }
+  // Called after every scan dialog has closed with what the scan found
+  // (ScanReport::Found), or kCancelled; not for a root that was refused.
+  void OnScanReported(std::function<void(const std::string&)> report) { scanReported_ = std::move(report); }
 
   // kind 5 (CD) or 3 (disk folder); root a normalised folder with its drive,
   // scanned under its one spelling (see CDriveServices::CanonicalPath). A
@@ -51,6 +55,7 @@ class ScanCommands {
   AudioFormats Formats() const;
   // False when the user would rather keep the files the scan would remove.
   bool MayRemoveLeftOut(const std::string& folder, AudioFormats formats);
+  void ReportScan() const;
 
   CVolumeScanner& scanner_;
   CDriveServices& drives_;
@@ -58,4 +63,5 @@ class ScanCommands {
   platform::FolderPicker& picker_;
   WorkerDialogHost& dialogs_;
   std::function<void()> libraryChanged_;
+  std::function<void(const std::string&)> scanReported_;
 };

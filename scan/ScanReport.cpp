@@ -1,13 +1,10 @@
 #include "scan/ScanReport.h"
 
+#include "base/CountText.h"
 #include "platform/FileSystem.h"
 #include "scan/Paths.h"
 
 namespace {
-
-std::string Counted(int count, const char* one, const char* many) {
-  return std::to_string(count) + " " + (count == 1 ? one : many);
-}
 
 // "3 files and 1 folder were skipped for their names."
 std::string SkippedLine(int files, int folders, const char* oneReason, const char* manyReason) {
@@ -34,6 +31,7 @@ void ScanReport::Clear(AudioFormats formats) {
   notRead_.clear();
   forName_ = {};
   forLength_ = {};
+  found_ = {};
 }
 
 // Only audio files count: any other file would not have been recorded anyway.
@@ -56,4 +54,10 @@ std::string ScanReport::Notes() const {
   AddLine(notes, SkippedLine(forLength_.files, forLength_.folders, "the length of its path.",
                              "the length of their paths."));
   return notes;
+}
+
+std::string ScanReport::Found() const {
+  return "Found " + Counted(found_.folders, "folder", "folders") + ": " +
+         Counted(found_.added, "file", "files") + " added, " + Counted(found_.removed, "file", "files") +
+         " removed, " + Counted(found_.unreadable, "file", "files") + " could not be read.";
 }

@@ -3,11 +3,13 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "base/CountText.h"
 #include "base/WorkerProgress.h"
 #include "catalogue/MediaDB.h"
 #include "catalogue/Records.h"
 #include "platform/MessageBox.h"
 #include "scan/Paths.h"
+#include "scan/ScanReport.h"
 #include "scan/TagReadAhead.h"
 #include "scan/VolumeIndex.h"
 #include "tags/TagReader.h"
@@ -35,14 +37,19 @@ void CopyTagsAndProperties(const CMediaFile& read, CMediaFile& file) {
   file.Channels = read.Channels;
 }
 
+// The reader leaves a record as it was when it cannot read the file: no
+// audio properties.
+bool ReadNothing(const CMediaFile& read) { return read.SampleRate == 0 && read.Channels == 0; }
+
 }  // namespace
 
 TagScan::TagScan(MediaDB& db, TagReader& reader, platform::MessageBox& messages,
-                 WorkerProgress& progress, unsigned readerThreads)
+                 WorkerProgress& progress, ScanReport& report, unsigned readerThreads)
     : db_(db),
       reader_(reader),
       messages_(messages),
       progress_(progress),
+      report_(report),
       readerThreads_(readerThreads) {}
 
 bool TagScan::ToRead(const VolumeIndex& index, int fileId) {
@@ -76,7 +83,9 @@ void TagScan::Run(const std::string& root, int volId, VolumeIndex& index) {
         return MakeFullPath(drive, index.Path(subtree[at])->FullPath, std::string(index.FileName(fileId)));
       },
       readerThreads_);
+  const auto total = static_cast<std::int64_t>(toRead.size());
   std::size_t taken = 0;
+  progress_.SetOverall(CountOfTotal(0, total, "file", "files"));
 
   for (std::int32_t pathId : subtree) {
     progress_.progress = 0;
@@ -97,8 +106,13 @@ void TagScan::Run(const std::string& root, int volId, VolumeIndex& index) {
         record.PathID = static_cast<int>(pathId);
         record.VolID = volId;
         record.FileName = index.FileName(fileId);
-        ScanFileTags(record, [&](CMediaFile& file) { CopyTagsAndProperties(readAhead.Take(taken++), file); });
+        ScanFileTags(record, [&](CMediaFile& file) {
+          const CMediaFile read = readAhead.Take(taken++);
+          if (ReadNothing(read)) report_.FileUnreadable();
+          CopyTagsAndProperties(read, file);
+        });
         index.SetFileScanState(fileId, kStored);
+        progress_.SetOverall(CountOfTotal(static_cast<std::int64_t>(taken), total, "file", "files"));
       }
       progress_.progress = 100 * i / n;
     }

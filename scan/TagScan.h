@@ -4,8 +4,9 @@
 // caller brackets the whole phase in one transaction. A reader that throws
 // ends the program after a message, with that transaction never committed.
 //
-// Runs on the scan worker. Reads the cancel flag, writes the status text and
-// the progress value (0 to 99 within each folder). The files' tags are read
+// Runs on the scan worker. Reads the cancel flag, writes the status text,
+// the progress value (0 to 99 within each folder), the progress line ("12 of
+// 340 files") and, in the report, the files it could not read. The files' tags are read
 // ahead on reader threads; only the worker writes to the catalogue.
 
 #include <functional>
@@ -14,6 +15,7 @@
 class CMediaFile;
 struct FileRow;
 class MediaDB;
+class ScanReport;
 class TagReader;
 class VolumeIndex;
 class WorkerProgress;
@@ -28,7 +30,7 @@ class TagScan {
 
   // readerThreads: how many threads read tags ahead of the worker.
   TagScan(MediaDB& db, TagReader& reader, platform::MessageBox& messages,
-          WorkerProgress& progress, unsigned readerThreads);
+          WorkerProgress& progress, ScanReport& report, unsigned readerThreads);
 
   void Run(const std::string& root, int volId, VolumeIndex& index);
 
@@ -44,5 +46,6 @@ class TagScan {
   TagReader& reader_;
   platform::MessageBox& messages_;
   WorkerProgress& progress_;
+  ScanReport& report_;
   unsigned readerThreads_;
 };

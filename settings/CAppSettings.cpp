@@ -34,6 +34,9 @@ void CAppSettings::Load() {
   playListWidth = GetConfigInt(kPlayListWidth);
   playListFolder = GetConfigText(kPlayListFolder);
   allFormats = GetConfigText(kAllFormats) == "1";
+  mediaListColumns = GetConfigText(kMediaListColumns);
+  playListColumns = GetConfigText(kPlayListColumns);
+  mainMaximized = GetConfigInt(kMainMaximized);
   catalogueVersion = GetConfigText(kCatalogueVersion);
   stored_ = CurrentRows();
 }
@@ -52,7 +55,18 @@ CAppSettings::Rows CAppSettings::CurrentRows() const {
           {kPlayListHeight, number(playListHeight)},
           {kPlayListWidth, number(playListWidth)},
           {kPlayListFolder, playListFolder},
+          {kMediaListColumns, mediaListColumns},
+          {kPlayListColumns, playListColumns},
+          {kMainMaximized, number(mainMaximized)},
           {kAllFormats, allFormats ? "1" : "0"}};
+}
+
+bool CAppSettings::GeometryIsDefault() const {
+  const CAppSettings fresh(db_, "");
+  return mainLeft == fresh.mainLeft && mainTop == fresh.mainTop && mainHeight == fresh.mainHeight &&
+         mainWidth == fresh.mainWidth && splitter == fresh.splitter && playListLeft == fresh.playListLeft &&
+         playListTop == fresh.playListTop && playListHeight == fresh.playListHeight &&
+         playListWidth == fresh.playListWidth;
 }
 
 void CAppSettings::Save(bool insert) {

@@ -25,6 +25,9 @@ class CAppSettings {
     kPlayListTop = 535,
     kPlayListHeight = 540,
     kPlayListWidth = 545,
+    kMediaListColumns = 550,
+    kPlayListColumns = 555,
+    kMainMaximized = 560,
     kPlayListFolder = 605,
     kAllFormats = 710,  // "1": catalogue FLAC, Musepack, Opus and M4A too; "0" (the default): not
   };
@@ -45,9 +48,18 @@ class CAppSettings {
   std::int32_t playListHeight = 400;
   std::int32_t playListWidth = 210;
   std::int32_t splitter = 100;
+  // The lists' columns left to right with their widths ("2:160,0:100,...");
+  // empty for the columns as created.
+  std::string mediaListColumns;
+  std::string playListColumns;
+  std::int32_t mainMaximized = 0;  // 1: the main window comes back maximised
   std::string playListFolder;
   bool allFormats = false;  // scans record every audio format, not only MP3, Ogg Vorbis and WMA
   std::string lastAddedFolder;  // the folder last chosen by Add HD; this run only
+
+  // Whether the nine window values are still those a new catalogue starts
+  // with: no window was ever placed.
+  bool GeometryIsDefault() const;
 
   std::string GetConfigText(int configId);
   int GetConfigInt(int configId);

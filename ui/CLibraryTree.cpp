@@ -58,11 +58,12 @@ void CLibraryTree::Unbind() {
 
 void CLibraryTree::Bind(const LibraryTreeControls& controls) {
   controls_.emplace(controls);
-  controls.scans.OnLibraryChanged([this] { Rebuild(); });
+  controls.scans.OnLibraryChanged([this] { RebuildInPlace(); });
 }
 
 void CLibraryTree::Clear() {
   Control().DeleteAllItems();
+  nodes_.clear();
   current_ = kNoItem;
 }
 
@@ -70,15 +71,65 @@ void CLibraryTree::Rebuild() {
   Clear();
   BuildRoots();
   const FolderIndex folders(db_.GetPathNodeRows());
-  AddVolumesOfType(platform::kDriveCdRom, folders);
-  AddVolumesOfType(platform::kDriveFixed, folders);
+  const int volumes =
+      AddVolumesOfType(platform::kDriveCdRom, folders) + AddVolumesOfType(platform::kDriveFixed, folders);
   AddPlayLists();
+  list_.ShowStartHint(volumes == 0);
   for (TreeItem node : {allMedia_, cds_, localDisks_, playLists_}) Control().Expand(node);
+}
+
+void CLibraryTree::RebuildInPlace() {
+  const Place place = CurrentPlace();
+  Rebuild();
+  RestorePlace(place);
+}
+
+CLibraryTree::Place CLibraryTree::CurrentPlace() const {
+  Place place;
+  for (const auto& [item, node] : nodes_)
+    if (Control().IsExpanded(item)) place.expanded.push_back(node.value);
+  for (TreeItem item = SelectedNode(); item != kNoItem;) {
+    const auto found = nodes_.find(item);
+    if (found == nodes_.end()) break;
+    place.selectedLine.push_back(found->second.value);
+    item = found->second.parent;
+  }
+  place.search = list_.ShownSearch();
+  return place;
+}
+
+void CLibraryTree::RestorePlace(const Place& place) {
+  std::unordered_map<std::int32_t, TreeItem> byValue;
+  for (const auto& [item, node] : nodes_) {
+    const auto [at, added] = byValue.emplace(node.value, item);
+    if (!added && item < at->second) at->second = item;  // the first of equal values
+  }
+  for (std::int32_t value : place.expanded) {
+    const auto found = byValue.find(value);
+    if (found != byValue.end()) Control().Expand(found->second);
+  }
+  SelectFirstFound(place, byValue);
+}
+
+void CLibraryTree::SelectFirstFound(const Place& place,
+                                    const std::unordered_map<std::int32_t, TreeItem>& byValue) {
+  for (std::int32_t value : place.selectedLine) {
+    const auto found = byValue.find(value);
+    if (found == byValue.end()) continue;
+    SelectNode(found->second);
+    Control().EnsureVisible(found->second);
+    // Search results are the one list no node's selection fills.
+    if (found->second == searchResults_ && place.search) list_.FillWithSearch(*place.search);
+    return;
+  }
 }
 
 platform::TreeItem CLibraryTree::Insert(TreeItem parent, const std::string& label, NodeKind kind,
                                         int id) {
-  return Control().InsertItem(parent, label, ItemValue(kind, id));
+  const std::int32_t value = ItemValue(kind, id);
+  const TreeItem item = Control().InsertItem(parent, label, value);
+  nodes_[item] = Node{parent, value};
+  return item;
 }
 
 void CLibraryTree::BuildRoots() {
@@ -91,15 +142,18 @@ void CLibraryTree::BuildRoots() {
   playLists_ = Insert(kNoItem, kPlayLists, NodeKind::Root, kPlayListsRoot);
 }
 
-void CLibraryTree::AddVolumesOfType(int volType, const FolderIndex& folders) {
+int CLibraryTree::AddVolumesOfType(int volType, const FolderIndex& folders) {
   // The group follows the type asked for, not the row's own VolType.
   const bool cd = volType == platform::kDriveCdRom;
+  int added = 0;
   for (const CMediaVolume& volume : db_.GetVolumesOfType(volType)) {
     const std::string label =
         cd ? volume.DisplayName : FillMessage(kDiskVolumeLabel, {volume.DrvLtr, volume.DisplayName});
     const TreeItem node = Insert(cd ? cds_ : localDisks_, label, NodeKind::Volume, volume.VolID);
     AddFolders(node, folders.RootsOf(volume.VolID), folders);
+    ++added;
   }
+  return added;
 }
 
 void CLibraryTree::AddFolders(TreeItem parent, std::span<const PathNodeRow* const> folders,
@@ -178,14 +232,14 @@ bool CLibraryTree::RemoveNode(TreeItem node) {
 void CLibraryTree::RemoveAndRebuild(TreeItem node) {
   if (!RemoveNode(node)) return;
   list_.Clear();
-  Rebuild();
+  RebuildInPlace();
 }
 
 bool CLibraryTree::EditVolumeInfo() {
   const DecodedNode decoded = Decode(context_);
   if (decoded.kind != NodeKind::Volume) return false;
   if (!commands_.EditVolume(decoded.id, controls_->volumeInfo)) return false;
-  Rebuild();
+  RebuildInPlace();
   return true;
 }
 

@@ -4,8 +4,9 @@
 // "Play Lists"), the CD and disk volumes with their folders, and the stored
 // play lists. Each node's item value tells what it stands for (NodeValue.h).
 // The tree keeps no catalogue rows: it is rebuilt whole after every change
-// and never updated in place, which also collapses it to its default
-// expansion. One object for the process, bound to its controls by the main
+// and never updated in place. The start-up build shows the default
+// expansion; a rebuild after something the user did keeps its place (the
+// expanded nodes, the selection and what the list shows). One object for the process, bound to its controls by the main
 // window. User-interface thread only; catalogue failures end the process.
 
 #include <array>
@@ -13,6 +14,8 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <unordered_map>
+#include <vector>
 
 #include "platform/PopupMenu.h"
 #include "platform/TreeControl.h"
@@ -63,7 +66,13 @@ class CLibraryTree {
   void Unbind();
 
   void Clear();
+  // The whole tree (and the list's start hint while no volume shows) from the catalogue, in its default expansion.
   void Rebuild();
+  // Rebuild, then the nodes that were expanded and still exist expanded
+  // again, and the selected node (or, when it is gone, its nearest remaining
+  // ancestor) selected, scrolled into view and shown in the list. Nodes are
+  // matched by their item values.
+  void RebuildInPlace();
 
   DecodedNode Decode(TreeItem node) const;
   TreeItem SelectedNode() const;
@@ -99,9 +108,24 @@ class CLibraryTree {
 
  private:
   class FolderIndex;
+  struct Node {
+    TreeItem parent;
+    std::int32_t value;
+  };
+  // Where the user was: what a rebuild in place gives back.
+  struct Place {
+    std::vector<std::int32_t> expanded;
+    std::vector<std::int32_t> selectedLine;  // the selected node's value, then its ancestors'
+    std::optional<std::string> search;       // the text whose results the list showed
+  };
+
+  Place CurrentPlace() const;
+  void RestorePlace(const Place& place);
+  void SelectFirstFound(const Place& place, const std::unordered_map<std::int32_t, TreeItem>& byValue);
 
   void BuildRoots();
-  void AddVolumesOfType(int volType, const FolderIndex& folders);
+  // Returns the number of volumes added.
+  int AddVolumesOfType(int volType, const FolderIndex& folders);
   void AddFolders(TreeItem parent, std::span<const PathNodeRow* const> folders,
                   const FolderIndex& index);
   void AddPlayLists();
@@ -112,6 +136,7 @@ class CLibraryTree {
   LibraryCommands& commands_;
   CMediaList& list_;
   std::optional<LibraryTreeControls> controls_;
+  std::unordered_map<TreeItem, Node> nodes_;  // every node of the last build
   TreeItem allMedia_ = platform::TreeControl::kNoItem;
   TreeItem cds_ = platform::TreeControl::kNoItem;
   TreeItem localDisks_ = platform::TreeControl::kNoItem;

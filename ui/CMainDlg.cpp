@@ -1,6 +1,11 @@
 #include "ui/CMainDlg.h"
 
+#include <algorithm>
+
+#include "base/CountText.h"
 #include "dialogs/COptionsDlg.h"
+#include "platform/ColumnLayout.h"
+#include "platform/ListControl.h"
 #include "playback/CPlaybackControl.h"
 #include "scan/ScanCommands.h"
 #include "settings/CAppSettings.h"
@@ -11,6 +16,9 @@ namespace {
 constexpr int kPaneTop = 30;
 constexpr int kPaneBottomMargin = 10;
 constexpr int kPaneMargin = 5;
+constexpr int kStatusGap = 2;
+constexpr int kScrollBarRoom = 24;  // a list's frame and vertical scroll bar
+constexpr int kWindowGap = 10;  // between the main window and the play list window at first start
 
 }  // namespace
 
@@ -19,10 +27,11 @@ CMainDlg::CMainDlg(const MainWindowParts& parts, MainWindowView& view)
       view_(view),
       playListWindow_(parts.playList, parts.playListView),
       splitter_(parts.settings.splitter) {
-  playListWindow_.OnLibraryChanged([this] { parts_.tree.Rebuild(); });
+  playListWindow_.OnLibraryChanged([this] { parts_.tree.RebuildInPlace(); });
 }
 
 CMainDlg::~CMainDlg() {
+  parts_.scans.OnScanReported(nullptr);
   if (!panesBound_) return;
   parts_.tree.Unbind();
   parts_.list.Unbind();
@@ -34,26 +43,65 @@ void CMainDlg::OnInitDialog() {
   parts_.list.Bind(parts_.listControls);
   parts_.list.CreateColumns();
   panesBound_ = true;
+  parts_.scans.OnScanReported([this](const std::string& found) { view_.SetStatusLine(found); });
 
-  const CAppSettings& settings = parts_.settings;
+  if (parts_.settings.GeometryIsDefault()) FitWindowsToScreen();
   playListWindow_.OnInitDialog();
+  RestoreWindows();
+  Layout();
+  RestoreColumns();
+  parts_.tree.Rebuild();
+}
+
+// The stored columns, or else columns that share the lists' widths.
+void CMainDlg::RestoreColumns() {
+  const CAppSettings& settings = parts_.settings;
+  platform::ListControl& list = parts_.listControls.list;
+  if (!platform::RestoreColumnLayout(list, settings.mediaListColumns)) {
+    const Rect client = view_.ClientRect();
+    platform::FitColumns(list, client.right - client.left - splitter_ - 2 * kPaneMargin - kScrollBarRoom,
+                         CMediaList::kRating);
+  }
+  if (settings.playListColumns.empty())
+    platform::FitColumns(parts_.playListView.List(), settings.playListWidth - 2 * kPaneMargin - kScrollBarRoom);
+}
+
+// Two thirds of the screen for the main window, a third of it for the tree,
+// and the play list window beside it on the right.
+void CMainDlg::FitWindowsToScreen() {
+  const Rect screen = view_.AvailableScreen();
+  const int width = screen.right - screen.left;
+  const int height = screen.bottom - screen.top;
+  if (width <= 0 || height <= 0) return;
+  CAppSettings& settings = parts_.settings;
+  settings.mainWidth = width * 2 / 3;
+  settings.mainHeight = height * 2 / 3;
+  settings.mainLeft = screen.left + width / 12;
+  settings.mainTop = screen.top + height / 6;
+  settings.splitter = settings.mainWidth / 3;
+  settings.playListLeft = settings.mainLeft + settings.mainWidth + kWindowGap;
+  settings.playListTop = settings.mainTop;
+  settings.playListWidth = std::max(screen.right - kWindowGap - settings.playListLeft, kWindowGap);
+  settings.playListHeight = settings.mainHeight;
+}
+
+void CMainDlg::RestoreWindows() {
+  const CAppSettings& settings = parts_.settings;
   ShowPlayList(kShow);
   view_.MovePlayList(settings.playListLeft, settings.playListTop, settings.playListWidth,
                      settings.playListHeight);
-
   dragging_ = false;
   splitter_ = settings.splitter;
   band_ = {splitter_, 0, 1, 1};  // holds no point until the first layout
   view_.MoveWindow(settings.mainLeft, settings.mainTop, settings.mainWidth, settings.mainHeight);
-  Layout();
-  parts_.tree.Rebuild();
+  if (settings.mainMaximized == 1) view_.SetMaximized(true);
 }
 
 void CMainDlg::OnCommand(int command) {
   switch (command) {
     case kAddCd: parts_.scans.AddCd(); break;
     case kAddHd: parts_.scans.AddHd(); break;
-    case kTogglePlayList: ShowPlayList(view_.IsPlayListVisible() ? kHide : kShow); break;
+    case kTogglePlayList: TogglePlayList(); break;
     case kOptions: RunOptions(); break;
     case kAbout: view_.ShowAbout(); break;
     case kGo: Search(); break;
@@ -73,12 +121,16 @@ void CMainDlg::Layout() {
 
 void CMainDlg::Layout(int clientWidth, int clientHeight) {
   const int s = splitter_;
-  const int paneHeight = clientHeight - kPaneTop - kPaneBottomMargin;
+  const int statusHeight = view_.StatusLineHeight();
+  const int statusRoom = statusHeight > 0 ? statusHeight + kStatusGap : 0;
+  const int paneHeight = clientHeight - kPaneTop - kPaneBottomMargin - statusRoom;
   if (panesBound_) {
     view_.MoveTree(kPaneMargin, kPaneTop, s - kPaneMargin, paneHeight);
     view_.MoveList(s + kPaneMargin, kPaneTop, clientWidth - (s + kPaneMargin) - kPaneMargin, paneHeight);
+    view_.MoveStatusLine(kPaneMargin, kPaneTop + paneHeight + kStatusGap, clientWidth - 2 * kPaneMargin,
+                         statusHeight);
   }
-  band_ = {s, kPaneTop, s + kBandWidth, clientHeight - kPaneBottomMargin};
+  band_ = {s, kPaneTop, s + kBandWidth, clientHeight - kPaneBottomMargin - statusRoom};
 }
 
 bool CMainDlg::PreTranslateMessage(const WindowMessage& message) {
@@ -161,8 +213,17 @@ void CMainDlg::OnListContextMenu() {
 
 void CMainDlg::OnListDoubleClick() { parts_.list.AddSelectedToPlayList(); }
 
+void CMainDlg::OnListHeaderClicked(int column) { parts_.list.SortBy(column); }
+
 void CMainDlg::OnDestroy() {
+  StoreWindows();
+  parts_.settings.mediaListColumns = platform::SaveColumnLayout(parts_.listControls.list);
+  playListWindow_.StoreColumns();
+}
+
+void CMainDlg::StoreWindows() {
   CAppSettings& settings = parts_.settings;
+  settings.mainMaximized = view_.IsMaximized() ? 1 : 0;
   const Rect main = view_.OuterRect();
   settings.mainLeft = main.left;
   settings.mainTop = main.top;
@@ -182,7 +243,19 @@ void CMainDlg::ShowPlayList(int how) {
   if (how == kHide && visible) view_.ShowPlayList(false);
 }
 
-void CMainDlg::Search() { QuickSearch(parts_.tree, parts_.list, view_.FindText()); }
+void CMainDlg::TogglePlayList() {
+  if (view_.IsPlayListVisible() && !view_.IsPlayListCovered()) {
+    ShowPlayList(kHide);
+    return;
+  }
+  ShowPlayList(kShow);
+  view_.RaisePlayList();
+}
+
+void CMainDlg::Search() {
+  QuickSearch(parts_.tree, parts_.list, view_.FindText());
+  view_.SetStatusLine(Counted(parts_.list.RowCount(), "file found.", "files found."));
+}
 
 void CMainDlg::PlaySelected() {
   const IdList selected = parts_.list.SelectedFileIds();

@@ -82,7 +82,8 @@ class CMainDlg {
   CMainDlg& operator=(const CMainDlg&) = delete;
 
   // Binds the tree and the list, opens the play list window, restores the
-  // stored geometry, lays out and builds the tree.
+  // stored geometry (or, at the first start, fits both windows to the
+  // screen), lays out and builds the tree.
   void OnInitDialog();
   void OnCommand(int command);
   void OnSize(int clientWidth, int clientHeight);
@@ -96,12 +97,17 @@ class CMainDlg {
   void OnTreeContextMenu(platform::TreeItem hit);
   void OnListContextMenu();
   void OnListDoubleClick();
+  // A click on a heading of the media list sorts by that column.
+  void OnListHeaderClicked(int column);
   // Puts both windows' geometry and the splitter into the settings; the
   // front end then ends the run with CLibraryApp::Exit, which writes them.
   void OnDestroy();
 
   // kShow shows a hidden play list window, kHide hides a visible one.
   void ShowPlayList(int how);
+  // "PL": a hidden or covered play list window is shown above the others;
+  // a visible one in plain view is hidden.
+  void TogglePlayList();
   void Layout();
   void Layout(int clientWidth, int clientHeight);
 
@@ -114,6 +120,10 @@ class CMainDlg {
   void OnKeyDown(const WindowMessage& message);
   void OnKeyUp(const WindowMessage& message);
   void Search();
+  void FitWindowsToScreen();
+  void RestoreWindows();
+  void RestoreColumns();
+  void StoreWindows();
   void PlaySelected();
   void RunOptions();
 

@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <numeric>
+#include <variant>
 
+#include "base/AsciiCase.h"
 #include "base/LengthText.h"
 #include "base/MessageText.h"
 #include "dialogs/CFileInfoDlg.h"
@@ -14,6 +17,7 @@
 namespace {
 
 constexpr int kRatingWidth = 10;
+constexpr int kColumnPadding = 16;  // room for the cell's margins and the sort arrow
 
 const std::string& UserOrTag(const std::string& user, const std::string& tag) {
   return user.empty() ? tag : user;
@@ -48,6 +52,26 @@ void TakeEdit(std::string& user, const std::string& tag, const std::string& edit
   if (edited != tag) user = edited;
 }
 
+// What a row sorts by in a column: a number for Rating (stars) and Length
+// (seconds), the text in lower case for the others.
+using SortKey = std::variant<int, std::string>;
+
+int StarsOf(const std::string& ratingText) {
+  return static_cast<int>(std::count(ratingText.begin(), ratingText.end(), '*'));
+}
+
+int SecondsOf(const std::string& lengthText) {
+  int minutes = 0, seconds = 0;
+  if (std::sscanf(lengthText.c_str(), "%d:%d", &minutes, &seconds) != 2) return 0;
+  return minutes * 60 + seconds;
+}
+
+SortKey KeyOf(int column, const std::string& text) {
+  if (column == CMediaList::kRating) return StarsOf(text);
+  if (column == CMediaList::kLength) return SecondsOf(text);
+  return AsciiLower(text);
+}
+
 }  // namespace
 
 CMediaList::CMediaList(MediaDB& db, CPlayListModel& playList) : db_(db), playList_(playList) {}
@@ -60,12 +84,49 @@ void CMediaList::Bind(const MediaListControls& controls) {
 }
 
 void CMediaList::CreateColumns() {
-  for (std::size_t column = 0; column < kColumns.size(); ++column)
-    controls_->list.InsertColumn(static_cast<int>(column), kColumns[column].heading,
-                                 kColumns[column].width);
+  platform::ListControl& list = controls_->list;
+  for (std::size_t column = 0; column < kColumns.size(); ++column) {
+    const std::string heading = kColumns[column].heading;
+    int width = std::max(kColumns[column].width, list.TextWidth(heading) + kColumnPadding);
+    if (column == kRating)
+      width = std::max(width, list.TextWidth(std::string(kRatingWidth, '*')) + kColumnPadding);
+    list.InsertColumn(static_cast<int>(column), heading, width);
+  }
 }
 
-void CMediaList::Clear() { controls_->list.DeleteAllRows(); }
+void CMediaList::Clear() {
+  controls_->list.DeleteAllRows();
+  shownSearch_.reset();
+}
+
+int CMediaList::RowCount() const { return controls_->list.RowCount(); }
+
+void CMediaList::ShowStartHint(bool show) { controls_->list.SetEmptyText(show ? kStartHint : ""); }
+
+void CMediaList::SortBy(int column) {
+  if (column < 0 || column >= static_cast<int>(kColumns.size())) return;
+  sortAscending_ = column == sortColumn_ ? !sortAscending_ : true;
+  sortColumn_ = column;
+  controls_->list.SetSortIndicator(sortColumn_, sortAscending_);
+  ApplySort();
+}
+
+void CMediaList::ApplySort() {
+  if (sortColumn_ < 0) return;
+  platform::ListControl& list = controls_->list;
+  const int rows = list.RowCount();
+  std::vector<SortKey> keys;
+  keys.reserve(static_cast<std::size_t>(rows));
+  for (int row = 0; row < rows; ++row) keys.push_back(KeyOf(sortColumn_, list.RowText(row, sortColumn_)));
+  std::vector<int> order(static_cast<std::size_t>(rows));
+  std::iota(order.begin(), order.end(), 0);
+  std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
+    const SortKey& first = keys[static_cast<std::size_t>(sortAscending_ ? a : b)];
+    const SortKey& second = keys[static_cast<std::size_t>(sortAscending_ ? b : a)];
+    return first < second;
+  });
+  list.ReorderRows(order);
+}
 
 void CMediaList::AppendRow(const MediaListRow& row) {
   controls_->list.AppendRow({UserOrTag(row.Title, row.id3Title), UserOrTag(row.Artist, row.id3Artist),
@@ -81,16 +142,20 @@ void CMediaList::AddRow(const CMediaFile& file) {
 
 void CMediaList::FillWithFolder(int pathId) {
   for (const MediaListRow& row : db_.GetFolderListRows(pathId)) AppendRow(row);
+  ApplySort();
 }
 
 void CMediaList::FillWithPlayList(int playListId) {
   const auto playList = db_.GetPlayList(playListId);
   if (!playList) return;
   for (const MediaListRow& row : db_.FileListRows(ParseIdList(playList->FileIDs))) AppendRow(row);
+  ApplySort();
 }
 
 void CMediaList::FillWithSearch(const std::string& text) {
   for (const MediaListRow& row : db_.SearchListRows(text)) AppendRow(row);
+  shownSearch_ = text;
+  ApplySort();
 }
 
 void CMediaList::SelectAll() { controls_->list.SelectAll(); }

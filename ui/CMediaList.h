@@ -1,8 +1,9 @@
 #pragma once
 // The media list: the main window's right pane, one row per catalogue file,
 // each row carrying its FileID. It keeps no rows of the catalogue: every fill
-// reads them afresh, and rows are only ever appended, so a fill keeps the
-// catalogue's order. No fill empties the list; callers Clear first.
+// reads them afresh and keeps the catalogue's order, until the user clicks a
+// column heading: from then on every fill is sorted by that column. No fill
+// empties the list; callers Clear first.
 // One object for the process; bound to its controls by the main window.
 // User-interface thread only; catalogue failures end the process (MediaDB).
 
@@ -47,6 +48,8 @@ class CMediaList {
       {"Length", 50},
       {"Volume", 80},
   }};
+  enum Column : int { kSong, kArtist, kFileName, kRating, kLength, kVolume };
+  static constexpr const char* kStartHint = "Add a CD or a folder to begin";
   static constexpr std::array<platform::MenuEntry, 2> kMenu{{
       {kAddToPlayList, "Add To PlayList"},
       {kFileInfo, "File Info / Edit"},
@@ -65,9 +68,12 @@ class CMediaList {
   }
   // Lets go of the controls; the binder calls it before they go away.
   void Unbind() { controls_.reset(); }
+  // The six columns, each at least as wide as its heading; the rating's as
+  // wide as ten stars.
   void CreateColumns();
 
   void Clear();
+  int RowCount() const;
   // Appends the file's row; its volume row is read for the Volume column.
   void AddRow(const CMediaFile& file);
   // The folder's own files, not its sub-folders'.
@@ -77,6 +83,19 @@ class CMediaList {
   void FillWithPlayList(int playListId);
   // The files whose name, titles or artists hold the text, as it is given.
   void FillWithSearch(const std::string& text);
+  // The text whose results the list shows, if it shows a search's.
+  const std::optional<std::string>& ShownSearch() const { return shownSearch_; }
+
+  // A click on a column's heading: the rows sorted by it, ascending; a
+  // second click on the same heading reverses them. Rating sorts by stars,
+  // Length by seconds, the others by their texts regardless of ASCII case;
+  // equal rows keep their order.
+  void SortBy(int column);
+  int SortColumn() const { return sortColumn_; }
+  bool SortAscending() const { return sortAscending_; }
+
+  // The hint in place of the rows while the catalogue holds no volume.
+  void ShowStartHint(bool show);
 
   void SelectAll();
   IdList SelectedFileIds() const;
@@ -91,9 +110,13 @@ class CMediaList {
 
  private:
   void AppendRow(const MediaListRow& row);
+  void ApplySort();
 
   MediaDB& db_;
   CPlayListModel& playList_;
   std::optional<MediaListControls> controls_;
   std::function<std::string(int)> presentPath_;
+  std::optional<std::string> shownSearch_;
+  int sortColumn_ = -1;  // none: the catalogue's order
+  bool sortAscending_ = true;
 };

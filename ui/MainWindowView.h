@@ -52,6 +52,18 @@ class MainWindowView {
   // Client pixels.
   virtual void MoveTree(int x, int y, int width, int height) = 0;
   virtual void MoveList(int x, int y, int width, int height) = 0;
+  // The line under the panes: what the last scan found, how many files a
+  // search found.
+  virtual void MoveStatusLine(int x, int y, int width, int height) = 0;
+  virtual int StatusLineHeight() const = 0;
+  virtual void SetStatusLine(const std::string& text) = 0;
+
+  // The part of the screen that windows may take (without panels), in
+  // screen pixels; the screen the main window is on.
+  virtual Rect AvailableScreen() const = 0;
+  // Maximised: OuterRect still gives the rectangle it comes back to.
+  virtual bool IsMaximized() const = 0;
+  virtual void SetMaximized(bool maximized) = 0;
 
   // The east-west sizing arrow.
   virtual void SetSizingCursor() = 0;
@@ -68,4 +80,9 @@ class MainWindowView {
   virtual void ShowPlayList(bool show) = 0;
   virtual void MovePlayList(int left, int top, int width, int height) = 0;
   virtual Rect PlayListRect() const = 0;
+  // Brings the play list window above the program's other windows.
+  virtual void RaisePlayList() = 0;
+  // Whether another of the program's windows lies over the visible play
+  // list window.
+  virtual bool IsPlayListCovered() const = 0;
 };

@@ -17,6 +17,7 @@ QtWorkerDialog::QtWorkerDialog(const char* caption, QWidget* parent)
     : QDialog(parent),
       status_(new QLabel(this)),
       bar_(new QProgressBar(this)),
+      overall_(new QLabel(this)),
       cancel_(MakeButton(*this, QStringLiteral("Cancel"), 50, 14)),
       ticks_(new QTimer(this)),
       waiting_(new QTimer(this)) {
@@ -29,6 +30,7 @@ QtWorkerDialog::QtWorkerDialog(const char* caption, QWidget* parent)
   bar_->setValue(0);
   bar_->setTextVisible(false);
   bar_->setFixedHeight(DialogUnitsY(*this, 10));
+  overall_->setAlignment(Qt::AlignCenter);
   connect(cancel_, &QPushButton::clicked, this, &QtWorkerDialog::reject);
   connect(ticks_, &QTimer::timeout, this, [this] {
     if (logic_) logic_->OnTimer(timerId_);
@@ -44,6 +46,7 @@ QtWorkerDialog::QtWorkerDialog(const char* caption, QWidget* parent)
   column->setSpacing(DialogUnitsY(*this, 5));
   column->addWidget(status_);
   column->addWidget(bar_);
+  column->addWidget(overall_);
   column->addLayout(CentredRow(*this, {cancel_}, 0));
   setFixedSize(DialogUnits(*this, 224, 62).expandedTo(sizeHint()));
 }
@@ -51,6 +54,7 @@ QtWorkerDialog::QtWorkerDialog(const char* caption, QWidget* parent)
 int QtWorkerDialog::Run(CWorkerDlg& logic) {
   logic_ = &logic;
   cancel_->setEnabled(true);
+  overall_->clear();
   logic.OnInitDialog();
   const int result = exec();
   // The run may have ended without the logic (its parent closing, say): the
@@ -72,6 +76,8 @@ void QtWorkerDialog::SetStatusText(const std::string& text) {
 }
 
 void QtWorkerDialog::SetProgressPos(int position) { bar_->setValue(position); }
+
+void QtWorkerDialog::SetOverallText(const std::string& text) { overall_->setText(ToQString(text)); }
 
 void QtWorkerDialog::StartTimer(int id, int periodMs) {
   timerId_ = id;

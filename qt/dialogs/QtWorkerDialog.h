@@ -1,6 +1,7 @@
 #pragma once
 // "Scan Volume" and "Copying Files": a centred status line, a progress bar
-// 0..100 and "Cancel" over a worker dialog's logic. When the logic ends the
+// 0..100, a line saying how far the whole job is, and "Cancel" over a worker
+// dialog's logic. When the logic ends the
 // run while the worker is still busy, the dialog cancels the worker and stays
 // up, its event loop turning (so boxes the worker asks for can be answered),
 // until the worker has finished. Closing the window or Esc counts as Cancel.
@@ -30,6 +31,8 @@ class QtWorkerDialog : public QDialog, public WorkerDialogView {
 
   void SetStatusText(const std::string& text) override;
   void SetProgressPos(int position) override;
+  void SetOverallText(const std::string& text) override;
+  QLabel& OverallLine() const { return *overall_; }
   void StartTimer(int id, int periodMs) override;
   void StopTimer(int id) override;
   // Ends the run once the worker is no longer busy.
@@ -42,6 +45,7 @@ class QtWorkerDialog : public QDialog, public WorkerDialogView {
 
   QLabel* status_;
   QProgressBar* bar_;
+  QLabel* overall_;
   QPushButton* cancel_;
   QTimer* ticks_;
   QTimer* waiting_;

@@ -50,9 +50,10 @@ TEST_F(LibraryAppTest, FirstStartWritesTheDefaultsAndMakesTheCacheFolder) {
   const std::vector<std::pair<int, std::string>> expected = {
       {1, "2.1"},   {405, "E"},   {410, "C:\\QORCache"}, {505, "40"}, {510, "100"},
       {515, "400"}, {520, "500"}, {525, "100"},          {530, "550"}, {535, "100"},
-      {540, "400"}, {545, "210"}, {605, ""},            {710, "0"}};
+      {540, "400"}, {545, "210"}, {550, ""},           {555, ""},   {560, "0"},
+      {605, ""},    {710, "0"}};
   // The settings, and the marks of the highest ids given (901 to 904).
-  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 18);
+  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 21);
   for (const auto& [id, value] : expected) EXPECT_EQ(Config(*app, id), value) << id;
   EXPECT_TRUE(fs::is_directory(folder.Path() + "/home/QORCache"));
   EXPECT_TRUE(messages.Shown().empty());
@@ -81,7 +82,7 @@ TEST_F(LibraryAppTest, LaterStartsInsertNothingAndExitWritesOnlyWhenASettingChan
   EXPECT_EQ(exitStatements.front() + exitStatements.back(), "BEGINCOMMIT");
   EXPECT_EQ(exitStatements[3], "UPDATE Configs SET Value='41' WHERE ConfigID=505;");
   EXPECT_TRUE(StatementsOf(*app, [&] { app->Exit(); }).empty());  // saved: unchanged again
-  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 18);
+  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 21);
 }
 
 TEST_F(LibraryAppTest, SettingsSurviveARestart) {
@@ -147,7 +148,7 @@ TEST_F(LibraryAppTest, MissingSettingRowsAreWrittenWithTheirDefaultsAtStartUp) {
   auto app = NewApp();
   app->Start();
   EXPECT_EQ(app->Settings().playListFolder, "C:\\Lists\\");  // the change stuck
-  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 18);
+  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 21);
 }
 
 TEST_F(LibraryAppTest, AnEmptyOrHalfMadeCatalogueIsMadeWhole) {

@@ -94,6 +94,7 @@ TEST_F(CopyTest, ProgressCountsEveryListedFileAndStartsWhereTheLastCopyLeftIt) {
   messages.OnShow([&](const testing_support::ShownMessage&) { WaitFor([&] { return shown.load(); }); });
   copy.CopyToCache();
   EXPECT_EQ(dialogs.positions.back(), 100);
+  EXPECT_EQ(dialogs.overallTexts.back(), "0 of 1 file");  // the disc never came
   EXPECT_EQ(messages.Texts().back(), "File Copy Complete.");
 }
 

@@ -48,14 +48,28 @@ class DesktopTest : public ::testing::Test {
     // As if stored by the last run: room for the tree's deeper levels.
     app.Settings().mainWidth = 700;
     app.Settings().splitter = 250;
+    OpenWindow();
+  }
+
+  // Starts the main window (and with it the play list window) and shows it.
+  void OpenWindow() {
     window = std::make_unique<MainWindow>(
         app, DesktopDialogs{picker, input, fileInfo, volumeInfo, options, workers, ShowAboutBox});
+    modelTesters.clear();
     for (QAbstractItemModel* model : {List().model(), PlayList().model()})
       modelTesters.push_back(std::make_unique<QAbstractItemModelTester>(
           model, QAbstractItemModelTester::FailureReportingMode::Fatal));
     window->Start();
     window->show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+  }
+  // Closes the window, which stores the windows' places in the settings,
+  // and opens it again from them, as the next run would.
+  void Restart() {
+    window->close();
+    modelTesters.clear();
+    window.reset();
+    OpenWindow();
   }
 
   // Add HD with the picker answering home/Music; returns when the scan is done.

@@ -4,10 +4,13 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
+#include <QScreen>
 #include <QRadioButton>
 #include <fstream>
 #include <sstream>
 
+#include "qt/WindowGeometry.h"
 #include "qt/dialogs/QtFolderPicker.h"
 #include "tests/qt/DesktopFixture.h"
 #include "tests/qt/dialogs/WhenShown.h"
@@ -37,11 +40,23 @@ TEST_F(DesktopTest, AddBrowseSearchEditAndRemoveAFolder) {
   ASSERT_NE(rock, nullptr);
   ASSERT_NE(Node("Pop"), nullptr);
 
+  EXPECT_EQ(window->StatusLine().text().toStdString(),
+            "Found 3 folders: 4 files added, 0 files removed, 0 files could not be read.");
+
   Click(rock);
   EXPECT_TRUE(rock->font(0).bold());
   EXPECT_EQ(Column(List(), 2), (Strings{"id3v1.mp3", "SONG.MP3"}));
   EXPECT_EQ(Column(List(), 0), (Strings{"Café Müller", "Upper Case Extension"}));
   EXPECT_TRUE(List().horizontalHeader()->sectionsMovable());
+
+  // A heading sorts by its column, a second click the other way round.
+  QHeaderView& heading = *List().horizontalHeader();
+  for (int click = 0; click < 2; ++click)
+    QTest::mouseClick(heading.viewport(), Qt::LeftButton, {},
+                      QPoint(heading.sectionViewportPosition(0) + 5, heading.height() / 2));
+  EXPECT_EQ(Column(List(), 0), (Strings{"Upper Case Extension", "Café Müller"}));
+  EXPECT_TRUE(heading.isSortIndicatorShown());
+  EXPECT_EQ(heading.sortIndicatorOrder(), Qt::DescendingOrder);
 
   // "File Info / Edit" on the second row: a new title and three stars.
   ClickRow(List(), 1);
@@ -59,6 +74,7 @@ TEST_F(DesktopTest, AddBrowseSearchEditAndRemoveAFolder) {
   QTest::keyClicks(&window->FindField(), "o ");
   QTest::keyClick(&window->FindField(), Qt::Key_Return);
   EXPECT_EQ(Column(List(), 2, true), (Strings{"SONG.MP3", "id3v1.mp3", "vorbis.ogg"}));
+  EXPECT_EQ(window->StatusLine().text(), "3 files found.");
   EXPECT_TRUE(Node("Search Results")->font(0).bold());
   QTest::keyClick(&window->FindField(), Qt::Key_Escape);
   EXPECT_EQ(window->FindField().text(), "");
@@ -89,8 +105,8 @@ TEST_F(DesktopTest, BuildPlayAndSaveAPlayListThenCopyItToTheCache) {
   ClickRow(List(), 1, Qt::ShiftModifier);
   user::ChooseFromMenu("Add To PlayList");
   RightClick(List(), 1);
-  EXPECT_EQ(Column(PlayList(), 0), (Strings{"Capital Letters - Upper Case Extension",
-                                            "Dara O'Neill - Café Müller"}));
+  EXPECT_EQ(Column(PlayList(), 0), (Strings{"Upper Case Extension", "Café Müller"}));
+  EXPECT_EQ(Column(PlayList(), 1), (Strings{"Capital Letters", "Dara O'Neill"}));
 
   // Play the selected row of the play list, then stop.
   ClickRow(PlayList(), 1);
@@ -132,7 +148,8 @@ TEST_F(DesktopTest, BuildPlayAndSaveAPlayListThenCopyItToTheCache) {
 
 TEST_F(DesktopTest, SplitterKeysOptionsAboutAndGeometry) {
   EXPECT_TRUE(window->PlayList().isVisible());
-  EXPECT_EQ(Tree().geometry(), QRect(5, 30, 245, 360));
+  const int paneHeight = 360 - window->StatusLine().height() - 2;  // the status line under the panes
+  EXPECT_EQ(Tree().geometry(), QRect(5, 30, 245, paneHeight));
 
   // The band lies right of the tree; a drag stops at both limits.
   QTest::mousePress(List().viewport(), Qt::LeftButton, {}, QPoint(2, 50));
@@ -149,9 +166,14 @@ TEST_F(DesktopTest, SplitterKeysOptionsAboutAndGeometry) {
   QTest::mouseMove(window.get(), QPoint(302, 100));
   QTest::mouseRelease(window.get(), Qt::LeftButton, {}, QPoint(302, 100));
   EXPECT_EQ(window->Splitter(), 300);
-  EXPECT_EQ(List().geometry(), QRect(305, 30, 390, 360));
+  EXPECT_EQ(List().geometry(), QRect(305, 30, 390, paneHeight));
 
-  // "PL" hides and shows the play list window.
+  // "PL" raises the play list window while the main window covers it, then hides it.
+  window->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  ASSERT_TRUE(window->frameGeometry().intersects(window->PlayList().frameGeometry()));
+  QTest::mouseClick(window->Button(CMainDlg::kTogglePlayList), Qt::LeftButton);
+  EXPECT_TRUE(window->PlayList().isVisible());
   QTest::mouseClick(window->Button(CMainDlg::kTogglePlayList), Qt::LeftButton);
   EXPECT_FALSE(window->PlayList().isVisible());
 
@@ -179,6 +201,79 @@ TEST_F(DesktopTest, SplitterKeysOptionsAboutAndGeometry) {
   EXPECT_EQ(std::vector({settings.mainWidth, settings.mainHeight, settings.splitter, settings.playListWidth,
                          settings.playListHeight}),
             std::vector({720, 480, 300, 230, 410}));
+}
+
+TEST_F(DesktopTest, ARescanKeepsTheExpandedSelectedFolder) {
+  AddMusicFolder();
+  QTreeWidgetItem* music = Node("Music");
+  ASSERT_NE(music, nullptr);
+  Click(music);
+  music->setExpanded(true);
+  std::filesystem::remove(home + "/Music/Pop/vorbis.ogg");
+  user::ChooseFromMenu("rescan");
+  Click(music, Qt::RightButton);
+
+  music = Tree().currentItem();
+  ASSERT_NE(music, nullptr);
+  EXPECT_EQ(music->text(0), "Music");
+  EXPECT_TRUE(music->isSelected());
+  EXPECT_TRUE(music->isExpanded());
+  EXPECT_TRUE(music->font(0).bold());
+  EXPECT_EQ(music->childCount(), 2);
+  EXPECT_EQ(window->StatusLine().text().toStdString(),
+            "Found 3 folders: 0 files added, 1 file removed, 0 files could not be read.");
+}
+
+TEST_F(DesktopTest, BothWindowsComeBackWhereTheyWereRunAfterRun) {
+  MoveTopLevel(*window, 60, 80, 640, 420);
+  MoveTopLevel(window->PlayList(), 720, 90, 260, 380);
+  List().setColumnWidth(2, 190);
+  List().horizontalHeader()->moveSection(2, 0);
+  const QRect main = window->geometry(), playList = window->PlayList().geometry();
+  for (int run = 0; run < 3; ++run) {
+    Restart();
+    EXPECT_EQ(window->geometry(), main) << run;
+    EXPECT_EQ(window->PlayList().geometry(), playList) << run;
+  }
+  EXPECT_EQ(List().horizontalHeader()->logicalIndex(0), 2);
+  EXPECT_EQ(List().columnWidth(2), 190);
+
+  // Maximised, it comes back maximised, and its normal place stays.
+  window->showMaximized();
+  Restart();
+  EXPECT_TRUE(window->isMaximized());
+  EXPECT_EQ(window->normalGeometry(), main);
+  EXPECT_TRUE(window->screen()->availableGeometry().contains(window->geometry()));
+}
+
+TEST_F(DesktopTest, PlayListRowsMoveByDraggingAndFilesDropIn) {
+  AddMusicFolder();
+  Click(Node("Rock"));
+  List().SelectAll();
+  // Dropped on the upper edge of the row (or below the rows).
+  const auto drop = [this](const QMimeData& carried, int row) {
+    const QRect cell = PlayList().visualRect(PlayList().model()->index(row, 0));
+    PlayList().Drop(carried, row < PlayList().RowCount() ? cell.topLeft() + QPoint(2, 1) : QPoint(5, 200));
+    QCoreApplication::processEvents();
+  };
+  drop(*List().DragData(), 0);  // from the media list, as "Add To PlayList"
+  EXPECT_EQ(Column(PlayList(), 0), (Strings{"Café Müller", "Upper Case Extension"}));
+
+  // From a file manager: catalogued files only.
+  QMimeData fromFileManager;
+  fromFileManager.setUrls({QUrl::fromLocalFile(QString::fromStdString(home + "/Music/Pop/vorbis.ogg")),
+                 QUrl::fromLocalFile(QString::fromStdString(temp.Path() + "/nowhere.mp3"))});
+  drop(fromFileManager, 2);
+  EXPECT_EQ(PlayList().RowCount(), 3);
+  EXPECT_EQ(window->PlayList().StatusLine().text(), "1 file is not in the catalogue.");
+
+  // The last row dragged to the top.
+  const std::int32_t last = PlayList().RowValue(2);
+  ClickRow(PlayList(), 2);
+  drop(*PlayList().DragData(), 0);
+  EXPECT_EQ(PlayList().RowValue(0), last);
+  EXPECT_EQ(PlayList().RowCount(), 3);
+  EXPECT_TRUE(PlayList().IsSelected(0));
 }
 
 TEST_F(DesktopTest, TheFolderPickerLeavesTheCataloguesLocksAlone) {

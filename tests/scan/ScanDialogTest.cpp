@@ -30,6 +30,7 @@ class ScanCommandsTest : public ScanTest {
                        commands(scanner, drives, settings, picker, dialogs) {
     settings.cdDrive = "E";
     commands.OnLibraryChanged([this] { ++rebuilds; });
+    commands.OnScanReported([this](const std::string& found) { reports.push_back(found); });
   }
 
   CAppSettings settings;
@@ -37,17 +38,22 @@ class ScanCommandsTest : public ScanTest {
   testing_support::WorkerDialogDriver dialogs;
   ScanCommands commands;
   int rebuilds = 0;
+  std::vector<std::string> reports;
 };
 
 TEST_F(ScanCommandsTest, TheDialogShowsProgressAndSaysCompleteOnce) {
   Put("c/Music/a.mp3", "id3v1.mp3");
+  Put("c/Music/Sub/b.mp3", "empty.mp3");
   commands.ScanVolume(3, "C:\\Music\\");
   EXPECT_EQ(messages.Texts(), std::vector<std::string>{"Scan Complete."});
   EXPECT_EQ(dialogs.endedWith, 0);
   EXPECT_EQ(dialogs.timerRunning, 0);
   EXPECT_FALSE(dialogs.statusTexts.empty());
+  EXPECT_EQ(dialogs.overallTexts.back(), "2 of 2 files");
+  EXPECT_EQ(reports, std::vector<std::string>{
+                         "Found 2 folders: 2 files added, 0 files removed, 1 file could not be read."});
   EXPECT_EQ(rebuilds, 1);
-  EXPECT_EQ(CataloguedFiles().size(), 1u);
+  EXPECT_EQ(CataloguedFiles().size(), 2u);
 }
 
 TEST_F(ScanCommandsTest, CancelEndsTheDialogAtOnceButTheWorkerFinishesFirst) {
@@ -66,6 +72,7 @@ TEST_F(ScanCommandsTest, CancelEndsTheDialogAtOnceButTheWorkerFinishesFirst) {
   EXPECT_TRUE(messages.Texts().empty());  // no "Scan Complete." after Cancel
   EXPECT_TRUE(scanner.Progress().done);  // OnDestroy waited for the worker
   EXPECT_EQ(rebuilds, 1);
+  EXPECT_EQ(reports, std::vector<std::string>{"Scan cancelled."});
 }
 
 TEST_F(ScanCommandsTest, NotesFollowScanCompleteInOneBox) {

@@ -22,6 +22,7 @@ class WorkerDialogDriver : public WorkerDialogHost, public WorkerDialogView {
   // What the last run showed.
   std::vector<std::string> statusTexts;
   std::vector<int> positions;
+  std::vector<std::string> overallTexts;
   int timerRunning = 0;  // the running timer's id
   int timerPeriodMs = 0;
   int endedWith = -1;
@@ -29,6 +30,7 @@ class WorkerDialogDriver : public WorkerDialogHost, public WorkerDialogView {
 
   void SetStatusText(const std::string& text) override { statusTexts.push_back(text); }
   void SetProgressPos(int position) override { positions.push_back(position); }
+  void SetOverallText(const std::string& text) override { overallTexts.push_back(text); }
   void StartTimer(int id, int periodMs) override {
     timerRunning = id;
     timerPeriodMs = periodMs;
@@ -46,6 +48,7 @@ class WorkerDialogDriver : public WorkerDialogHost, public WorkerDialogView {
     ++runs;
     statusTexts.clear();
     positions.clear();
+    overallTexts.clear();
     endedWith = -1;
     dialog.OnInitDialog();
     for (int tick = 0; endedWith == -1; ++tick) {

@@ -2,6 +2,7 @@
 
 #include "tests/ui/LibraryFixture.h"
 #include "ui/NodeValue.h"
+#include "ui/QuickSearch.h"
 
 namespace {
 
@@ -137,7 +138,7 @@ TEST_F(LibraryTreeTest, VolumeInfoWritesDisplayNameAndDescriptionOnUpdateOnly) {
   app->Tree().OnContextMenu(Node(50000001));
   const auto volume = app->Db().GetVolume(cd);
   EXPECT_EQ(volume->DisplayName + "|" + volume->Name + "|" + volume->Description, "Jazz One|LABEL|Blue Note");
-  EXPECT_NE(Dump().find("    Jazz One=50000001\n"), std::string::npos);
+  EXPECT_NE(Dump().find("    Jazz One=50000001*\n"), std::string::npos);
 }
 
 TEST_F(LibraryTreeTest, RescanAsksForTheDiscAndScansThroughTheEntryPoint) {
@@ -169,7 +170,41 @@ TEST_F(LibraryTreeTest, RescanAsksForTheDiscAndScansThroughTheEntryPoint) {
   libraryTree.OnContextMenu(Node(2));
   EXPECT_EQ(scanHost.scanned, (Strings{"5 E:\\", "3 D:\\Music\\", "3 D:\\Audio\\", "5 E:\\Disc\\Side A\\"}));
   EXPECT_EQ(app->Db().GetFolderListRows(1).size(), 1u);
-  EXPECT_NE(Dump().find("      Disc=1\n"), std::string::npos) << "rebuilt after the scans";
+  // Rebuilt after the scans: the empty Side A went, its parent is selected.
+  EXPECT_NE(Dump().find("      Disc=1*\n"), std::string::npos) << Dump();
+}
+
+TEST_F(LibraryTreeTest, ARebuildInPlaceKeepsExpandedNodesAndTheSelectionOrItsNearestAncestor) {
+  CLibraryTree& libraryTree = app->Tree();
+  const std::int32_t diskNode = ItemValue(NodeKind::Volume, disk);
+  for (std::int32_t value : {diskNode, music, rock}) tree.At(Node(value)).expanded = true;
+  libraryTree.SelectNode(Node(live));
+  const int jazz = AddFolder(disk, "\\Music\\Jazz\\", music);
+  libraryTree.RebuildInPlace();
+  for (std::int32_t value : {diskNode, music, rock}) EXPECT_TRUE(tree.At(Node(value)).expanded) << value;
+  EXPECT_FALSE(tree.At(Node(jazz)).expanded);
+  EXPECT_FALSE(tree.At(Node(ItemValue(NodeKind::Volume, cd))).expanded);
+  EXPECT_EQ(tree.selected, Node(live));
+  EXPECT_EQ(tree.shown, Node(live));
+  EXPECT_TRUE(tree.At(Node(live)).bold);
+  EXPECT_EQ(list.RowCount(), 1);
+  EXPECT_EQ(list.RowValue(0), liveFile);
+  EXPECT_EQ(list.emptyText, "");
+
+  // The selected folder gone: its parent is selected and listed.
+  Exec("DELETE FROM MediaPaths WHERE PathID=" + std::to_string(live) + ";");
+  libraryTree.RebuildInPlace();
+  EXPECT_EQ(tree.selected, Node(rock));
+  EXPECT_EQ(list.RowValue(0), rockFile);
+
+  // Search results are searched again; with no volume left the list says how to begin.
+  QuickSearch(libraryTree, app->List(), "b.mp3");
+  libraryTree.RebuildInPlace();
+  EXPECT_EQ(tree.selected, Node(70000003));
+  EXPECT_EQ(list.RowCount(), 1);
+  Exec("DELETE FROM MediaVolumes;");
+  libraryTree.RebuildInPlace();
+  EXPECT_EQ(list.emptyText, CMediaList::kStartHint);
 }
 
 }  // namespace

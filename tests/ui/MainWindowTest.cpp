@@ -31,6 +31,11 @@ class MainWindowTest : public LibraryTest, private MainWindowView, private PlayL
   Rect ClientRect() const override { return {0, 0, 490, 370}; }
   void MoveTree(int, int, int, int) override {}
   void MoveList(int, int, int, int) override {}
+  void MoveStatusLine(int, int, int, int) override {}
+  int StatusLineHeight() const override { return 0; }
+  Rect AvailableScreen() const override { return {0, 0, 1200, 900}; }
+  bool IsMaximized() const override { return maximized; }
+  void SetMaximized(bool value) override { maximized = value; }
   void SetSizingCursor() override {}
   void CaptureMouse() override {}
   void ReleaseMouse() override {}
@@ -41,14 +46,21 @@ class MainWindowTest : public LibraryTest, private MainWindowView, private PlayL
   void ShowPlayList(bool show) override { playListVisible = show; }
   void MovePlayList(int, int, int, int) override {}
   Rect PlayListRect() const override { return {550, 100, 760, 500}; }
+  void RaisePlayList() override { ++playListRaised; }
+  bool IsPlayListCovered() const override { return playListCovered; }
 
   platform::ListControl& List() override { return playList; }
   void AddButtons(std::span<const PlayListButton>) override {}
   int TrackPopupMenu(std::span<const PlayListMenuEntry>) override { return 0; }
-  void SetStatusLine(const std::string&) override {}
+  // The main window's and the play list window's line alike.
+  void SetStatusLine(const std::string& text) override { statusLine = text; }
 
   std::string findText;
+  std::string statusLine;
   bool playListVisible = false;
+  bool playListCovered = false;
+  int playListRaised = 0;
+  bool maximized = false;
   testing_support::WorkerDialogDriver copyDialogs{messages};
   CopyCommands copy{app->PlayList(), app->Db(), app->Drives(), app->Settings(), copyDialogs};
   testing_support::ScriptedInputDialog input;
@@ -67,6 +79,7 @@ TEST_F(MainWindowTest, EnterAndEscapeNeverCloseTheWindowAndActOnlyInTheFindField
   EXPECT_TRUE(Key(MessageKind::KeyDown, KeyCode::Escape, MessageTarget::Tree));
   EXPECT_TRUE(Key(MessageKind::KeyDown, KeyCode::Enter, MessageTarget::FindField));
   EXPECT_EQ(Rows().size(), 1u);
+  EXPECT_EQ(statusLine, "1 file found.");
   EXPECT_EQ(tree.selected, Node(70000003));
   EXPECT_TRUE(Key(MessageKind::KeyDown, KeyCode::Escape, MessageTarget::FindField));
   EXPECT_EQ(findText, "");
@@ -74,8 +87,22 @@ TEST_F(MainWindowTest, EnterAndEscapeNeverCloseTheWindowAndActOnlyInTheFindField
   EXPECT_FALSE(Key(MessageKind::KeyDown, KeyCode::A, MessageTarget::List));
 }
 
+TEST_F(MainWindowTest, AFirstStartFitsBothWindowsSideBySideOnTheScreen) {
+  // The stored values were the new catalogue's: two thirds of 1200 x 900.
+  const CAppSettings& settings = app->Settings();
+  EXPECT_EQ(std::vector({settings.mainLeft, settings.mainTop, settings.mainWidth, settings.mainHeight,
+                         settings.splitter, settings.playListLeft, settings.playListWidth}),
+            std::vector({100, 150, 800, 600, 266, 910, 280}));
+  EXPECT_TRUE(playListVisible);
+}
+
 TEST_F(MainWindowTest, KeysMenusAndThePlayListToggleGoWhereTheyBelong) {
   EXPECT_TRUE(playListVisible);
+  playListCovered = true;  // "PL" brings it up first
+  window.OnCommand(CMainDlg::kTogglePlayList);
+  EXPECT_TRUE(playListVisible);
+  EXPECT_EQ(playListRaised, 1);
+  playListCovered = false;
   window.OnCommand(CMainDlg::kTogglePlayList);
   EXPECT_FALSE(playListVisible);
 

@@ -1,4 +1,5 @@
 #include "tests/ui/LibraryFixture.h"
+#include "platform/ColumnLayout.h"
 #include "ui/QuickSearch.h"
 
 namespace {
@@ -33,7 +34,7 @@ class MediaListTest : public LibraryTest {
 };
 
 TEST_F(MediaListTest, RowsShowUserTextsOverTagsRatingsLengthsAndVolumes) {
-  EXPECT_EQ(list.headings, (Strings{"Song/100", "Artist/100", "FileName/160", "Rating/50", "Length/50",
+  EXPECT_EQ(list.headings, (Strings{"Song/100", "Artist/100", "FileName/160", "Rating/86", "Length/58",
                                     "Volume/80"}));
   app->List().FillWithFolder(folderId);
   const Strings folderRows{"1|Song A|Quartet|a.mp3|***       | 4:05|[drive E:]",
@@ -101,6 +102,51 @@ TEST_F(MediaListTest, FileInfoKeepsUserTextsUnlessTheEditDiffersFromTheTag) {
   EXPECT_EQ(app->Db().GetFile(1)->Title + "|" + std::to_string(app->Db().GetFile(1)->Rating), "|5");
   fileInfo.press = kDialogCancel;
   EXPECT_FALSE(app->List().EditFileInfo());
+}
+
+TEST_F(MediaListTest, HeadingsSortByStarsSecondsAndTextsAndTheSortOutlivesRefills) {
+  const auto ids = [this] {
+    std::string text;
+    for (const auto& row : list.rows) text += std::to_string(row.value);
+    return text;
+  };
+  app->List().FillWithPlayList(1);
+  EXPECT_EQ(ids(), "4123");  // no heading clicked: the play list's order
+  // Lengths 600, 245, 59, 6000 s: by seconds, where the texts would put 100:00 before 10:00.
+  app->List().SortBy(CMediaList::kLength);
+  EXPECT_EQ(ids(), "2143");
+  EXPECT_EQ(list.sortColumn, CMediaList::kLength);
+  app->List().SortBy(CMediaList::kLength);
+  EXPECT_EQ(ids(), "3412");
+  EXPECT_FALSE(list.sortAscending);
+  // Ratings 12 (ten stars), 3, none, none: the unrated keep their order.
+  app->List().SortBy(CMediaList::kRating);
+  EXPECT_EQ(ids(), "4213");
+  // Songs regardless of case, the empty title first; kept for the next fill.
+  Exec("UPDATE MediaFiles SET Title='apple' WHERE FileID=3;");
+  app->List().SortBy(CMediaList::kSong);
+  app->List().Clear();
+  app->List().FillWithFolder(folderId);
+  EXPECT_EQ(ids(), "321");
+  list.Select({0});
+  app->List().SortBy(CMediaList::kSong);
+  EXPECT_EQ(ids(), "123");
+  EXPECT_TRUE(list.rows[2].selected);  // the selection moves with its row
+}
+
+TEST_F(MediaListTest, ColumnLayoutsRoundTripAndJunkChangesNothing) {
+  list.SetColumnOrder({2, 0, 1, 3, 4, 5});
+  list.SetColumnWidth(2, 190);
+  const std::string stored = platform::SaveColumnLayout(list);
+  EXPECT_EQ(stored, "2:190,0:100,1:100,3:86,4:58,5:80");
+  list.SetColumnOrder({0, 1, 2, 3, 4, 5});
+  for (const char* junk : {"", "2:190", "2:190,0:100,1:100,3:86,4:58,4:80", "2:190,0:100,1:100,3:86,4:58,6:80",
+                           "2:9,0:100,1:100,3:86,4:58,5:80", "2:190;0:100,1:100,3:86,4:58,5:80x", "garbage"}) {
+    EXPECT_FALSE(platform::RestoreColumnLayout(list, junk)) << junk;
+    EXPECT_EQ(list.order, (std::vector<int>{0, 1, 2, 3, 4, 5})) << junk;
+  }
+  EXPECT_TRUE(platform::RestoreColumnLayout(list, stored));
+  EXPECT_EQ(platform::SaveColumnLayout(list), stored);
 }
 
 }  // namespace

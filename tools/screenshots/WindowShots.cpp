@@ -1,5 +1,6 @@
 // The main window and the play list window over a small sample catalogue: a
-// disk folder and a CD with a few albums, ratings and a saved play list.
+// disk folder and a CD with a few albums, ratings and a saved play list; and
+// the first start, fitted to the screen, over an empty catalogue.
 
 #include <QObject>
 #include <QTemporaryDir>
@@ -14,8 +15,9 @@
 #include "qt/MainWindow.h"
 #include "qt/PlayListWindow.h"
 #include "qt/QtDialogSet.h"
-#include "qt/dialogs/QtCoverLoader.h"
+#include "qt/QtListControl.h"
 #include "qt/QtTreeControl.h"
+#include "qt/dialogs/QtCoverLoader.h"
 #include "tools/screenshots/Shots.h"
 
 namespace {
@@ -52,8 +54,9 @@ struct SampleTrack {
 // child of the main window, so it goes away after the window is done with it.
 class SampleDesktop : public QObject {
  public:
-  SampleDesktop()
-      : table(folder.path().toStdString()),
+  explicit SampleDesktop(bool firstStart)
+      : firstStart_(firstStart),
+        table(folder.path().toStdString()),
         files(table),
         app(folder.path().toStdString() + "/", PlatformServices{table, files, messages, audio}),
         covers(files),
@@ -62,6 +65,7 @@ class SampleDesktop : public QObject {
     std::filesystem::create_directory_symlink(folder.path().toStdString(),
                                               folder.path().toStdString() + "/drives/c:");
     app.Start();
+    if (firstStart_) return;
     app.Settings().mainWidth = 760;
     app.Settings().mainHeight = 420;
     app.Settings().splitter = 230;
@@ -72,9 +76,12 @@ class SampleDesktop : public QObject {
     auto window = std::make_unique<MainWindow>(app, dialogs.Services());
     window->Start();
     setParent(window.get());
+    if (firstStart_) return window;
     // The play list window's rows, as "Add To PlayList" would have put them.
     app.PlayList().AddFiles({trackIds[0], trackIds[2], trackIds[5], trackIds[6]});
     ShowAlbum(*window, "Low Tide");
+    // Sorted by rating, the best first: two clicks on the heading.
+    for (int click = 0; click < 2; ++click) window->List().onHeaderClicked(CMediaList::kRating);
     return window;
   }
 
@@ -150,6 +157,7 @@ class SampleDesktop : public QObject {
     window.Tree().setCurrentItem(found.front());
   }
 
+  bool firstStart_;
   QTemporaryDir folder;
   platform::LinuxDriveTable table;
   platform::LinuxFileSystem files;
@@ -163,14 +171,17 @@ class SampleDesktop : public QObject {
 
 std::unique_ptr<QWidget> MainWindowWithSamples() {
   // The sample desktop becomes the window's child once the window exists.
-  auto* desktop = new SampleDesktop;
+  auto* desktop = new SampleDesktop(false);
   return desktop->MakeWindow();
 }
+
+std::unique_ptr<QWidget> MainWindowAtFirstStart() { return (new SampleDesktop(true))->MakeWindow(); }
 
 }  // namespace
 
 void AddWindowShots(ShotList& shots) {
   shots.push_back({"main-window.png", MainWindowWithSamples});
+  shots.push_back({"first-start.png", MainWindowAtFirstStart});
   shots.push_back({"play-list-window.png", MainWindowWithSamples,
                    [](QWidget& made) -> QWidget* { return &static_cast<MainWindow&>(made).PlayList(); }});
 }
