@@ -7,11 +7,14 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QSlider>
+#include <QTimer>
 #include <algorithm>
 #include <cmath>
 
 #include "app/CLibraryApp.h"
 #include "playlists/CopyCommands.h"
+#include "qt/NowPlayingBar.h"
 #include "qt/PlayListWindow.h"
 #include "qt/PlaybackIcons.h"
 #include "qt/QtListControl.h"
@@ -34,6 +37,8 @@ struct DialogRect {
 constexpr DialogRect kFindLabel{144, 5, 15, 8};
 constexpr DialogRect kRowEnd{0, 0, 4, 0};  // room right of the last button
 constexpr int kMinimumHeight = 120;
+constexpr int kPollMs = 250;
+constexpr int kStripMargin = 5;
 
 DialogRect PlaceOf(int command) {
   switch (command) {
@@ -72,6 +77,8 @@ KeyCode KeyOf(const QKeyEvent& event) {
     case Qt::Key_Control: return KeyCode::Control;
     case Qt::Key_Delete: return KeyCode::Delete;
     case Qt::Key_A: return KeyCode::A;
+    case Qt::Key_F: return KeyCode::F;
+    case Qt::Key_Space: return KeyCode::Space;
     default: return KeyCode::Other;
   }
 }
@@ -102,7 +109,7 @@ MainWindow::MainWindow(CLibraryApp& app, const DesktopDialogs& dialogs)
       dialogs.picker,
       dialogs.options,
       {app.PlayList(), app.Playback(), *copy_, app.Settings(), app.Drives(), dialogs.picker,
-       dialogs.input},
+       dialogs.input, app.PlayThrough()},
       *playListWindow_,
   };
   MainWindowView& view = *this;
@@ -145,6 +152,15 @@ void MainWindow::CreateControls() {
   tree_->onContextMenu = [this](platform::TreeItem hit) { logic_->OnTreeContextMenu(hit); };
   list_->onContextMenu = [this] { logic_->OnListContextMenu(); };
   list_->onDoubleClick = [this] { logic_->OnListDoubleClick(); };
+
+  strip_ = new NowPlayingBar(this);
+  strip_->onPauseResume = [this] { logic_->OnPauseResume(); };
+  strip_->onSeek = [this](int ms) { logic_->OnSeek(ms); };
+  strip_->onVolume = [this](int level) { logic_->OnVolume(level); };
+  for (QWidget* part : strip_->findChildren<QWidget*>()) part->installEventFilter(this);
+  poll_ = new QTimer(this);
+  poll_->setInterval(kPollMs);
+  connect(poll_, &QTimer::timeout, this, [this] { logic_->OnPlayerTick(); });
 }
 
 // The window is never narrower than the row, so that every button stays in
@@ -219,7 +235,34 @@ bool MainWindow::RouteKey(QObject* watched, QEvent& event) {
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
+  PlaceStrip();
   if (logic_) logic_->OnSize(width(), height());
+}
+
+void MainWindow::PlaceStrip() {
+  const int stripHeight = strip_->PreferredHeight();
+  strip_->setGeometry(kStripMargin, height() - stripHeight - kStripMargin,
+                      std::max(width() - 2 * kStripMargin, 0), stripHeight);
+}
+
+int MainWindow::PaneHeight(int height) const {
+  return std::max(height - strip_->PreferredHeight() - kStripMargin, 0);
+}
+
+void MainWindow::ShowNowPlaying(const NowPlayingStrip& strip) { strip_->Show(strip); }
+
+void MainWindow::ShowVolume(int level) { strip_->ShowVolume(level); }
+
+void MainWindow::PollPlayer(bool on) {
+  if (on)
+    poll_->start();
+  else
+    poll_->stop();
+}
+
+void MainWindow::FocusFindField() {
+  findField_->setFocus(Qt::ShortcutFocusReason);
+  findField_->selectAll();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -247,11 +290,11 @@ Rect MainWindow::OuterRect() const { return TopLevelRect(*this); }
 Rect MainWindow::ClientRect() const { return {0, 0, width(), height()}; }
 
 void MainWindow::MoveTree(int x, int y, int width, int height) {
-  tree_->setGeometry(x, y, std::max(width, 0), std::max(height, 0));
+  tree_->setGeometry(x, y, std::max(width, 0), PaneHeight(height));
 }
 
 void MainWindow::MoveList(int x, int y, int width, int height) {
-  list_->setGeometry(x, y, std::max(width, 0), std::max(height, 0));
+  list_->setGeometry(x, y, std::max(width, 0), PaneHeight(height));
 }
 
 void MainWindow::SetSizingCursor() { setCursor(Qt::SizeHorCursor); }

@@ -18,6 +18,8 @@
 class CLibraryApp;
 class CMainDlg;
 class CopyCommands;
+class NowPlayingBar;
+class QTimer;
 class PlayListWindow;
 class QLineEdit;
 class QPushButton;
@@ -43,6 +45,8 @@ class MainWindow final : public QWidget, private MainWindowView {
   QtListControl& List() const { return *list_; }
   QLineEdit& FindField() const { return *findField_; }
   PlayListWindow& PlayList() const { return *playListWindow_; }
+  NowPlayingBar& Strip() const { return *strip_; }
+  CMainDlg& Logic() const { return *logic_; }
   // The button of a CMainDlg command, or null.
   QPushButton* Button(int command) const;
   int Splitter() const;
@@ -74,12 +78,21 @@ class MainWindow final : public QWidget, private MainWindowView {
   void ShowPlayList(bool show) override;
   void MovePlayList(int left, int top, int width, int height) override;
   Rect PlayListRect() const override;
+  void ShowNowPlaying(const NowPlayingStrip& strip) override;
+  void ShowVolume(int level) override;
+  void PollPlayer(bool on) override;
+  void FocusFindField() override;
+  // The panes end above the strip, which takes the bottom of the window.
+  int PaneHeight(int height) const;
+  void PlaceStrip();
 
   DesktopDialogs dialogs_;
   QtTreeControl* tree_ = nullptr;  // children of the window
   QtListControl* list_ = nullptr;
   QLineEdit* findField_ = nullptr;
   QWidget* findLabel_ = nullptr;
+  NowPlayingBar* strip_ = nullptr;
+  QTimer* poll_ = nullptr;
   std::map<int, QWidget*> controls_;  // by CMainDlg command
   std::unique_ptr<QtPopupMenu> menu_;
   std::unique_ptr<ScanCommands> scans_;

@@ -35,6 +35,8 @@ class PlayListWindow final : public QWidget, public PlayListView {
   void AddButtons(std::span<const PlayListButton> buttons) override;
   int TrackPopupMenu(std::span<const PlayListMenuEntry> entries) override;
   void SetStatusLine(const std::string& text) override;
+  void SetChecked(int command, bool checked) override;
+  void MarkPlayingFile(std::uint32_t fileId) override;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

@@ -25,6 +25,9 @@ class ReportListModel final : public QAbstractTableModel {
   void RemoveRow(int row);
   void RemoveAllRows();
 
+  // Rows carrying this value show in bold (0: none).
+  void MarkValue(std::uint32_t value);
+  std::uint32_t MarkedValue() const { return marked_; }
   std::uint32_t Value(int row) const { return rows_.at(static_cast<std::size_t>(row)).value; }
   const std::string& Text(int row, int column) const;
 
@@ -42,4 +45,5 @@ class ReportListModel final : public QAbstractTableModel {
   std::vector<Row> rows_;
   std::vector<Row> appended_;  // not shown yet
   bool flushQueued_ = false;
+  std::uint32_t marked_ = 0;
 };

@@ -33,6 +33,12 @@ void CAppSettings::Load() {
   playListHeight = GetConfigInt(kPlayListHeight);
   playListWidth = GetConfigInt(kPlayListWidth);
   playListFolder = GetConfigText(kPlayListFolder);
+  // Rows the first versions did not write keep their defaults while missing
+  // (a catalogue on read-only storage gets none added).
+  if (const std::string text = GetConfigText(kVolume); !text.empty())
+    volume = std::clamp(std::atoi(text.c_str()), 0, kFullVolume);
+  if (const std::string text = GetConfigText(kPlayThrough); !text.empty())
+    playThrough = std::atoi(text.c_str()) != 0;
   catalogueVersion = GetConfigText(kCatalogueVersion);
   stored_ = CurrentRows();
 }
@@ -50,7 +56,9 @@ CAppSettings::Rows CAppSettings::CurrentRows() const {
           {kPlayListTop, number(playListTop)},
           {kPlayListHeight, number(playListHeight)},
           {kPlayListWidth, number(playListWidth)},
-          {kPlayListFolder, playListFolder}};
+          {kPlayListFolder, playListFolder},
+          {kVolume, number(volume)},
+          {kPlayThrough, number(playThrough ? 1 : 0)}};
 }
 
 void CAppSettings::Save(bool insert) {

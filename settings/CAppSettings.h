@@ -26,7 +26,10 @@ class CAppSettings {
     kPlayListHeight = 540,
     kPlayListWidth = 545,
     kPlayListFolder = 605,
+    kVolume = 700,
+    kPlayThrough = 705,
   };
+  static constexpr std::int32_t kFullVolume = 1000;
 
   CAppSettings(MediaDB& db, std::string programFolder);
   virtual ~CAppSettings() = default;
@@ -45,6 +48,8 @@ class CAppSettings {
   std::int32_t playListWidth = 210;
   std::int32_t splitter = 100;
   std::string playListFolder;
+  std::int32_t volume = kFullVolume;  // the player's level, 0 to 1000
+  bool playThrough = true;            // the play list window plays on to its end
   std::string lastAddedFolder;  // the folder last chosen by Add HD; this run only
 
   std::string GetConfigText(int configId);

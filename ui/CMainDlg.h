@@ -8,6 +8,7 @@
 
 #include <array>
 
+#include "playback/PlayerStatus.h"
 #include "playlists/CPlayListDlg.h"
 #include "ui/CLibraryTree.h"
 #include "ui/CMediaList.h"
@@ -96,6 +97,17 @@ class CMainDlg {
   void OnTreeContextMenu(platform::TreeItem hit);
   void OnListContextMenu();
   void OnListDoubleClick();
+  // The strip: about four times a second while a file is open; the pause
+  // button; the seek slider let go at ms; the volume slider at 0 to 1000.
+  void OnPlayerTick();
+  void OnPauseResume();
+  void OnSeek(int ms);
+  void OnVolume(int level);
+  const PlayerStatus& LastStatus() const { return status_; }
+  // Asks the player at once (after what was handed to it so far).
+  void PollNow();
+  // Plays the first selected file of the media list; ends a play-through.
+  void PlaySelected();
   // Puts both windows' geometry and the splitter into the settings; the
   // front end then ends the run with CLibraryApp::Exit, which writes them.
   void OnDestroy();
@@ -114,8 +126,10 @@ class CMainDlg {
   void OnKeyDown(const WindowMessage& message);
   void OnKeyUp(const WindowMessage& message);
   void Search();
-  void PlaySelected();
   void RunOptions();
+  void StopPlayback();
+  void OnPlayerStatus(const PlayerStatus& status);
+  NowPlayingStrip DescribeStatus(const PlayerStatus& status);
 
   MainWindowParts parts_;
   MainWindowView& view_;
@@ -125,4 +139,13 @@ class CMainDlg {
   bool dragging_ = false;
   bool controlHeld_ = false;
   bool panesBound_ = false;
+  int startedListener_ = 0;
+  bool pollPending_ = false;
+  PlayerStatus status_;
+  int describedFileId_ = 0;  // whose song and artist are below
+  std::string song_;
+  std::string artist_;
 };
+
+// "m:ss", or "h:mm:ss" from an hour on; negative times count as 0.
+std::string FormatPlayTime(int ms);

@@ -8,6 +8,8 @@
 
 #include <array>
 #include <optional>
+#include <string>
+#include <utility>
 
 #include "catalogue/MediaDB.h"
 #include "platform/PopupMenu.h"
@@ -70,6 +72,9 @@ class CMediaList {
   void FillWithPlayList(int playListId);
   // The files whose name, titles or artists hold the text, as it is given.
   void FillWithSearch(const std::string& text);
+
+  // The Song and Artist texts a row of the file shows; empty without its row.
+  std::pair<std::string, std::string> SongAndArtist(int fileId) const;
 
   void SelectAll();
   IdList SelectedFileIds() const;

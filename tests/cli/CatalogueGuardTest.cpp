@@ -108,7 +108,7 @@ TEST_F(CatalogueGuardTest, KillsDuringTheFirstStartLeaveACatalogueTheNextStartUs
     const Outcome next = Run("options");
     ASSERT_EQ(next.status, 0) << "round " << round << ": " << next.err;
     ASSERT_EQ(next.out, "Cache Path: C:\\QORCache\nCD Drive: \n") << "round " << round;
-    ASSERT_EQ(Query("SELECT count(*) FROM Configs;"), "17;") << "round " << round;
+    ASSERT_EQ(Query("SELECT count(*) FROM Configs;"), "19;") << "round " << round;
   }
 }
 

@@ -22,7 +22,7 @@ TEST_F(ConsoleTest, FirstRunCreatesTheCatalogueAndLaterRunsKeepTheOptions) {
   EXPECT_EQ(changed.status, 0) << changed.err;
   EXPECT_EQ(changed.out, "Cache Path: C:\\Cache\nCD Drive: E\n");
   EXPECT_EQ(Run("options").out, "Cache Path: C:\\Cache\nCD Drive: E\n");
-  EXPECT_EQ(Query("SELECT count(*) FROM Configs;"), "17;");  // settings and id marks
+  EXPECT_EQ(Query("SELECT count(*) FROM Configs;"), "19;");  // settings and id marks
 
   Outcome wrongDrive = Run("options --cd-drive C --cache-path 'D:\\x'");
   EXPECT_EQ(wrongDrive.status, 2);

@@ -132,7 +132,10 @@ TEST_F(DesktopTest, BuildPlayAndSaveAPlayListThenCopyItToTheCache) {
 
 TEST_F(DesktopTest, SplitterKeysOptionsAboutAndGeometry) {
   EXPECT_TRUE(window->PlayList().isVisible());
-  EXPECT_EQ(Tree().geometry(), QRect(5, 30, 245, 360));
+  // The now-playing strip takes the bottom of the window, below the panes.
+  const int strip = window->Strip().height() + 5;
+  EXPECT_EQ(Tree().geometry(), QRect(5, 30, 245, 360 - strip));
+  EXPECT_EQ(window->Strip().geometry().bottom(), window->height() - 6);
 
   // The band lies right of the tree; a drag stops at both limits.
   QTest::mousePress(List().viewport(), Qt::LeftButton, {}, QPoint(2, 50));
@@ -149,7 +152,7 @@ TEST_F(DesktopTest, SplitterKeysOptionsAboutAndGeometry) {
   QTest::mouseMove(window.get(), QPoint(302, 100));
   QTest::mouseRelease(window.get(), Qt::LeftButton, {}, QPoint(302, 100));
   EXPECT_EQ(window->Splitter(), 300);
-  EXPECT_EQ(List().geometry(), QRect(305, 30, 390, 360));
+  EXPECT_EQ(List().geometry(), QRect(305, 30, 390, 360 - strip));
 
   // "PL" hides and shows the play list window.
   QTest::mouseClick(window->Button(CMainDlg::kTogglePlayList), Qt::LeftButton);
