@@ -60,6 +60,7 @@ bool CPlaybackControl::WaitForDisc(const std::string& drive, const CMediaVolume&
 // The outcome travels from the runner's thread to this one with the work.
 void CPlaybackControl::OpenAndPlay(int fileId, const std::string& fullPath) {
   currentFileId_ = fileId;
+  currentPath_ = fullPath;
   ++generation_;
   auto opened = std::make_shared<bool>(false);
   Runner().Run(

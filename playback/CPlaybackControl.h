@@ -64,6 +64,8 @@ class CPlaybackControl {
 
   // The file handed over last (0 before any); its open may still run.
   int CurrentFileId() const { return currentFileId_; }
+  // Its full drive path ("C:\Music\a.mp3"); "" when none.
+  const std::string& CurrentPath() const { return currentPath_; }
   std::uint64_t Generation() const { return generation_; }
   // Returns a number for RemoveListener.
   int OnStarted(StartedListener listener);
@@ -85,6 +87,7 @@ class CPlaybackControl {
   std::unique_ptr<PlayerRunner> inline_;
   PlayerRunner* runner_ = nullptr;
   int currentFileId_ = 0;
+  std::string currentPath_;
   std::uint64_t generation_ = 0;
   std::vector<std::pair<int, StartedListener>> started_;
   int lastListener_ = 0;

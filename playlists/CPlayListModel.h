@@ -44,6 +44,7 @@ class CPlayListModel {
   IdList GetFileIds(bool selectedOnly) const;
   // Removes the selected rows, one at a time, until none is selected.
   void RemoveSelectedRows();
+  void RemoveAllRows();
   void SelectAllRows();
 
   // Stores every row, in order, as a new PlayLists row under the name (two

@@ -45,6 +45,7 @@ void RunMainWindow(CLibraryApp& app, QtMessageBox& messages, bool refused) {
     window.close();
     return;
   }
+  window.PublishOnSessionBus();  // without a session bus the program runs as ever
   window.show();
   QApplication::exec();
 }

@@ -14,6 +14,7 @@
 
 #include "app/CLibraryApp.h"
 #include "playlists/CopyCommands.h"
+#include "qt/MprisService.h"
 #include "qt/NowPlayingBar.h"
 #include "qt/PlayListWindow.h"
 #include "qt/PlaybackIcons.h"
@@ -24,6 +25,7 @@
 #include "qt/dialogs/QtText.h"
 #include "scan/ScanCommands.h"
 #include "ui/CMainDlg.h"
+#include "ui/CRemoteControl.h"
 
 namespace {
 
@@ -116,7 +118,13 @@ MainWindow::MainWindow(CLibraryApp& app, const DesktopDialogs& dialogs)
   logic_ = std::make_unique<CMainDlg>(parts, view);
   playListWindow_->Attach(logic_->PlayListWindow());
   playListWindow_->setAttribute(Qt::WA_QuitOnClose, false);
+  remote_ = std::make_unique<CRemoteControl>(*logic_, app.PlayList(), app.PlayThrough(), app.Playback(),
+                                             app.Db(), app.Platform().files);
+  mpris_ = std::make_unique<MprisService>(*remote_, *this);
+  logic_->OnStatusShown([this] { mpris_->AnnounceChanges(); });
 }
+
+bool MainWindow::PublishOnSessionBus() { return mpris_->Register(); }
 
 MainWindow::~MainWindow() = default;
 

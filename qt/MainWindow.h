@@ -18,6 +18,8 @@
 class CLibraryApp;
 class CMainDlg;
 class CopyCommands;
+class CRemoteControl;
+class MprisService;
 class NowPlayingBar;
 class QTimer;
 class PlayListWindow;
@@ -37,6 +39,9 @@ class MainWindow final : public QWidget, private MainWindowView {
   // The window's start-up: tool tips, the panes' controls, the play list
   // window shown, the stored geometry restored, the tree built. Then show().
   void Start();
+  // Offers the player on the session bus to media keys and remotes; false,
+  // quietly, when there is no session bus.
+  bool PublishOnSessionBus();
   // Called once, when the window has closed and put the geometry of both
   // windows into the settings (the program then saves them and ends).
   std::function<void()> onClosed;
@@ -98,6 +103,8 @@ class MainWindow final : public QWidget, private MainWindowView {
   std::unique_ptr<ScanCommands> scans_;
   std::unique_ptr<CopyCommands> copy_;
   std::unique_ptr<PlayListWindow> playListWindow_;
-  std::unique_ptr<CMainDlg> logic_;  // last: it unbinds from the play list window
+  std::unique_ptr<CMainDlg> logic_;  // it unbinds from the play list window
+  std::unique_ptr<CRemoteControl> remote_;  // over the logic
+  std::unique_ptr<MprisService> mpris_;
   bool closed_ = false;
 };

@@ -239,7 +239,10 @@ void CMainDlg::OnPlayerStatus(const PlayerStatus& status) {
   view_.ShowNowPlaying(DescribeStatus(status));
   if (status.mode == CMciPlayer::Mode::NotReady) view_.PollPlayer(false);
   playListWindow_.OnPlayerStatus(status);
+  if (statusShown_) statusShown_();
 }
+
+int CMainDlg::Volume() const { return parts_.settings.volume; }
 
 NowPlayingStrip CMainDlg::DescribeStatus(const PlayerStatus& status) {
   NowPlayingStrip strip;

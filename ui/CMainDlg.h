@@ -7,6 +7,8 @@
 // and calls the On* handlers on its user-interface thread.
 
 #include <array>
+#include <functional>
+#include <string>
 
 #include "playback/PlayerStatus.h"
 #include "playlists/CPlayListDlg.h"
@@ -104,6 +106,10 @@ class CMainDlg {
   void OnSeek(int ms);
   void OnVolume(int level);
   const PlayerStatus& LastStatus() const { return status_; }
+  // The volume of the settings, 0 to 1000.
+  int Volume() const;
+  // Called after each status was shown.
+  void OnStatusShown(std::function<void()> listener) { statusShown_ = std::move(listener); }
   // Asks the player at once (after what was handed to it so far).
   void PollNow();
   // Plays the first selected file of the media list; ends a play-through.
@@ -142,6 +148,7 @@ class CMainDlg {
   int startedListener_ = 0;
   bool pollPending_ = false;
   PlayerStatus status_;
+  std::function<void()> statusShown_;
   int describedFileId_ = 0;  // whose song and artist are below
   std::string song_;
   std::string artist_;
