@@ -8,8 +8,8 @@
 // file and had none, in which case nothing is sent. Error texts are fetched
 // and dropped: the player shows nothing itself.
 //
-// The media control must outlive the player. Used from the user-interface
-// thread only.
+// The media control must outlive the player. Used from one thread at a time:
+// the user-interface thread, or the player's own (PlayerThread).
 
 #include <cstdint>
 #include <string>

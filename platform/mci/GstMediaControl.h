@@ -8,7 +8,8 @@
 // Times are milliseconds. `play` returns at once; playback goes on in
 // GStreamer's own threads, and reaching the end is noticed at the next command.
 //
-// Not thread-safe: use one object from one thread (the user-interface thread).
+// Not thread-safe: use one object from one thread (the user-interface thread, or
+// the player's own thread).
 
 #include <cstdint>
 #include <functional>
