@@ -1,6 +1,7 @@
 #include "cli/PlayListPlayCommand.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -33,8 +34,9 @@ int PlayListPlayCommand::Run(CLibraryApp& app, std::FILE* out) {
   const auto stored = app.Db().GetPlayList(playListId_);
   if (!stored)
     throw UsageError("no play list with PlayListID " + std::to_string(playListId_) + " in the catalogue");
+  // Each file once: a row is found again by its file.
   IdList rows;
-  for (std::uint32_t id : ParseIdList(stored->FileIDs))
+  for (std::uint32_t id : UniqueIds(ParseIdList(stored->FileIDs)))
     if (app.Db().GetFile(static_cast<int>(id))) rows.push_back(id);
   PlayFilesThrough(app, rows, seconds_, out);
   return 0;
@@ -45,15 +47,20 @@ void PlayFilesThrough(CLibraryApp& app, const IdList& rows, std::optional<int> s
   CPlaybackControl& playback = app.Playback();
   CPlayThrough run(playback, [&rows] { return rows; });
   auto started = steady_clock::now();
-  run.OnStarted([&](int fileId, int row) {
+  // Printed once the file opened and plays; one that does not gets the box.
+  const int listener = playback.OnStarted([&](int fileId) {
     const auto file = app.Db().GetFile(fileId);
-    std::fprintf(out, "%d/%zu %s\n", row + 1, rows.size(),
+    const auto row = std::find(rows.begin(), rows.end(), static_cast<std::uint32_t>(fileId)) - rows.begin();
+    std::fprintf(out, "%d/%zu %s\n", static_cast<int>(row) + 1, rows.size(),
                  OneLine(TerminalText(file ? file->FileName : "")).c_str());
     std::fflush(out);
-    started = steady_clock::now();
   });
+  run.OnStarted([&started](int, int) { started = steady_clock::now(); });
 
-  if (!run.PlayRow(0)) return;
+  if (!run.PlayRow(0)) {
+    playback.RemoveListener(listener);
+    return;
+  }
   while (run.Running()) {
     PlayerStatus status;
     playback.Poll([&status](const PlayerStatus& answer) { status = answer; });
@@ -67,4 +74,5 @@ void PlayFilesThrough(CLibraryApp& app, const IdList& rows, std::optional<int> s
     if (run.Running()) std::this_thread::sleep_for(kPollInterval);
   }
   playback.StopPlayback();
+  playback.RemoveListener(listener);
 }

@@ -4,8 +4,8 @@
 #include "catalogue/MediaDB.h"
 #include "cli/ConsoleCommand.h"
 
-// Plays the files one after another from the first, printing "ROW/COUNT
-// FILENAME" as each starts; `seconds` of each when given. Returns when the
+// Plays the files (each listed once) one after another from the first,
+// printing "ROW/COUNT FILENAME" as each starts; `seconds` of each when given. Returns when the
 // last one ended, a disc prompt was cancelled or a file did not play.
 void PlayFilesThrough(CLibraryApp& app, const IdList& files, std::optional<int> seconds,
                       std::FILE* out);
