@@ -15,6 +15,7 @@ CLibraryApp::CLibraryApp(std::string programFolder, PlatformServices services)
       tagReader_(services.files),
       scanner_(db_, drives_, tagReader_, services.messages),
       playList_(db_),
+      playThrough_(playback_, [this] { return playList_.GetFileIds(false); }),
       list_(db_, playList_),
       commands_(db_, settings_, drives_),
       tree_(db_, commands_, list_) {
@@ -30,6 +31,9 @@ CLibraryApp::StartResult CLibraryApp::Start() {
   opened_ = true;
   if (!created) WriteMissingSettingRows();
   settings_.Load();
+  // Nothing is open yet: the player keeps the level for the first file.
+  player_.SetVolume(settings_.volume);
+  playThrough_.SetEnabled(settings_.playThrough);
   if (VersionAccepted()) return StartResult::Ready;
   platform_.messages.Show("Incompatible database version (" + settings_.catalogueVersion + ")!",
                           platform::Buttons::Ok, platform::Icon::Error);

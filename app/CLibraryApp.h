@@ -12,6 +12,7 @@
 #include "playback/CMciPlayer.h"
 #include "playback/CPlaybackControl.h"
 #include "playlists/CPlayListModel.h"
+#include "playlists/CPlayThrough.h"
 #include "scan/CDriveServices.h"
 #include "scan/CVolumeScanner.h"
 #include "settings/CAppSettings.h"
@@ -73,6 +74,8 @@ class CLibraryApp {
   CPlaybackControl& Playback() { return playback_; }
   CVolumeScanner& Scanner() { return scanner_; }
   CPlayListModel& PlayList() { return playList_; }
+  // Playing the play list window's rows through.
+  CPlayThrough& PlayThrough() { return playThrough_; }
   // Bound to their controls by the main window (or a console command).
   CLibraryTree& Tree() { return tree_; }
   LibraryCommands& Commands() { return commands_; }
@@ -95,6 +98,7 @@ class CLibraryApp {
   CTagReader tagReader_;
   CVolumeScanner scanner_;
   CPlayListModel playList_;
+  CPlayThrough playThrough_;
   CMediaList list_;
   LibraryCommands commands_;
   CLibraryTree tree_;

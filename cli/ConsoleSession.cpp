@@ -17,6 +17,7 @@
 #include "cli/OptionsCommand.h"
 #include "cli/PlayCommand.h"
 #include "cli/PlayListCommands.h"
+#include "cli/PlayListPlayCommand.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
 #include "platform/ProgramFolder.h"
@@ -91,6 +92,7 @@ int RunConsole(int argc, char** argv) {
   commands.push_back(std::make_unique<OptionsCommand>(cli));
   commands.push_back(std::make_unique<DrivesCommand>(cli));
   commands.push_back(std::make_unique<PlayCommand>(cli));
+  commands.push_back(std::make_unique<PlayListPlayCommand>(cli));
   commands.push_back(std::make_unique<SavePlayListCommand>(cli));
   commands.push_back(std::make_unique<CopyCommand>(cli));
   commands.push_back(std::make_unique<ClearCacheCommand>(cli));

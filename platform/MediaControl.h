@@ -3,7 +3,8 @@
 // `open "C:\a.mp3" type mpegvideo alias X`, `play X from 0`, `status X length`,
 // answered with 0 or a numeric error code, and a reply text where asked for.
 //
-// Used from the user-interface thread only.
+// Used from one thread at a time: the user-interface thread, or the one thread
+// the desktop program hands the player's commands to.
 
 #include <cstdint>
 

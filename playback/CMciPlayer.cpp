@@ -41,6 +41,9 @@ int CMciPlayer::Open(std::string path) {
   isOpen_ = true;
   SendToDevice("set", " time format ms");
   lengthMs_ = StatusNumber("length");
+  const std::uint32_t lengthError = lastError_;
+  if (volume_ != kFullVolume) SendVolume();
+  lastError_ = lengthError;
   return static_cast<int>(lastError_);
 }
 
@@ -58,6 +61,42 @@ int CMciPlayer::Skip() {
   if (!isOpen_) return kNotOpen;
   const std::int64_t target = std::int64_t{StatusNumber("position")} + kSkipMs;
   return Play(static_cast<std::int32_t>(std::min<std::int64_t>(target, lengthMs_)));
+}
+
+int CMciPlayer::Pause() {
+  if (!isOpen_) return kNotOpen;
+  return static_cast<int>(SendToDevice("pause"));
+}
+
+int CMciPlayer::Resume() {
+  if (!isOpen_) return kNotOpen;
+  return static_cast<int>(SendToDevice("resume"));
+}
+
+int CMciPlayer::SeekTo(std::int32_t ms) {
+  if (!isOpen_) return kNotOpen;
+  return static_cast<int>(SendToDevice("seek", " to " + std::to_string(std::max(ms, 0))));
+}
+
+int CMciPlayer::SetVolume(int level) {
+  volume_ = std::clamp(level, 0, kFullVolume);
+  if (!isOpen_) return 0;
+  return static_cast<int>(SendVolume());
+}
+
+std::uint32_t CMciPlayer::SendVolume() {
+  return SendToDevice("setaudio", " volume to " + std::to_string(volume_));
+}
+
+CMciPlayer::Mode CMciPlayer::GetMode() {
+  if (!isOpen_) return Mode::NotReady;
+  char reply[kBufferSize];
+  if (SendToDevice("status", " mode", reply) != 0) return Mode::NotReady;
+  const std::string mode = reply;
+  if (mode == "playing") return Mode::Playing;
+  if (mode == "paused") return Mode::Paused;
+  if (mode == "stopped") return Mode::Stopped;
+  return Mode::NotReady;
 }
 
 int CMciPlayer::Close() {

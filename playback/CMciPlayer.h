@@ -8,8 +8,8 @@
 // file and had none, in which case nothing is sent. Error texts are fetched
 // and dropped: the player shows nothing itself.
 //
-// The media control must outlive the player. Used from the user-interface
-// thread only.
+// The media control must outlive the player. Used from one thread at a time:
+// the user-interface thread, or the player's own (PlayerThread).
 
 #include <cstdint>
 #include <string>
@@ -22,6 +22,9 @@ class CMciPlayer {
  public:
   static constexpr int kNotOpen = -1;
   static constexpr int kSkipMs = 10000;
+  static constexpr int kFullVolume = 1000;
+
+  enum class Mode { NotReady, Stopped, Playing, Paused };
 
   // Sends nothing.
   CMciPlayer(platform::MediaControl& mci, int deviceId);
@@ -40,6 +43,18 @@ class CMciPlayer {
   int Stop();
   // Plays from ten seconds past the current position, or from the end.
   int Skip();
+  // "pause" and "resume": halts where it is, and plays on from there.
+  int Pause();
+  int Resume();
+  // "seek ... to ms": moves without changing the mode.
+  int SeekTo(std::int32_t ms);
+  // "setaudio ... volume to level" (0 to 1000). The level is kept and sent
+  // again after each later open, unless it is the full level every file
+  // opens with; so it is taken even while nothing is open (then 0).
+  int SetVolume(int level);
+  // "status ... mode"; NotReady when not open, when the query fails or when
+  // the reply is none of "playing", "paused" and "stopped".
+  Mode GetMode();
   // Marks the player closed whatever the answer.
   int Close();
   // Closes every device of the media control, the player's among them, but
@@ -57,6 +72,7 @@ class CMciPlayer {
   bool IsOpen() const { return isOpen_; }
   std::uint32_t LastError() const { return lastError_; }
   std::int32_t LengthMs() const { return lengthMs_; }
+  int Volume() const { return volume_; }
 
  private:
   static constexpr unsigned kBufferSize = 100;
@@ -67,6 +83,8 @@ class CMciPlayer {
   // Sends "<verb> ALIAS<rest>" formatted into a buffer of kBufferSize bytes.
   std::uint32_t SendToDevice(const char* verb, const std::string& rest = "",
                              char* reply = nullptr);
+  // "setaudio ALIAS volume to <volume>".
+  std::uint32_t SendVolume();
   // "status ALIAS <item>" read as a number; 0 when the reply is not one.
   std::int32_t StatusNumber(const char* item);
 
@@ -76,4 +94,5 @@ class CMciPlayer {
   bool isOpen_ = false;
   std::uint32_t lastError_ = 0;
   std::int32_t lengthMs_ = 0;
+  int volume_ = kFullVolume;
 };

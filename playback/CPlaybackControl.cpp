@@ -1,16 +1,38 @@
 #include "playback/CPlaybackControl.h"
 
+#include <algorithm>
+
 #include "catalogue/MediaDB.h"
 #include "platform/DriveTable.h"
 #include "platform/MessageBox.h"
 #include "playback/CMciPlayer.h"
+#include "playback/PlayerRunner.h"
 #include "scan/CDriveServices.h"
 #include "scan/Paths.h"
 #include "settings/CAppSettings.h"
 
 CPlaybackControl::CPlaybackControl(MediaDB& db, const CDriveServices& drives,
                                    const CAppSettings& settings, CMciPlayer& player)
-    : db_(db), drives_(drives), settings_(settings), player_(player) {}
+    : db_(db),
+      drives_(drives),
+      settings_(settings),
+      player_(player),
+      inline_(std::make_unique<InlinePlayerRunner>(player)) {}
+
+CPlaybackControl::~CPlaybackControl() = default;
+
+int CPlaybackControl::OnStarted(StartedListener listener) {
+  started_.emplace_back(++lastListener_, std::move(listener));
+  return lastListener_;
+}
+
+void CPlaybackControl::RemoveListener(int listener) {
+  std::erase_if(started_, [listener](const auto& entry) { return entry.first == listener; });
+}
+
+void CPlaybackControl::UseRunner(PlayerRunner* runner) { runner_ = runner; }
+
+PlayerRunner& CPlaybackControl::Runner() { return runner_ != nullptr ? *runner_ : *inline_; }
 
 int CPlaybackControl::PlayFile(int fileId) {
   const auto file = db_.GetFile(fileId);
@@ -26,7 +48,7 @@ int CPlaybackControl::PlayFile(int fileId) {
     drive = settings_.cdDrive;
     if (!WaitForDisc(drive, *volume)) return kNotPlayed;
   }
-  OpenAndPlay(MakeFullPath(drive, folder->FullPath, file->FileName));
+  OpenAndPlay(fileId, MakeFullPath(drive, folder->FullPath, file->FileName));
   return 0;
 }
 
@@ -51,20 +73,67 @@ bool CPlaybackControl::WaitForDisc(const std::string& drive, const CMediaVolume&
   return drives_.WaitForVolume(drive, volume.SerialNo, prompt) == 0;
 }
 
-void CPlaybackControl::OpenAndPlay(const std::string& fullPath) {
-  if (player_.Open(fullPath) == 0) {
-    player_.Play(0);
-    return;
-  }
-  drives_.Messages().Show(kCannotPlay, platform::Buttons::Ok, platform::Icon::None);
+// The outcome travels from the runner's thread to this one with the work.
+void CPlaybackControl::OpenAndPlay(int fileId, const std::string& fullPath) {
+  currentFileId_ = fileId;
+  currentPath_ = fullPath;
+  ++generation_;
+  auto opened = std::make_shared<bool>(false);
+  Runner().Run(
+      [fullPath, opened](CMciPlayer& player) {
+        *opened = player.Open(fullPath) == 0;
+        if (*opened) player.Play(0);
+      },
+      [this, fileId, opened, generation = generation_] {
+        if (!*opened) {
+          if (generation == generation_) currentFileId_ = 0;
+          drives_.Messages().Show(kCannotPlay, platform::Buttons::Ok, platform::Icon::None);
+          return;
+        }
+        const auto listeners = started_;  // a listener may add or remove one
+        for (const auto& [id, listener] : listeners) listener(fileId);
+      });
 }
 
 int CPlaybackControl::StopPlayback() {
-  player_.Stop();
+  Runner().Run([](CMciPlayer& player) { player.Stop(); }, nullptr);
   return 0;
 }
 
 int CPlaybackControl::SkipForward() {
-  player_.Skip();
+  Runner().Run([](CMciPlayer& player) { player.Skip(); }, nullptr);
   return 0;
+}
+
+void CPlaybackControl::Pause() {
+  Runner().Run([](CMciPlayer& player) { player.Pause(); }, nullptr);
+}
+
+void CPlaybackControl::Resume() {
+  Runner().Run([](CMciPlayer& player) { player.Resume(); }, nullptr);
+}
+
+void CPlaybackControl::SeekTo(std::int32_t ms) {
+  Runner().Run([ms](CMciPlayer& player) { player.SeekTo(ms); }, nullptr);
+}
+
+void CPlaybackControl::SetVolume(int level) {
+  Runner().Run([level](CMciPlayer& player) { player.SetVolume(level); }, nullptr);
+}
+
+void CPlaybackControl::Poll(std::function<void(const PlayerStatus&)> answer) {
+  auto status = std::make_shared<PlayerStatus>();
+  status->fileId = currentFileId_;
+  status->generation = generation_;
+  Runner().Run(
+      [status](CMciPlayer& player) {
+        if (!player.IsOpen()) return;
+        status->mode = player.GetMode();
+        status->positionMs = std::max(player.Position(), 0);
+        status->lengthMs = player.LengthMs();
+      },
+      [status, answer = std::move(answer)] {
+        if (status->mode == CMciPlayer::Mode::NotReady) status->fileId = 0;
+        answer(*status);
+      });
 }

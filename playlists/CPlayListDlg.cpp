@@ -1,12 +1,15 @@
 #include "playlists/CPlayListDlg.h"
 
+#include <algorithm>
+
 #include "base/CountText.h"
 #include "base/MessageText.h"
 #include "dialogs/CFolderDialog.h"
-#include "platform/ColumnLayout.h"
 #include "dialogs/CInputDlg.h"
+#include "platform/ColumnLayout.h"
 #include "playback/CPlaybackControl.h"
 #include "playlists/CPlayListModel.h"
+#include "playlists/CPlayThrough.h"
 #include "playlists/CopyCommands.h"
 #include "playlists/CopySummary.h"
 #include "settings/CAppSettings.h"
@@ -22,6 +25,7 @@ void CPlayListDlg::OnInitDialog() {
   parts_.model.AttachList(view_.List());
   parts_.model.InsertColumns();
   platform::RestoreColumnLayout(view_.List(), parts_.settings.playListColumns);
+  view_.SetChecked(kPlayThrough, parts_.settings.playThrough);
 }
 
 void CPlayListDlg::StoreColumns() { parts_.settings.playListColumns = platform::SaveColumnLayout(view_.List()); }
@@ -44,7 +48,11 @@ void CPlayListDlg::OnCommand(int command) {
     case kCache: CopyToCache(); break;
     case kClearCache: parts_.copy.ClearCache(); break;
     case kPlay: PlaySelected(); break;
-    case kStop: parts_.playback.StopPlayback(); break;
+    case kStop:
+      parts_.playThrough.Stop();
+      parts_.playback.StopPlayback();
+      break;
+    case kPlayThrough: TogglePlayThrough(); break;
     case kSkipForward: parts_.playback.SkipForward(); break;
     case kCopySelectionTo: CopyToPickedFolder(true); break;
     case kCopyAllTo: CopyToPickedFolder(false); break;
@@ -59,15 +67,36 @@ void CPlayListDlg::OnKeyReleased(Key key) {
 
 void CPlayListDlg::OnListKeyPressed(Key key, bool control) {
   if (key == Key::A && control) parts_.model.SelectAllRows();
+  if (key == Key::Enter) PlaySelected();
+}
+
+void CPlayListDlg::OnPlayerStatus(const PlayerStatus& status) {
+  parts_.playThrough.OnStatus(status);
+  const bool sounding =
+      status.mode == CMciPlayer::Mode::Playing || status.mode == CMciPlayer::Mode::Paused;
+  const std::int32_t playing = sounding ? status.fileId : 0;
+  if (playing == marked_) return;
+  marked_ = playing;
+  view_.MarkPlayingFile(playing);
+}
+
+void CPlayListDlg::TogglePlayThrough() {
+  parts_.settings.playThrough = !parts_.settings.playThrough;
+  parts_.playThrough.SetEnabled(parts_.settings.playThrough);
+  view_.SetChecked(kPlayThrough, parts_.settings.playThrough);
 }
 
 void CPlayListDlg::OnContextMenu(bool onList) {
   if (onList) OnCommand(view_.TrackPopupMenu(kMenu));
 }
 
+// The first selected row, played on through the rows below it.
 void CPlayListDlg::PlaySelected() {
   const IdList selected = parts_.model.GetFileIds(true);
-  if (!selected.empty()) parts_.playback.PlayFile(static_cast<int>(selected.front()));
+  if (selected.empty()) return;
+  const IdList all = parts_.model.GetFileIds(false);
+  const auto row = std::find(all.begin(), all.end(), selected.front()) - all.begin();
+  parts_.playThrough.PlayRow(static_cast<int>(row));
 }
 
 void CPlayListDlg::CopyToCache() { view_.SetStatusLine(parts_.copy.CopyToCache().StatusLine()); }

@@ -6,6 +6,7 @@
 // and calls the On* handlers on its user-interface thread.
 
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <span>
 #include <string>
@@ -17,6 +18,8 @@ class CAppSettings;
 class CDriveServices;
 class CPlaybackControl;
 class CPlayListModel;
+class CPlayThrough;
+struct PlayerStatus;
 class CopyCommands;
 
 namespace platform {
@@ -30,6 +33,7 @@ struct PlayListButton {
   const char* text;
   const char* toolTip;
   bool showsBitmap;  // the front end draws a picture instead of the text
+  bool checkable;    // stays down when pressed, until pressed again
 };
 
 struct PlayListMenuEntry {
@@ -49,6 +53,10 @@ class PlayListView {
   virtual int TrackPopupMenu(std::span<const PlayListMenuEntry> entries) = 0;
   // The one line under the list saying what the last copy came to.
   virtual void SetStatusLine(const std::string& text) = 0;
+  // Whether a checkable button shows as down.
+  virtual void SetChecked(int /*command*/, bool /*checked*/) {}
+  // Marks the rows of the file playing (0: none), as the list should show it.
+  virtual void MarkPlayingFile(std::int32_t /*fileId*/) {}
 };
 
 // What the window works with; all must outlive it.
@@ -60,6 +68,7 @@ struct PlayListWindowParts {
   const CDriveServices& drives;
   platform::FolderPicker& picker;
   platform::InputDialog& input;
+  CPlayThrough& playThrough;  // over the model's rows
 };
 
 class CPlayListDlg {
@@ -77,18 +86,20 @@ class CPlayListDlg {
     kPlay = 1003,
     kStop = 1004,
     kSkipForward = 1005,
+    kPlayThrough = 1006,
     kCopySelectionTo = 9020,
     kCopyAllTo = 9021,
     kSavePlayList = 9022,
   };
-  enum class Key { Delete, A, Other };
+  enum class Key { Delete, A, Enter, Other };
 
-  static constexpr std::array<PlayListButton, 5> kButtons{{
-      {kCache, "Cache", "Copy files to cache directory", false},
-      {kClearCache, "C", "Clear the cache", false},
-      {kPlay, "|>", "Play", true},
-      {kStop, "[]", "Stop", true},
-      {kSkipForward, "|>|>", "Skip Forward", true},
+  static constexpr std::array<PlayListButton, 6> kButtons{{
+      {kCache, "Cache", "Copy files to cache directory", false, false},
+      {kClearCache, "C", "Clear the cache", false, false},
+      {kPlay, "|>", "Play", true, false},
+      {kStop, "[]", "Stop", true, false},
+      {kSkipForward, "|>|>", "Skip Forward", true, false},
+      {kPlayThrough, "Play through", "Play on to the end of the list", false, true},
   }};
   static constexpr std::array<PlayListMenuEntry, 3> kMenu{{
       {kCopySelectionTo, "Copy Selection To .."},
@@ -110,8 +121,11 @@ class CPlayListDlg {
   void OnCommand(int command);
   // Delete acts when the key is released.
   void OnKeyReleased(Key key);
-  // Ctrl+A while the list has the focus.
+  // Ctrl+A while the list has the focus; Enter plays the selected row.
   void OnListKeyPressed(Key key, bool control);
+  // The player's status as the main window polled it: a file played to its
+  // end is followed by the next row, and the playing row is marked.
+  void OnPlayerStatus(const PlayerStatus& status);
   void OnContextMenu(bool onList);
   // The user dragged these rows to stand before row `before`.
   void OnRowsDragged(const std::vector<int>& rows, int before);
@@ -123,6 +137,7 @@ class CPlayListDlg {
 
  private:
   void PlaySelected();
+  void TogglePlayThrough();
   void CopyToCache();
   void CopyToPickedFolder(bool selectionOnly);
   void SavePlayList();
@@ -130,4 +145,5 @@ class CPlayListDlg {
   PlayListWindowParts parts_;
   PlayListView& view_;
   std::function<void()> libraryChanged_;
+  std::int32_t marked_ = 0;
 };

@@ -108,3 +108,7 @@ int CPlayListModel::SavePlayList(const std::string& name) {
   playList.FileIDs = BuildIdList(GetFileIds(false));
   return db_.AddPlayList(playList);
 }
+
+void CPlayListModel::RemoveAllRows() {
+  if (list_ != nullptr) list_->DeleteAllRows();
+}

@@ -62,6 +62,7 @@ class CPlayListModel {
   void MoveRows(std::vector<int> rows, int before);
   // Removes the selected rows, one at a time, until none is selected.
   void RemoveSelectedRows();
+  void RemoveAllRows();
   void SelectAllRows();
 
   // Stores every row, in order, as a new PlayLists row under the name (two

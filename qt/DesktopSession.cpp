@@ -10,6 +10,7 @@
 #include "platform/ProgramFolder.h"
 #include "platform/mci/GstMediaControl.h"
 #include "playback/DeferredMediaControl.h"
+#include "playback/PlayerThread.h"
 #include "qt/MainWindow.h"
 #include "qt/QtDialogSet.h"
 #include "qt/dialogs/QtCoverLoader.h"
@@ -31,11 +32,22 @@ void RunMainWindow(CLibraryApp& app, QtMessageBox& messages, bool refused) {
   messages.SetParent(&window);
   dialogs.SetParent(&window);
   window.onClosed = [] { QCoreApplication::quit(); };
+  // Opening and seeking run on a thread of their own from here on; the
+  // thread ends (after its last command) before the window goes.
+  PlayerThread player(app.Player(), [](std::function<void()> done) {
+    QMetaObject::invokeMethod(qApp, std::move(done), Qt::QueuedConnection);
+  });
+  app.Playback().UseRunner(&player);
+  struct InlineAgain {
+    CPlaybackControl& playback;
+    ~InlineAgain() { playback.UseRunner(nullptr); }
+  } inlineAgain{app.Playback()};
   window.Start();
   if (refused) {
     window.close();
     return;
   }
+  window.PublishOnSessionBus();  // without a session bus the program runs as ever
   window.show();
   QApplication::exec();
 }

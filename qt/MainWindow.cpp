@@ -8,11 +8,15 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QSlider>
+#include <QTimer>
 #include <algorithm>
 #include <cmath>
 
 #include "app/CLibraryApp.h"
 #include "playlists/CopyCommands.h"
+#include "qt/MprisService.h"
+#include "qt/NowPlayingBar.h"
 #include "qt/PlayListWindow.h"
 #include "qt/PlaybackIcons.h"
 #include "qt/QtListControl.h"
@@ -23,6 +27,7 @@
 #include "qt/dialogs/QtText.h"
 #include "scan/ScanCommands.h"
 #include "ui/CMainDlg.h"
+#include "ui/CRemoteControl.h"
 
 namespace {
 
@@ -36,6 +41,8 @@ struct DialogRect {
 constexpr DialogRect kFindLabel{144, 5, 15, 8};
 constexpr DialogRect kRowEnd{0, 0, 4, 0};  // room right of the last button
 constexpr int kMinimumHeight = 120;
+constexpr int kPollMs = 250;
+constexpr int kStripMargin = 5;
 
 DialogRect PlaceOf(int command) {
   switch (command) {
@@ -74,6 +81,8 @@ KeyCode KeyOf(const QKeyEvent& event) {
     case Qt::Key_Control: return KeyCode::Control;
     case Qt::Key_Delete: return KeyCode::Delete;
     case Qt::Key_A: return KeyCode::A;
+    case Qt::Key_F: return KeyCode::F;
+    case Qt::Key_Space: return KeyCode::Space;
     default: return KeyCode::Other;
   }
 }
@@ -104,7 +113,7 @@ MainWindow::MainWindow(CLibraryApp& app, const DesktopDialogs& dialogs)
       dialogs.picker,
       dialogs.options,
       {app.PlayList(), app.Playback(), *copy_, app.Settings(), app.Drives(), dialogs.picker,
-       dialogs.input},
+       dialogs.input, app.PlayThrough()},
       *playListWindow_,
   };
   MainWindowView& view = *this;
@@ -114,7 +123,13 @@ MainWindow::MainWindow(CLibraryApp& app, const DesktopDialogs& dialogs)
   stacking_ = new WindowStacking(this);
   stacking_->Watch(*this);
   stacking_->Watch(*playListWindow_);
+  remote_ = std::make_unique<CRemoteControl>(*logic_, app.PlayList(), app.PlayThrough(), app.Playback(),
+                                             app.Db(), app.Platform().files);
+  mpris_ = std::make_unique<MprisService>(*remote_, *this);
+  logic_->OnStatusShown([this] { mpris_->AnnounceChanges(); });
 }
+
+bool MainWindow::PublishOnSessionBus() { return mpris_->Register(); }
 
 MainWindow::~MainWindow() = default;
 
@@ -151,6 +166,19 @@ void MainWindow::CreateControls() {
   SetUpMediaList();
   statusLine_ = new QLabel(this);
   statusLine_->setCursor(Qt::ArrowCursor);
+  CreateStrip();
+}
+
+// The now-playing strip at the bottom, and the timer that polls the player.
+void MainWindow::CreateStrip() {
+  strip_ = new NowPlayingBar(this);
+  strip_->onPauseResume = [this] { logic_->OnPauseResume(); };
+  strip_->onSeek = [this](int ms) { logic_->OnSeek(ms); };
+  strip_->onVolume = [this](int level) { logic_->OnVolume(level); };
+  for (QWidget* part : strip_->findChildren<QWidget*>()) part->installEventFilter(this);
+  poll_ = new QTimer(this);
+  poll_->setInterval(kPollMs);
+  connect(poll_, &QTimer::timeout, this, [this] { logic_->OnPlayerTick(); });
 }
 
 // Headings sort, the last column takes the free width, rows drag out as files.
@@ -235,13 +263,40 @@ bool MainWindow::RouteKey(QObject* watched, QEvent& event) {
 
 void MainWindow::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  if (logic_) logic_->OnSize(width(), height());
+  PlaceStrip();
+  if (logic_) logic_->OnSize(width(), LayoutHeight());
 }
 
 // The play list window opened first; it must not start hidden behind.
 void MainWindow::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
   if (playListWindow_->isVisible()) RaisePlayList();
+}
+
+void MainWindow::PlaceStrip() {
+  const int stripHeight = strip_->PreferredHeight();
+  strip_->setGeometry(kStripMargin, height() - stripHeight - kStripMargin,
+                      std::max(width() - 2 * kStripMargin, 0), stripHeight);
+}
+
+int MainWindow::LayoutHeight() const {
+  return std::max(height() - strip_->PreferredHeight() - kStripMargin, 0);
+}
+
+void MainWindow::ShowNowPlaying(const NowPlayingStrip& strip) { strip_->Show(strip); }
+
+void MainWindow::ShowVolume(int level) { strip_->ShowVolume(level); }
+
+void MainWindow::PollPlayer(bool on) {
+  if (on)
+    poll_->start();
+  else
+    poll_->stop();
+}
+
+void MainWindow::FocusFindField() {
+  findField_->setFocus(Qt::ShortcutFocusReason);
+  findField_->selectAll();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -266,7 +321,8 @@ void MainWindow::MoveWindow(int left, int top, int width, int height) {
 
 Rect MainWindow::OuterRect() const { return TopLevelRect(*this); }
 
-Rect MainWindow::ClientRect() const { return {0, 0, width(), height()}; }
+// The logic lays out the panes and the status line above the strip.
+Rect MainWindow::ClientRect() const { return {0, 0, width(), LayoutHeight()}; }
 
 void MainWindow::MoveTree(int x, int y, int width, int height) {
   tree_->setGeometry(x, y, std::max(width, 0), std::max(height, 0));

@@ -18,6 +18,10 @@
 class CLibraryApp;
 class CMainDlg;
 class CopyCommands;
+class CRemoteControl;
+class MprisService;
+class NowPlayingBar;
+class QTimer;
 class PlayListWindow;
 class QLabel;
 class QLineEdit;
@@ -37,6 +41,9 @@ class MainWindow final : public QWidget, private MainWindowView {
   // The window's start-up: tool tips, the panes' controls, the play list
   // window shown, the stored geometry restored, the tree built. Then show().
   void Start();
+  // Offers the player on the session bus to media keys and remotes; false,
+  // quietly, when there is no session bus.
+  bool PublishOnSessionBus();
   // Called once, when the window has closed and put the geometry of both
   // windows into the settings (the program then saves them and ends).
   std::function<void()> onClosed;
@@ -46,6 +53,8 @@ class MainWindow final : public QWidget, private MainWindowView {
   QLineEdit& FindField() const { return *findField_; }
   PlayListWindow& PlayList() const { return *playListWindow_; }
   QLabel& StatusLine() const { return *statusLine_; }
+  NowPlayingBar& Strip() const { return *strip_; }
+  CMainDlg& Logic() const { return *logic_; }
   // The button of a CMainDlg command, or null.
   QPushButton* Button(int command) const;
   int Splitter() const;
@@ -59,6 +68,7 @@ class MainWindow final : public QWidget, private MainWindowView {
  private:
   void CreateControls();
   void SetUpMediaList();
+  void CreateStrip();
   void PlaceButtonRow();
   bool RouteMouse(QEvent& event);
   bool RouteKey(QObject* watched, QEvent& event);
@@ -87,6 +97,13 @@ class MainWindow final : public QWidget, private MainWindowView {
   Rect PlayListRect() const override;
   void RaisePlayList() override;
   bool IsPlayListCovered() const override;
+  void ShowNowPlaying(const NowPlayingStrip& strip) override;
+  void ShowVolume(int level) override;
+  void PollPlayer(bool on) override;
+  void FocusFindField() override;
+  // The height above the strip, which takes the bottom of the window.
+  int LayoutHeight() const;
+  void PlaceStrip();
 
   DesktopDialogs dialogs_;
   QtTreeControl* tree_ = nullptr;  // children of the window
@@ -95,11 +112,15 @@ class MainWindow final : public QWidget, private MainWindowView {
   QWidget* findLabel_ = nullptr;
   QLabel* statusLine_ = nullptr;
   WindowStacking* stacking_ = nullptr;  // a child of the window
+  NowPlayingBar* strip_ = nullptr;
+  QTimer* poll_ = nullptr;
   std::map<int, QWidget*> controls_;  // by CMainDlg command
   std::unique_ptr<QtPopupMenu> menu_;
   std::unique_ptr<ScanCommands> scans_;
   std::unique_ptr<CopyCommands> copy_;
   std::unique_ptr<PlayListWindow> playListWindow_;
-  std::unique_ptr<CMainDlg> logic_;  // last: it unbinds from the play list window
+  std::unique_ptr<CMainDlg> logic_;  // it unbinds from the play list window
+  std::unique_ptr<CRemoteControl> remote_;  // over the logic
+  std::unique_ptr<MprisService> mpris_;
   bool closed_ = false;
 };

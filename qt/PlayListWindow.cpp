@@ -8,6 +8,7 @@
 #include "qt/PlaybackIcons.h"
 #include "qt/QtListControl.h"
 #include "qt/QtPopupMenu.h"
+#include "qt/ReportListModel.h"
 #include "qt/WindowGeometry.h"
 #include "qt/dialogs/QtText.h"
 
@@ -22,6 +23,7 @@ constexpr int kStatusGap = 2;
 CPlayListDlg::Key KeyOf(const QKeyEvent& event) {
   if (event.key() == Qt::Key_Delete) return CPlayListDlg::Key::Delete;
   if (event.key() == Qt::Key_A) return CPlayListDlg::Key::A;
+  if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) return CPlayListDlg::Key::Enter;
   return CPlayListDlg::Key::Other;
 }
 
@@ -74,11 +76,18 @@ void PlayListWindow::SetStatusLine(const std::string& text) {
   status_->setToolTip(status_->text());
 }
 
+void PlayListWindow::SetChecked(int command, bool checked) {
+  if (QPushButton* button = Button(command)) button->setChecked(checked);
+}
+
+void PlayListWindow::MarkPlayingFile(std::int32_t fileId) { list_->Model().MarkValue(fileId); }
+
 void PlayListWindow::AddButtons(std::span<const PlayListButton> buttons) {
   int left = kFirstButtonLeft;
   for (const PlayListButton& wanted : buttons) {
     auto* button = new QPushButton(QString::fromUtf8(wanted.text), this);
     if (wanted.showsBitmap) ShowPicture(*button, wanted.text);
+    button->setCheckable(wanted.checkable);
     button->setToolTip(QString::fromUtf8(wanted.toolTip));
     const int width = wanted.showsBitmap ? kButtonHeight + 6
                                        : std::max(kButtonHeight, fontMetrics().horizontalAdvance(button->text()) + 14);
@@ -110,6 +119,10 @@ bool PlayListWindow::eventFilter(QObject* watched, QEvent* event) {
     const auto& key = static_cast<const QKeyEvent&>(*event);
     if (KeyOf(key) == CPlayListDlg::Key::A && key.modifiers().testFlag(Qt::ControlModifier)) {
       logic_->OnListKeyPressed(CPlayListDlg::Key::A, true);
+      return true;
+    }
+    if (KeyOf(key) == CPlayListDlg::Key::Enter) {
+      logic_->OnListKeyPressed(CPlayListDlg::Key::Enter, false);
       return true;
     }
   }

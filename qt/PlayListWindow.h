@@ -36,6 +36,8 @@ class PlayListWindow final : public QWidget, public PlayListView {
   void AddButtons(std::span<const PlayListButton> buttons) override;
   int TrackPopupMenu(std::span<const PlayListMenuEntry> entries) override;
   void SetStatusLine(const std::string& text) override;
+  void SetChecked(int command, bool checked) override;
+  void MarkPlayingFile(std::int32_t fileId) override;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

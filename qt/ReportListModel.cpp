@@ -1,5 +1,7 @@
 #include "qt/ReportListModel.h"
 
+#include <QFont>
+
 #include <algorithm>
 #include <iterator>
 
@@ -87,8 +89,20 @@ int ReportListModel::columnCount(const QModelIndex& parent) const {
 QVariant ReportListModel::data(const QModelIndex& index, int role) const {
   if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
     return {};
+  if (role == Qt::FontRole) {
+    if (marked_ == 0 || Value(index.row()) != marked_) return {};
+    QFont bold;
+    bold.setBold(true);
+    return bold;
+  }
   if (role != Qt::DisplayRole && role != Qt::ToolTipRole) return {};
   return ToQString(Text(index.row(), index.column()));
+}
+
+void ReportListModel::MarkValue(std::int32_t value) {
+  if (value == marked_) return;
+  marked_ = value;
+  if (!rows_.empty()) emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1), {Qt::FontRole});
 }
 
 QVariant ReportListModel::headerData(int section, Qt::Orientation orientation, int role) const {

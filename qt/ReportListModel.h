@@ -27,6 +27,9 @@ class ReportListModel final : public QAbstractTableModel {
   // New row i is old row order[i]; views and selections follow their rows.
   void Reorder(const std::vector<int>& order);
 
+  // Rows carrying this value show in bold (0: none).
+  void MarkValue(std::int32_t value);
+  std::int32_t MarkedValue() const { return marked_; }
   std::int32_t Value(int row) const { return rows_.at(static_cast<std::size_t>(row)).value; }
   const std::string& Text(int row, int column) const;
 
@@ -46,4 +49,5 @@ class ReportListModel final : public QAbstractTableModel {
   std::vector<Row> rows_;
   std::vector<Row> appended_;  // not shown yet
   bool flushQueued_ = false;
+  std::int32_t marked_ = 0;
 };

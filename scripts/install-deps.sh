@@ -11,6 +11,7 @@ packages=(
   gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-ugly
   gstreamer1.0-plugins-bad gstreamer1.0-libav gstreamer1.0-alsa
   libgtest-dev googletest libbenchmark-dev
+  dbus-daemon dbus-bin
 )
 
 missing=()

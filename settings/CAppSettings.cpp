@@ -37,6 +37,12 @@ void CAppSettings::Load() {
   mediaListColumns = GetConfigText(kMediaListColumns);
   playListColumns = GetConfigText(kPlayListColumns);
   mainMaximized = GetConfigInt(kMainMaximized);
+  // Rows the first versions did not write keep their defaults while missing
+  // (a catalogue on read-only storage gets none added).
+  if (const std::string text = GetConfigText(kVolume); !text.empty())
+    volume = std::clamp(std::atoi(text.c_str()), 0, kFullVolume);
+  if (const std::string text = GetConfigText(kPlayThrough); !text.empty())
+    playThrough = std::atoi(text.c_str()) != 0;
   catalogueVersion = GetConfigText(kCatalogueVersion);
   stored_ = CurrentRows();
 }
@@ -58,6 +64,8 @@ CAppSettings::Rows CAppSettings::CurrentRows() const {
           {kMediaListColumns, mediaListColumns},
           {kPlayListColumns, playListColumns},
           {kMainMaximized, number(mainMaximized)},
+          {kVolume, number(volume)},
+          {kPlayThrough, number(playThrough ? 1 : 0)},
           {kAllFormats, allFormats ? "1" : "0"}};
 }
 

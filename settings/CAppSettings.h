@@ -29,8 +29,11 @@ class CAppSettings {
     kPlayListColumns = 555,
     kMainMaximized = 560,
     kPlayListFolder = 605,
+    kVolume = 700,
+    kPlayThrough = 705,
     kAllFormats = 710,  // "1": catalogue FLAC, Musepack, Opus and M4A too; "0" (the default): not
   };
+  static constexpr std::int32_t kFullVolume = 1000;
 
   CAppSettings(MediaDB& db, std::string programFolder);
   virtual ~CAppSettings() = default;
@@ -55,6 +58,8 @@ class CAppSettings {
   std::int32_t mainMaximized = 0;  // 1: the main window comes back maximised
   std::string playListFolder;
   bool allFormats = false;  // scans record every audio format, not only MP3, Ogg Vorbis and WMA
+  std::int32_t volume = kFullVolume;  // the player's level, 0 to 1000
+  bool playThrough = true;            // the play list window plays on to its end
   std::string lastAddedFolder;  // the folder last chosen by Add HD; this run only
 
   // Whether the nine window values are still those a new catalogue starts

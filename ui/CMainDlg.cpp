@@ -1,12 +1,15 @@
 #include "ui/CMainDlg.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <tuple>
 
 #include "base/CountText.h"
 #include "dialogs/COptionsDlg.h"
 #include "platform/ColumnLayout.h"
 #include "platform/ListControl.h"
 #include "playback/CPlaybackControl.h"
+#include "playlists/CPlayThrough.h"
 #include "scan/ScanCommands.h"
 #include "settings/CAppSettings.h"
 #include "ui/QuickSearch.h"
@@ -28,9 +31,14 @@ CMainDlg::CMainDlg(const MainWindowParts& parts, MainWindowView& view)
       playListWindow_(parts.playList, parts.playListView),
       splitter_(parts.settings.splitter) {
   playListWindow_.OnLibraryChanged([this] { parts_.tree.RebuildInPlace(); });
+  startedListener_ = parts_.playback.OnStarted([this](int) {
+    view_.PollPlayer(true);
+    PollNow();
+  });
 }
 
 CMainDlg::~CMainDlg() {
+  parts_.playback.RemoveListener(startedListener_);
   parts_.scans.OnScanReported(nullptr);
   if (!panesBound_) return;
   parts_.tree.Unbind();
@@ -50,6 +58,8 @@ void CMainDlg::OnInitDialog() {
   RestoreWindows();
   Layout();
   RestoreColumns();
+  view_.ShowVolume(parts_.settings.volume);
+  view_.ShowNowPlaying({});
   parts_.tree.Rebuild();
 }
 
@@ -106,7 +116,7 @@ void CMainDlg::OnCommand(int command) {
     case kAbout: view_.ShowAbout(); break;
     case kGo: Search(); break;
     case kPlay: PlaySelected(); break;
-    case kStop: parts_.playback.StopPlayback(); break;
+    case kStop: StopPlayback(); break;
     case kSkipForward: parts_.playback.SkipForward(); break;
     default: break;
   }
@@ -152,7 +162,13 @@ bool CMainDlg::PreTranslateMessage(const WindowMessage& message) {
       }
       return false;
     case MessageKind::KeyUp: OnKeyUp(message); return false;
-    case MessageKind::KeyDown: OnKeyDown(message); return message.key == KeyCode::Enter || message.key == KeyCode::Escape;
+    case MessageKind::KeyDown: {
+      OnKeyDown(message);
+      // Space is the play key everywhere but in the Find field, where it types.
+      const bool space = message.key == KeyCode::Space && message.target != MessageTarget::FindField;
+      return message.key == KeyCode::Enter || message.key == KeyCode::Escape || space ||
+             (message.key == KeyCode::F && controlHeld_);
+    }
     default: return false;
   }
 }
@@ -179,6 +195,13 @@ void CMainDlg::OnKeyDown(const WindowMessage& message) {
   switch (message.key) {
     case KeyCode::Enter:
       if (inFindField) Search();
+      if (message.target == MessageTarget::List) PlaySelected();
+      break;
+    case KeyCode::Space:
+      if (!inFindField) OnPauseResume();
+      break;
+    case KeyCode::F:
+      if (controlHeld_) view_.FocusFindField();
       break;
     case KeyCode::Escape:
       if (inFindField) view_.SetFindText("");
@@ -259,7 +282,85 @@ void CMainDlg::Search() {
 
 void CMainDlg::PlaySelected() {
   const IdList selected = parts_.list.SelectedFileIds();
-  if (!selected.empty()) parts_.playback.PlayFile(static_cast<int>(selected.front()));
+  if (selected.empty()) return;
+  parts_.playList.playThrough.Stop();
+  parts_.playback.PlayFile(static_cast<int>(selected.front()));
+}
+
+void CMainDlg::StopPlayback() {
+  parts_.playList.playThrough.Stop();
+  parts_.playback.StopPlayback();
+  PollNow();
+}
+
+void CMainDlg::OnPlayerTick() { PollNow(); }
+
+// One question at a time: answers then follow the commands in their order.
+void CMainDlg::PollNow() {
+  if (pollPending_) return;
+  pollPending_ = true;
+  parts_.playback.Poll([this](const PlayerStatus& status) {
+    pollPending_ = false;
+    OnPlayerStatus(status);
+  });
+}
+
+void CMainDlg::OnPlayerStatus(const PlayerStatus& status) {
+  status_ = status;
+  view_.ShowNowPlaying(DescribeStatus(status));
+  if (status.mode == CMciPlayer::Mode::NotReady) view_.PollPlayer(false);
+  playListWindow_.OnPlayerStatus(status);
+  if (statusShown_) statusShown_();
+}
+
+int CMainDlg::Volume() const { return parts_.settings.volume; }
+
+NowPlayingStrip CMainDlg::DescribeStatus(const PlayerStatus& status) {
+  NowPlayingStrip strip;
+  if (status.mode == CMciPlayer::Mode::NotReady || status.fileId == 0) return strip;
+  if (status.fileId != describedFileId_) {
+    describedFileId_ = status.fileId;
+    std::tie(song_, artist_) = parts_.list.SongAndArtist(status.fileId);
+  }
+  strip.open = true;
+  strip.song = song_;
+  strip.artist = artist_;
+  strip.positionMs = status.positionMs;
+  strip.lengthMs = status.lengthMs;
+  strip.time = FormatPlayTime(status.positionMs) + " / " + FormatPlayTime(status.lengthMs);
+  strip.paused = status.mode == CMciPlayer::Mode::Paused;
+  return strip;
+}
+
+// Pauses what plays, resumes what was paused, and otherwise plays the
+// selected file.
+void CMainDlg::OnPauseResume() {
+  switch (status_.mode) {
+    case CMciPlayer::Mode::Playing: parts_.playback.Pause(); break;
+    case CMciPlayer::Mode::Paused: parts_.playback.Resume(); break;
+    default: PlaySelected(); return;
+  }
+  PollNow();
+}
+
+void CMainDlg::OnSeek(int ms) {
+  parts_.playback.SeekTo(ms);
+  PollNow();
+}
+
+void CMainDlg::OnVolume(int level) {
+  parts_.settings.volume = std::clamp(level, 0, CAppSettings::kFullVolume);
+  parts_.playback.SetVolume(parts_.settings.volume);
+}
+
+std::string FormatPlayTime(int ms) {
+  const int seconds = ms > 0 ? ms / 1000 : 0;
+  char text[32];
+  if (seconds >= 3600)
+    std::snprintf(text, sizeof text, "%d:%02d:%02d", seconds / 3600, seconds / 60 % 60, seconds % 60);
+  else
+    std::snprintf(text, sizeof text, "%d:%02d", seconds / 60, seconds % 60);
+  return text;
 }
 
 void CMainDlg::RunOptions() {

@@ -7,7 +7,10 @@
 // and calls the On* handlers on its user-interface thread.
 
 #include <array>
+#include <functional>
+#include <string>
 
+#include "playback/PlayerStatus.h"
 #include "playlists/CPlayListDlg.h"
 #include "ui/CLibraryTree.h"
 #include "ui/CMediaList.h"
@@ -99,6 +102,21 @@ class CMainDlg {
   void OnListDoubleClick();
   // A click on a heading of the media list sorts by that column.
   void OnListHeaderClicked(int column);
+  // The strip: about four times a second while a file is open; the pause
+  // button; the seek slider let go at ms; the volume slider at 0 to 1000.
+  void OnPlayerTick();
+  void OnPauseResume();
+  void OnSeek(int ms);
+  void OnVolume(int level);
+  const PlayerStatus& LastStatus() const { return status_; }
+  // The volume of the settings, 0 to 1000.
+  int Volume() const;
+  // Called after each status was shown.
+  void OnStatusShown(std::function<void()> listener) { statusShown_ = std::move(listener); }
+  // Asks the player at once (after what was handed to it so far).
+  void PollNow();
+  // Plays the first selected file of the media list; ends a play-through.
+  void PlaySelected();
   // Puts both windows' geometry and the splitter into the settings; the
   // front end then ends the run with CLibraryApp::Exit, which writes them.
   void OnDestroy();
@@ -124,8 +142,10 @@ class CMainDlg {
   void RestoreWindows();
   void RestoreColumns();
   void StoreWindows();
-  void PlaySelected();
   void RunOptions();
+  void StopPlayback();
+  void OnPlayerStatus(const PlayerStatus& status);
+  NowPlayingStrip DescribeStatus(const PlayerStatus& status);
 
   MainWindowParts parts_;
   MainWindowView& view_;
@@ -135,4 +155,14 @@ class CMainDlg {
   bool dragging_ = false;
   bool controlHeld_ = false;
   bool panesBound_ = false;
+  int startedListener_ = 0;
+  bool pollPending_ = false;
+  PlayerStatus status_;
+  std::function<void()> statusShown_;
+  int describedFileId_ = 0;  // whose song and artist are below
+  std::string song_;
+  std::string artist_;
 };
+
+// "m:ss", or "h:mm:ss" from an hour on; negative times count as 0.
+std::string FormatPlayTime(int ms);

@@ -202,3 +202,9 @@ bool CMediaList::OnContextMenu() {
     default: return false;
   }
 }
+
+std::pair<std::string, std::string> CMediaList::SongAndArtist(int fileId) const {
+  const auto file = db_.GetFile(fileId);
+  if (!file) return {};
+  return {UserOrTag(file->Title, file->id3Title), UserOrTag(file->Artist, file->id3Artist)};
+}

@@ -11,6 +11,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "catalogue/MediaDB.h"
 #include "platform/PopupMenu.h"
@@ -96,6 +97,9 @@ class CMediaList {
 
   // The hint in place of the rows while the catalogue holds no volume.
   void ShowStartHint(bool show);
+
+  // The Song and Artist texts a row of the file shows; empty without its row.
+  std::pair<std::string, std::string> SongAndArtist(int fileId) const;
 
   void SelectAll();
   IdList SelectedFileIds() const;

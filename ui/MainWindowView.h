@@ -27,7 +27,19 @@ enum class MessageKind { MouseMove, LeftButtonDown, LeftButtonUp, KeyDown, KeyUp
 // Where a message goes: the main window's own surface or one of its children;
 // for a key, the window that has the focus.
 enum class MessageTarget { Window, FindField, Tree, List, OtherChild };
-enum class KeyCode { Enter, Escape, Control, Delete, A, Other };
+enum class KeyCode { Enter, Escape, Control, Delete, A, F, Space, Other };
+
+// The now-playing strip: the file's song and artist as the media list shows
+// them, "elapsed / total", the seek slider's place and the pause button.
+struct NowPlayingStrip {
+  bool open = false;  // false: nothing to show, the controls are idle
+  std::string song;
+  std::string artist;
+  std::string time;  // "1:23 / 4:05"
+  int positionMs = 0;
+  int lengthMs = 0;
+  bool paused = false;  // the button offers "resume" rather than "pause"
+};
 
 struct WindowMessage {
   MessageKind kind = MessageKind::Other;
@@ -85,4 +97,12 @@ class MainWindowView {
   // Whether another of the program's windows lies over the visible play
   // list window.
   virtual bool IsPlayListCovered() const = 0;
+
+  // The now-playing strip and its volume slider (0 to 1000).
+  virtual void ShowNowPlaying(const NowPlayingStrip& /*strip*/) {}
+  virtual void ShowVolume(int /*level*/) {}
+  // Starts or stops calling CMainDlg::OnPlayerTick about four times a second.
+  virtual void PollPlayer(bool /*on*/) {}
+  // Puts the cursor into the Find field.
+  virtual void FocusFindField() {}
 };

@@ -33,11 +33,24 @@ std::uint32_t RunOnDevice(const MciCommand& command, PlaybinDevice& device, std:
     case MciVerb::StatusPosition:
       reply = std::to_string(device.PositionMs());
       return kMciNoError;
+    case MciVerb::StatusMode:
+      reply = device.Mode();
+      return kMciNoError;
     case MciVerb::PlayFrom:
       return device.PlayFrom(command.fromMs);
     case MciVerb::Stop:
       device.Stop();
       return kMciNoError;
+    case MciVerb::Pause:
+      device.Pause();
+      return kMciNoError;
+    case MciVerb::Resume:
+      device.Resume();
+      return kMciNoError;
+    case MciVerb::SeekTo:
+      return device.Seek(command.toEnd ? device.LengthMs() : command.fromMs);
+    case MciVerb::SetVolume:
+      return device.SetVolume(command.volume);
     default:
       return kMciUnrecognizedCommand;
   }

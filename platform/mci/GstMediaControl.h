@@ -3,11 +3,13 @@
 // device is one audio-only player, addressed by its alias.
 //
 // Commands understood: open "PATH" type mpegvideo alias A, set A time format ms,
-// status A length|position, play A from N, stop A, close A, close all.
+// status A length|position|mode, play A from N, stop A, pause A, resume A,
+// seek A to N|start|end, setaudio A volume to N (0 to 1000), close A, close all.
 // Times are milliseconds. `play` returns at once; playback goes on in
 // GStreamer's own threads, and reaching the end is noticed at the next command.
 //
-// Not thread-safe: use one object from one thread (the user-interface thread).
+// Not thread-safe: use one object from one thread (the user-interface thread, or
+// the player's own thread).
 
 #include <cstdint>
 #include <functional>

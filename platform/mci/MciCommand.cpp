@@ -75,6 +75,7 @@ std::optional<MciCommand> ParseStatus(const Tokens& t) {
   if (t.size() != 3) return std::nullopt;
   if (SameWord(t[2], "length")) return MciCommand{MciVerb::StatusLength, t[1], {}, 0};
   if (SameWord(t[2], "position")) return MciCommand{MciVerb::StatusPosition, t[1], {}, 0};
+  if (SameWord(t[2], "mode")) return MciCommand{MciVerb::StatusMode, t[1], {}, 0};
   return std::nullopt;
 }
 
@@ -83,6 +84,30 @@ std::optional<MciCommand> ParsePlay(const Tokens& t) {
   auto from = ParseMilliseconds(t[3]);
   if (!from) return std::nullopt;
   return MciCommand{MciVerb::PlayFrom, t[1], {}, *from};
+}
+
+// seek A to N | seek A to start | seek A to end
+std::optional<MciCommand> ParseSeek(const Tokens& t) {
+  if (t.size() != 4 || !SameWord(t[2], "to")) return std::nullopt;
+  MciCommand command{MciVerb::SeekTo, t[1], {}, 0};
+  if (SameWord(t[3], "end")) {
+    command.toEnd = true;
+    return command;
+  }
+  const auto to = SameWord(t[3], "start") ? std::optional<std::uint64_t>(0) : ParseMilliseconds(t[3]);
+  if (!to) return std::nullopt;
+  command.fromMs = *to;
+  return command;
+}
+
+// setaudio A volume to N
+std::optional<MciCommand> ParseSetAudio(const Tokens& t) {
+  if (t.size() != 5 || !SameWord(t[2], "volume") || !SameWord(t[3], "to")) return std::nullopt;
+  auto level = ParseMilliseconds(t[4]);
+  if (!level) return std::nullopt;
+  MciCommand command{MciVerb::SetVolume, t[1], {}, 0};
+  command.volume = *level;
+  return command;
 }
 
 std::optional<MciCommand> ParseAliasOnly(const Tokens& t, MciVerb verb) {
@@ -107,6 +132,10 @@ std::optional<MciCommand> ParseMciCommand(std::string_view text) {
   if (SameWord(verb, "status")) return ParseStatus(t);
   if (SameWord(verb, "play")) return ParsePlay(t);
   if (SameWord(verb, "stop")) return ParseAliasOnly(t, MciVerb::Stop);
+  if (SameWord(verb, "pause")) return ParseAliasOnly(t, MciVerb::Pause);
+  if (SameWord(verb, "resume")) return ParseAliasOnly(t, MciVerb::Resume);
+  if (SameWord(verb, "seek")) return ParseSeek(t);
+  if (SameWord(verb, "setaudio")) return ParseSetAudio(t);
   if (SameWord(verb, "close")) return ParseClose(t);
   return std::nullopt;
 }

@@ -3,6 +3,8 @@
 //   open "C:\Music\a b.mp3" type mpegvideo alias Song
 //   set Song time format ms      status Song length      status Song position
 //   play Song from 1500          stop Song               close Song    close all
+//   pause Song    resume Song    status Song mode        seek Song to 2000
+//   seek Song to start           seek Song to end        setaudio Song volume to 500
 //
 // Tokens are separated by blanks; a token in double quotes may hold blanks.
 // Keywords match without regard to case. Pure functions; no call throws.
@@ -19,8 +21,13 @@ enum class MciVerb {
   SetTimeFormatMs,
   StatusLength,
   StatusPosition,
+  StatusMode,
   PlayFrom,
   Stop,
+  Pause,
+  Resume,
+  SeekTo,
+  SetVolume,
   Close,
   CloseAll,
 };
@@ -29,7 +36,9 @@ struct MciCommand {
   MciVerb verb = MciVerb::Close;
   std::string alias;          // as written; empty for CloseAll
   std::string path;           // Open only, without its quotes
-  std::uint64_t fromMs = 0;   // PlayFrom only; saturates at the largest value
+  std::uint64_t fromMs = 0;   // PlayFrom and SeekTo; saturates at the largest value
+  std::uint64_t volume = 0;   // SetVolume only: 0 to 1000 asked, larger numbers kept
+  bool toEnd = false;         // SeekTo only: "to end", wherever that lies
 };
 
 // The command a string holds, or nothing when it is not one of the forms above.

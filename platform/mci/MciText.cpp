@@ -20,7 +20,7 @@ std::optional<std::string_view> MciErrorText(std::uint32_t code) {
     case kMciFileNotFound:
       return "The file could not be found.";
     case kMciOutOfRange:
-      return "The position lies past the end of the recording.";
+      return "The position lies past the end of the recording, or the level above 1000.";
     case kMciAliasInUse:
       return "That name is already in use by another open media file.";
     case kMciCannotDecode:

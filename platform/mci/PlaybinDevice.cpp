@@ -14,6 +14,7 @@ constexpr GstClockTime kFailureMessageWait = 200 * GST_MSECOND;
 constexpr GstClockTime kSettleWait = 5 * GST_SECOND;
 constexpr GstClockTime kDurationPoll = 20 * GST_MSECOND;
 constexpr int kDurationPolls = 5;
+constexpr std::uint64_t kFullVolume = 1000;
 
 std::uint64_t NanosecondsToMs(gint64 ns) {
   return ns <= 0 ? 0 : static_cast<std::uint64_t>(ns) / GST_MSECOND;
@@ -138,7 +139,7 @@ std::uint32_t PlaybinDevice::PlayFrom(std::uint64_t ms) {
     return kMciNoError;
   }
   if (!SeekTo(ms)) {
-    phase_ = Phase::Paused;
+    phase_ = Phase::Stopped;
     return kMciCannotDecode;
   }
   gst_element_set_state(playbin_.get(), GST_STATE_PLAYING);
@@ -146,10 +147,53 @@ std::uint32_t PlaybinDevice::PlayFrom(std::uint64_t ms) {
   return kMciNoError;
 }
 
-void PlaybinDevice::Stop() {
+void PlaybinDevice::Stop() { Halt(Phase::Stopped); }
+
+void PlaybinDevice::Pause() {
+  DrainBus();
+  if (phase_ == Phase::Playing) Halt(Phase::Paused);
+}
+
+void PlaybinDevice::Halt(Phase phase) {
   heldMs_ = PositionMs();
-  phase_ = Phase::Paused;
+  phase_ = phase;
   PauseAndSettle();
+}
+
+// The paused pipeline still holds its place, so playing on needs no seek.
+void PlaybinDevice::Resume() {
+  DrainBus();
+  if (phase_ != Phase::Paused) return;
+  gst_element_set_state(playbin_.get(), GST_STATE_PLAYING);
+  phase_ = Phase::Playing;
+}
+
+std::uint32_t PlaybinDevice::Seek(std::uint64_t ms) {
+  DrainBus();
+  if (ms > lengthMs_) return kMciOutOfRange;
+  if (phase_ == Phase::Playing) return PlayFrom(ms);
+  PauseAndSettle();
+  const bool moved = SeekTo(ms);
+  DrainBus();
+  if (phase_ == Phase::Ended) phase_ = Phase::Stopped;
+  if (!moved) return kMciCannotDecode;
+  heldMs_ = ms;
+  return kMciNoError;
+}
+
+std::uint32_t PlaybinDevice::SetVolume(std::uint64_t level) {
+  if (level > kFullVolume) return kMciOutOfRange;
+  g_object_set(playbin_.get(), "volume", static_cast<double>(level) / kFullVolume, nullptr);
+  return kMciNoError;
+}
+
+const char* PlaybinDevice::Mode() {
+  DrainBus();
+  switch (phase_) {
+    case Phase::Playing: return "playing";
+    case Phase::Paused: return "paused";
+    default: return "stopped";
+  }
 }
 
 // Takes note of the end of the stream. A stream that fails while playing is

@@ -36,24 +36,37 @@ class PlaybinDevice {
   std::uint64_t PositionMs();
   // Starts playing at ms and returns; 282 past the length, 296 when the seek fails.
   std::uint32_t PlayFrom(std::uint64_t ms);
-  // Pauses, keeping the position.
+  // Halts playback, keeping the position; the mode reads "stopped".
   void Stop();
+  // Halts playing audio where it is; the mode reads "paused". Nothing
+  // changes when it is not playing.
+  void Pause();
+  // Plays on from a pause; nothing changes when it is not paused.
+  void Resume();
+  // Moves to ms keeping the mode: playing plays on from there, a halted
+  // device stays halted there. 282 past the length, 296 when the seek fails.
+  std::uint32_t Seek(std::uint64_t ms);
+  // 0 (silence) to 1000 (the file's own level); larger values are refused.
+  std::uint32_t SetVolume(std::uint64_t level);
+  // "playing", "paused" or "stopped" (the end reached counts as stopped).
+  const char* Mode();
 
  private:
-  enum class Phase { Paused, Playing, Ended };
+  enum class Phase { Stopped, Paused, Playing, Ended };
 
   PlaybinDevice(GstOwned<GstElement> playbin, std::uint64_t lengthMs);
 
   void DrainBus();
   void PauseAndSettle();
   bool SeekTo(std::uint64_t ms);
+  void Halt(Phase phase);
   std::optional<std::uint64_t> QueryPositionMs() const;
 
   GstOwned<GstElement> playbin_;
   GstOwned<GstBus> bus_;
   std::uint64_t lengthMs_;
   std::uint64_t heldMs_ = 0;  // the position while paused, and the last one seen
-  Phase phase_ = Phase::Paused;
+  Phase phase_ = Phase::Stopped;
 };
 
 }  // namespace platform::mci

@@ -51,9 +51,9 @@ TEST_F(LibraryAppTest, FirstStartWritesTheDefaultsAndMakesTheCacheFolder) {
       {1, "2.1"},   {405, "E"},   {410, "C:\\QORCache"}, {505, "40"}, {510, "100"},
       {515, "400"}, {520, "500"}, {525, "100"},          {530, "550"}, {535, "100"},
       {540, "400"}, {545, "210"}, {550, ""},           {555, ""},   {560, "0"},
-      {605, ""},    {710, "0"}};
+      {605, ""},    {700, "1000"}, {705, "1"}, {710, "0"}};
   // The settings, and the marks of the highest ids given (901 to 904).
-  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 21);
+  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 23);
   for (const auto& [id, value] : expected) EXPECT_EQ(Config(*app, id), value) << id;
   EXPECT_TRUE(fs::is_directory(folder.Path() + "/home/QORCache"));
   EXPECT_TRUE(messages.Shown().empty());
@@ -82,7 +82,7 @@ TEST_F(LibraryAppTest, LaterStartsInsertNothingAndExitWritesOnlyWhenASettingChan
   EXPECT_EQ(exitStatements.front() + exitStatements.back(), "BEGINCOMMIT");
   EXPECT_EQ(exitStatements[3], "UPDATE Configs SET Value='41' WHERE ConfigID=505;");
   EXPECT_TRUE(StatementsOf(*app, [&] { app->Exit(); }).empty());  // saved: unchanged again
-  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 21);
+  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 23);
 }
 
 TEST_F(LibraryAppTest, SettingsSurviveARestart) {
@@ -132,7 +132,7 @@ TEST_F(LibraryAppTest, MissingSettingRowsAreWrittenWithTheirDefaultsAtStartUp) {
   {
     auto app = NewApp();
     app->Start();
-    app->Db().ExecuteChange("DELETE FROM Configs WHERE ConfigID IN (410,505,605,710);");
+    app->Db().ExecuteChange("DELETE FROM Configs WHERE ConfigID IN (410,505,605,700,705,710);");
   }
   {
     auto app = NewApp();
@@ -142,13 +142,17 @@ TEST_F(LibraryAppTest, MissingSettingRowsAreWrittenWithTheirDefaultsAtStartUp) {
     EXPECT_EQ(app->Settings().mainLeft, 40);
     EXPECT_EQ(Config(*app, 710), "0");  // a catalogue made before the setting: off
     EXPECT_FALSE(app->Settings().allFormats);
+    EXPECT_EQ(Config(*app, 700), "1000");
+    EXPECT_TRUE(app->Settings().playThrough);
     app->Settings().playListFolder = "C:\\Lists\\";
+    app->Settings().volume = 350;
     app->Exit();
   }
   auto app = NewApp();
   app->Start();
-  EXPECT_EQ(app->Settings().playListFolder, "C:\\Lists\\");  // the change stuck
-  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 21);
+  EXPECT_EQ(app->Settings().playListFolder, "C:\\Lists\\");  // the changes stuck
+  EXPECT_EQ(app->Settings().volume, 350);
+  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 23);
 }
 
 TEST_F(LibraryAppTest, AnEmptyOrHalfMadeCatalogueIsMadeWhole) {

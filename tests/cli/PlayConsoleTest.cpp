@@ -14,6 +14,9 @@ TEST_F(PlayConsoleTest, AMissingFileIsAWrongCommandLineAndNoSoundCardEndsWithThe
   Outcome missing = Run("play 42");
   EXPECT_EQ(missing.status, 2);
   EXPECT_EQ(missing.err, "vantrelle-cli: no file with FileID 42 in the catalogue\n");
+  Outcome noList = Run("play-list 7 --seconds 1");
+  EXPECT_EQ(noList.status, 2);
+  EXPECT_EQ(noList.err, "vantrelle-cli: no play list with PlayListID 7 in the catalogue\n");
 
   if (fs::exists("/dev/snd")) GTEST_SKIP() << "this machine may have a sound card";
   fs::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/id3v2.mp3", home + "/a song.mp3");

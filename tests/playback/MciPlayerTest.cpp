@@ -65,6 +65,31 @@ TEST_F(MciPlayerTest, NothingIsSentWithoutAnOpenFileAndAFailedLengthLeavesNoLeng
   EXPECT_EQ(player.LengthMs(), 0);
 }
 
+TEST_F(MciPlayerTest, PauseResumeSeekModeAndAVolumeThatOutlivesTheFile) {
+  EXPECT_EQ(player.GetMode(), CMciPlayer::Mode::NotReady);
+  EXPECT_EQ(player.Pause(), CMciPlayer::kNotOpen);
+  EXPECT_EQ(player.SetVolume(1500), 0);  // kept for the next open, at most 1000
+  EXPECT_EQ(player.SetVolume(400), 0);
+  EXPECT_TRUE(media.Commands().empty());
+
+  EXPECT_EQ(player.Open("C:\\a.mp3"), 0);
+  media.Answer("status QL_MCI_DEV_7 mode", 0, "paused");
+  EXPECT_EQ(player.GetMode(), CMciPlayer::Mode::Paused);
+  media.Answer("status QL_MCI_DEV_7 mode", 0, "seeking");
+  EXPECT_EQ(player.GetMode(), CMciPlayer::Mode::NotReady);
+  EXPECT_EQ(player.Pause(), 0);
+  EXPECT_EQ(player.Resume(), 0);
+  EXPECT_EQ(player.SeekTo(-5), 0);
+  EXPECT_EQ(player.SetVolume(-3), 0);
+  EXPECT_EQ(player.Volume(), 0);
+  EXPECT_EQ(media.Commands(),
+            (Strings{"open \"C:\\a.mp3\" type mpegvideo alias QL_MCI_DEV_7",
+                     "set QL_MCI_DEV_7 time format ms", "status QL_MCI_DEV_7 length",
+                     "setaudio QL_MCI_DEV_7 volume to 400", "status QL_MCI_DEV_7 mode",
+                     "status QL_MCI_DEV_7 mode", "pause QL_MCI_DEV_7", "resume QL_MCI_DEV_7",
+                     "seek QL_MCI_DEV_7 to 0", "setaudio QL_MCI_DEV_7 volume to 0"}));
+}
+
 TEST(MciPlayer, CloseMarksTheDeviceClosedEvenWhenRefusedAndDestructionClosesAll) {
   testing_support::RecordingMediaControl media;
   {

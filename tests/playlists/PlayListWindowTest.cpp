@@ -34,7 +34,7 @@ class PlayListWindowTest : public PlayListTest, private PlayListView {
   CopyCommands copy{app->PlayList(), app->Db(), app->Drives(), app->Settings(), copyDialogs};
   testing_support::ScriptedFolderPicker picker;
   testing_support::ScriptedInputDialog input;
-  CPlayListDlg window{{app->PlayList(), app->Playback(), copy, app->Settings(), app->Drives(), picker, input},
+  CPlayListDlg window{{app->PlayList(), app->Playback(), copy, app->Settings(), app->Drives(), picker, input, app->PlayThrough()},
                       *this};
   int rebuilds = 0;
   std::string statusLine;

@@ -17,6 +17,7 @@
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
 #include "qt/MainWindow.h"
+#include "qt/NowPlayingBar.h"
 #include "qt/PlayListWindow.h"
 #include "qt/QtListControl.h"
 #include "qt/QtTreeControl.h"

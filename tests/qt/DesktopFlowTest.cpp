@@ -148,8 +148,11 @@ TEST_F(DesktopTest, BuildPlayAndSaveAPlayListThenCopyItToTheCache) {
 
 TEST_F(DesktopTest, SplitterKeysOptionsAboutAndGeometry) {
   EXPECT_TRUE(window->PlayList().isVisible());
-  const int paneHeight = 360 - window->StatusLine().height() - 2;  // the status line under the panes
+  // The status line lies under the panes, the now-playing strip at the bottom.
+  const int strip = window->Strip().height() + 5;
+  const int paneHeight = 360 - strip - window->StatusLine().height() - 2;
   EXPECT_EQ(Tree().geometry(), QRect(5, 30, 245, paneHeight));
+  EXPECT_EQ(window->Strip().geometry().bottom(), window->height() - 6);
 
   // The band lies right of the tree; a drag stops at both limits.
   QTest::mousePress(List().viewport(), Qt::LeftButton, {}, QPoint(2, 50));

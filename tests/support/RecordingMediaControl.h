@@ -1,10 +1,13 @@
 #pragma once
 // A media control that records every command string in order and answers
 // from a script; commands no rule matches are answered 0 with an empty reply.
+// It may be driven from the player's own thread while the test reads it.
 
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <functional>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -17,10 +20,24 @@ class RecordingMediaControl : public platform::MediaControl {
   // Answers every later command that begins with the prefix; the rule added
   // last wins where several match.
   void Answer(const std::string& prefix, std::uint32_t code, const std::string& reply = "") {
+    std::lock_guard lock(mutex_);
     rules_.push_back({prefix, code, reply});
+  }
+  // Called with each command before it is recorded, on the sending thread;
+  // it may block, as a slow device does.
+  void BeforeEachCommand(std::function<void(const std::string&)> hook) {
+    std::lock_guard lock(mutex_);
+    hook_ = std::move(hook);
   }
 
   std::uint32_t mciSendString(const char* command, char* reply, unsigned size) override {
+    std::function<void(const std::string&)> hook;
+    {
+      std::lock_guard lock(mutex_);
+      hook = hook_;
+    }
+    if (hook) hook(command);
+    std::lock_guard lock(mutex_);
     commands_.emplace_back(command);
     const auto rule = std::find_if(rules_.rbegin(), rules_.rend(),
                                    [&](const Rule& r) { return commands_.back().starts_with(r.prefix); });
@@ -33,8 +50,18 @@ class RecordingMediaControl : public platform::MediaControl {
     return true;
   }
 
-  const std::vector<std::string>& Commands() const { return commands_; }
-  void Forget() { commands_.clear(); }
+  std::vector<std::string> Commands() const {
+    std::lock_guard lock(mutex_);
+    return commands_;
+  }
+  bool Received(const std::string& command) const {
+    const auto all = Commands();
+    return std::find(all.begin(), all.end(), command) != all.end();
+  }
+  void Forget() {
+    std::lock_guard lock(mutex_);
+    commands_.clear();
+  }
 
  private:
   struct Rule {
@@ -49,8 +76,10 @@ class RecordingMediaControl : public platform::MediaControl {
     out[count] = '\0';
   }
 
+  mutable std::mutex mutex_;
   std::vector<Rule> rules_;
   std::vector<std::string> commands_;
+  std::function<void(const std::string&)> hook_;
 };
 
 }  // namespace testing_support

@@ -67,7 +67,7 @@ class MainWindowTest : public LibraryTest, private MainWindowView, private PlayL
   testing_support::ScriptedOptions options;
   CMainDlg window{{app->Tree(), app->List(), {tree, menu, volumeInfo, scans}, {list, menu, fileInfo}, scans,
                    app->Playback(), app->Settings(), app->Drives(), picker, options,
-                   {app->PlayList(), app->Playback(), copy, app->Settings(), app->Drives(), picker, input},
+                   {app->PlayList(), app->Playback(), copy, app->Settings(), app->Drives(), picker, input, app->PlayThrough()},
                    *this},
                   *this};
 };

@@ -119,6 +119,51 @@ TEST(GstMediaControl, PlaybackEndsAtTheLengthOfTheFileOrOfItsFrames) {
   EXPECT_NEAR(mci.Length("a"), 41 * 576 * 1000 / 22050, kLengthTolerance);
 }
 
+TEST(GstMediaControl, PauseResumeSeekModeAndVolume) {
+  Mci mci;
+  ASSERT_EQ(mci.Open(kFixtures + "vorbis.ogg", "a"), 0u);
+  const long length = mci.Length("a");
+  EXPECT_EQ(mci.Send("status a mode").reply, "stopped");
+  EXPECT_EQ(mci.Send("pause a").code, 0u);  // nothing playing: nothing changes
+  EXPECT_EQ(mci.Send("status a mode").reply, "stopped");
+  EXPECT_EQ(mci.Send("setaudio a volume to 250").code, 0u);
+  EXPECT_EQ(mci.Send("setaudio a volume to 1001").code, 282u);
+
+  ASSERT_EQ(mci.Send("play a from 100").code, 0u);
+  EXPECT_EQ(mci.Send("status a mode").reply, "playing");
+  ASSERT_TRUE(Eventually([&] { return mci.Position("a") >= 300; }));
+  ASSERT_EQ(mci.Send("pause a").code, 0u);
+  EXPECT_EQ(mci.Send("status a mode").reply, "paused");
+  const long paused = mci.Position("a");
+  std::this_thread::sleep_for(200ms);
+  EXPECT_EQ(mci.Position("a"), paused);
+  ASSERT_EQ(mci.Send("resume a").code, 0u);
+  EXPECT_EQ(mci.Send("status a mode").reply, "playing");
+  EXPECT_TRUE(Eventually([&] { return mci.Position("a") > paused; }));
+  EXPECT_LT(mci.Position("a"), paused + 300);  // plays on, not from the start
+
+  // A seek keeps the mode: playing plays on from there, paused stays put.
+  ASSERT_EQ(mci.Send("seek a to 100").code, 0u);
+  EXPECT_EQ(mci.Send("status a mode").reply, "playing");
+  EXPECT_LT(mci.Position("a"), 400);
+  ASSERT_EQ(mci.Send("pause a").code, 0u);
+  ASSERT_EQ(mci.Send("seek a to 700").code, 0u);
+  EXPECT_EQ(mci.Position("a"), 700);
+  EXPECT_EQ(mci.Send("status a mode").reply, "paused");
+  EXPECT_EQ(mci.Send("seek a to " + std::to_string(length + 1)).code, 282u);
+
+  // The end reached reads as stopped, and a seek from there plays again.
+  ASSERT_EQ(mci.Send("resume a").code, 0u);
+  EXPECT_TRUE(Eventually([&] { return mci.Send("status a mode").reply == "stopped"; }));
+  EXPECT_EQ(mci.Position("a"), length);
+  ASSERT_EQ(mci.Send("seek a to start").code, 0u);
+  EXPECT_EQ(mci.Position("a"), 0);
+  ASSERT_EQ(mci.Send("play a from 0").code, 0u);
+  EXPECT_EQ(mci.Send("status a mode").reply, "playing");
+  for (const char* command : {"pause b", "resume b", "status b mode", "seek b to 0", "setaudio b volume to 1"})
+    EXPECT_EQ(mci.Send(command).code, 263u) << command;
+}
+
 TEST(GstMediaControl, DrivePathsAreMappedAliasesIgnoreCaseAndUnplayableFilesLeaveTheAliasFree) {
   testing_support::TempFolder music;
   fs::copy_file(kFixtures + "id3v2.mp3", music.Path() + "/a b.mp3");

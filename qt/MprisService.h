@@ -1,0 +1,66 @@
+#pragma once
+// The player on the session bus under the media-player remote interfaces, so
+// that media keys, the desktop's sound menu, widgets and command-line remotes
+// drive it: bus name org.mpris.MediaPlayer2.vantrelle, object
+// /org/mpris/MediaPlayer2, with the root, Player and Playlists interfaces.
+// What they ask is forwarded to CRemoteControl; changes are announced with
+// PropertiesChanged after each status the main window polled.
+// User-interface thread only.
+
+#include <QDBusArgument>
+#include <QDBusObjectPath>
+#include <QObject>
+#include <QStringList>
+#include <QVariantMap>
+
+class CRemoteControl;
+class QWidget;
+
+// One entry of GetPlaylists: (oss) id, name, icon.
+struct MprisPlayList {
+  QDBusObjectPath id;
+  QString name;
+  QString icon;
+};
+// ActivePlaylist: (b(oss)) whether there is one, and which.
+struct MprisActivePlayList {
+  bool valid = false;
+  MprisPlayList playList;
+};
+Q_DECLARE_METATYPE(MprisPlayList)
+Q_DECLARE_METATYPE(MprisActivePlayList)
+
+QDBusArgument& operator<<(QDBusArgument& argument, const MprisPlayList& list);
+const QDBusArgument& operator>>(const QDBusArgument& argument, MprisPlayList& list);
+QDBusArgument& operator<<(QDBusArgument& argument, const MprisActivePlayList& active);
+const QDBusArgument& operator>>(const QDBusArgument& argument, MprisActivePlayList& active);
+
+class MprisService final : public QObject {
+  Q_OBJECT
+ public:
+  static constexpr const char* kBusName = "org.mpris.MediaPlayer2.vantrelle";
+  static constexpr const char* kObjectPath = "/org/mpris/MediaPlayer2";
+
+  // window is raised by Raise and closed by Quit.
+  MprisService(CRemoteControl& remote, QWidget& window);
+  ~MprisService() override;
+
+  // Takes the bus name and exports the object; false, quietly, when there is
+  // no session bus or the name is held by another program.
+  bool Register();
+  // Announces the properties that changed since the last call.
+  void AnnounceChanges();
+
+  CRemoteControl& Remote() const { return remote_; }
+  QWidget& Window() const { return window_; }
+  QVariantMap Metadata() const;
+
+ private:
+  QVariantMap PlayerProperties() const;
+  void Announce(const QString& interface, const QVariantMap& changed);
+
+  CRemoteControl& remote_;
+  QWidget& window_;
+  bool registered_ = false;
+  QVariantMap announced_;  // the Player properties as last announced
+};

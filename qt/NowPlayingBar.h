@@ -1,0 +1,43 @@
+#pragma once
+// The now-playing strip along the bottom of the main window: the pause or
+// resume button, the song and artist, "elapsed / total", the seek slider and
+// the volume slider. It shows what the logic hands it and passes the user's
+// moves on; a slider the user holds is not moved under the mouse.
+// User-interface thread only.
+
+#include <QWidget>
+#include <functional>
+
+#include "ui/MainWindowView.h"
+
+class QLabel;
+class QPushButton;
+class QSlider;
+
+class NowPlayingBar final : public QWidget {
+ public:
+  explicit NowPlayingBar(QWidget* parent);
+
+  std::function<void()> onPauseResume;
+  std::function<void(int ms)> onSeek;
+  std::function<void(int level)> onVolume;
+
+  void Show(const NowPlayingStrip& strip);
+  void ShowVolume(int level);
+  // The height the strip needs.
+  int PreferredHeight() const;
+
+  QPushButton& PauseButton() const { return *pause_; }
+  QLabel& Song() const { return *song_; }
+  QLabel& Time() const { return *time_; }
+  QSlider& SeekSlider() const { return *seek_; }
+  QSlider& VolumeSlider() const { return *volume_; }
+
+ private:
+  QPushButton* pause_;  // children of the strip
+  QLabel* song_;
+  QLabel* time_;
+  QSlider* seek_;
+  QSlider* volume_;
+  bool showing_ = false;  // the sliders move for a status, not for the user
+};

@@ -1,0 +1,229 @@
+// The desktop program on a private session bus (the test runs under
+// dbus-run-session), driven over the bus as a media key daemon or a
+// command-line remote drives it: real GStreamer into no device, the player on
+// its own thread, three stored files of four seconds each.
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDBusArgument>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusMetaType>
+#include <QDBusObjectPath>
+#include <QDBusPendingCall>
+#include <QDBusVariant>
+#include <chrono>
+#include <cstdint>
+#include <fstream>
+
+#include "app/CLibraryApp.h"
+#include "platform/LinuxDriveTable.h"
+#include "platform/LinuxFileSystem.h"
+#include "platform/mci/GstMediaControl.h"
+#include "playback/PlayerThread.h"
+#include "qt/MainWindow.h"
+#include "qt/MprisService.h"
+#include "qt/dialogs/QtAboutBox.h"
+#include "qt/dialogs/QtFileInfoDialog.h"
+#include "qt/dialogs/QtInputDialog.h"
+#include "qt/dialogs/QtOptionsDialog.h"
+#include "qt/dialogs/QtVolumeInfoDialog.h"
+#include "qt/dialogs/QtWorkerDialogHost.h"
+#include "tests/support/ScriptedFolderPicker.h"
+#include "tests/support/ScriptedMessageBox.h"
+#include "tests/support/TempFolder.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+const QString kBus = QString::fromLatin1(MprisService::kBusName);
+const QString kPath = QString::fromLatin1(MprisService::kObjectPath);
+const QString kPlayer = QStringLiteral("org.mpris.MediaPlayer2.Player");
+const QString kProperties = QStringLiteral("org.freedesktop.DBus.Properties");
+constexpr qlonglong kFileUs = 4'000'000;
+
+// Four seconds of silence as 8 kHz mono 16-bit PCM.
+void WriteWave(const std::string& path) {
+  const std::uint32_t rate = 8000, bytes = rate * 2 * 4;
+  std::ofstream out(path, std::ios::binary);
+  auto u32 = [&out](std::uint32_t v) { out.write(reinterpret_cast<const char*>(&v), 4); };
+  auto u16 = [&out](std::uint16_t v) { out.write(reinterpret_cast<const char*>(&v), 2); };
+  out.write("RIFF", 4);
+  u32(36 + bytes);
+  out.write("WAVEfmt ", 8);
+  u32(16);
+  u16(1);
+  u16(1);
+  u32(rate);
+  u32(rate * 2);
+  u16(2);
+  u16(16);
+  out.write("data", 4);
+  u32(bytes);
+  out << std::string(bytes, '\0');
+}
+
+// Turns the event loop until the condition holds; false after fifteen seconds.
+template <class Condition>
+bool Eventually(Condition condition) {
+  const auto deadline = std::chrono::steady_clock::now() + 15s;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > deadline) return false;
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+  }
+  return true;
+}
+
+// Collects the PlaybackStatus values that PropertiesChanged announced.
+class Announcements : public QObject {
+  Q_OBJECT
+ public:
+  QStringList statuses;
+ public slots:
+  void Changed(const QString& interface, const QVariantMap& changed, const QStringList&) {
+    if (interface == QStringLiteral("org.mpris.MediaPlayer2.Player") && changed.contains(QStringLiteral("PlaybackStatus")))
+      statuses << changed.value(QStringLiteral("PlaybackStatus")).toString();
+  }
+};
+
+class MprisBusTest : public ::testing::Test {
+ protected:
+  MprisBusTest() : table(folder.Path()), files(table) {
+    drives.AddFixed('C', folder.MakeFolder("c"));
+    app.Start();
+    CMediaVolume volume;
+    volume.VolType = 3;
+    volume.DrvLtr = "C";
+    CMediaPath path;
+    path.VolID = app.Db().AddVolume(volume);
+    path.FullPath = "\\";
+    std::string ids;
+    for (const char* title : {"One", "Two", "Three"}) {
+      CMediaFile file;
+      file.VolID = path.VolID;
+      file.PathID = app.Db().AddPath(path);
+      file.FileName = std::string(title) + ".wav";
+      WriteWave(folder.Path() + "/c/" + file.FileName);
+      const int fileId = app.Db().AddFile(file);
+      const std::string tags = "UPDATE MediaFiles SET Title='" + std::string(title) +
+                               "', Artist='Quartet' WHERE FileID=" + std::to_string(fileId) + ";";
+      app.Db().ExecuteChange(tags.c_str());
+      ids += (ids.empty() ? "" : ",") + std::to_string(fileId);
+    }
+    CPlayList list;
+    list.Name = "Evening";
+    list.FileIDs = ids;
+    app.Db().AddPlayList(list);
+
+    window = std::make_unique<MainWindow>(
+        app, DesktopDialogs{picker, input, fileInfo, volumeInfo, options, workers, ShowAboutBox});
+    app.Playback().UseRunner(&thread);
+    window->Start();
+    window->show();
+  }
+  ~MprisBusTest() override {
+    app.Playback().UseRunner(nullptr);
+    window.reset();
+  }
+
+  QDBusMessage Call(const QString& interface, const QString& method, const QVariantList& arguments = {}) {
+    QDBusMessage message = QDBusMessage::createMethodCall(kBus, kPath, interface, method);
+    message.setArguments(arguments);
+    QDBusPendingCall pending = client.asyncCall(message, 10000);
+    EXPECT_TRUE(Eventually([&] { return pending.isFinished(); })) << method.toStdString();
+    EXPECT_FALSE(pending.isError()) << method.toStdString() << ": " << pending.error().message().toStdString();
+    return pending.reply();
+  }
+  QVariant Property(const QString& name) {
+    const QDBusMessage reply = Call(kProperties, QStringLiteral("Get"), {kPlayer, name});
+    if (reply.arguments().isEmpty()) return {};
+    return reply.arguments().front().value<QDBusVariant>().variant();
+  }
+  QString Status() { return Property(QStringLiteral("PlaybackStatus")).toString(); }
+  qlonglong Position() { return Property(QStringLiteral("Position")).toLongLong(); }
+  QVariantMap Metadata() { return qdbus_cast<QVariantMap>(Property(QStringLiteral("Metadata")).value<QDBusArgument>()); }
+  QString Title() { return Metadata().value(QStringLiteral("xesam:title")).toString(); }
+
+  testing_support::TempFolder folder;
+  testing_support::TestDrives drives{folder.Path()};
+  platform::LinuxDriveTable table;
+  platform::LinuxFileSystem files;
+  testing_support::ScriptedMessageBox messages;
+  platform::mci::GstMediaControl media{platform::mci::AudioOutput::Silent, files};
+  CLibraryApp app{folder.Path() + "/", PlatformServices{table, files, messages, media}};
+  testing_support::ScriptedFolderPicker picker;
+  QtInputDialog input;
+  QtFileInfoDialog fileInfo;
+  QtVolumeInfoDialog volumeInfo;
+  QtOptionsDialog options;
+  QtWorkerDialogHost workers{messages};
+  PlayerThread thread{app.Player(), [](std::function<void()> done) {
+                        QMetaObject::invokeMethod(qApp, std::move(done), Qt::QueuedConnection);
+                      }};
+  std::unique_ptr<MainWindow> window;
+  QDBusConnection client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("remote"));
+};
+
+TEST_F(MprisBusTest, APlayListIsActivatedPlayedThroughPausedMovedAndStepped) {
+  if (!QDBusConnection::sessionBus().isConnected()) GTEST_SKIP() << "no session bus: run under dbus-run-session";
+  ASSERT_TRUE(window->PublishOnSessionBus());
+  Announcements announced;
+  ASSERT_TRUE(client.connect(kBus, kPath, kProperties, QStringLiteral("PropertiesChanged"), &announced,
+                             SLOT(Changed(QString, QVariantMap, QStringList))));
+  const QDBusMessage identity =
+      Call(kProperties, QStringLiteral("Get"), {QStringLiteral("org.mpris.MediaPlayer2"), QStringLiteral("Identity")});
+  ASSERT_FALSE(identity.arguments().isEmpty());
+  EXPECT_EQ(identity.arguments().front().value<QDBusVariant>().variant().toString(), QStringLiteral("Vantrelle"));
+  EXPECT_EQ(Status(), QStringLiteral("Stopped"));
+
+  const QDBusMessage lists = Call(QStringLiteral("org.mpris.MediaPlayer2.Playlists"), QStringLiteral("GetPlaylists"),
+                                  {0u, 10u, QStringLiteral("UserDefined"), false});
+  ASSERT_EQ(lists.arguments().size(), 1);
+  const auto stored = qdbus_cast<QList<MprisPlayList>>(lists.arguments().front().value<QDBusArgument>());
+  ASSERT_EQ(stored.size(), 1);
+  EXPECT_EQ(stored.front().name, QStringLiteral("Evening"));
+
+  Call(QStringLiteral("org.mpris.MediaPlayer2.Playlists"), QStringLiteral("ActivatePlaylist"),
+       {QVariant::fromValue(stored.front().id)});
+  ASSERT_TRUE(Eventually([&] { return Status() == QStringLiteral("Playing") && Position() > 300'000; }));
+  const QVariantMap metadata = Metadata();
+  EXPECT_EQ(metadata.value(QStringLiteral("xesam:title")).toString(), QStringLiteral("One"));
+  EXPECT_EQ(metadata.value(QStringLiteral("xesam:artist")).toStringList(), QStringList{QStringLiteral("Quartet")});
+  EXPECT_TRUE(metadata.value(QStringLiteral("xesam:url")).toString().endsWith(QStringLiteral("/c/One.wav")));
+  EXPECT_NEAR(metadata.value(QStringLiteral("mpris:length")).toLongLong(), kFileUs, 50'000);
+  const auto track = metadata.value(QStringLiteral("mpris:trackid")).value<QDBusObjectPath>();
+
+  // PlayPause pauses where it is and plays on from there.
+  Call(kPlayer, QStringLiteral("PlayPause"));
+  ASSERT_TRUE(Eventually([&] { return Status() == QStringLiteral("Paused"); }));
+  const qlonglong paused = Position();
+  QCoreApplication::processEvents(QEventLoop::AllEvents, 400);
+  EXPECT_EQ(Position(), paused);
+  // Moved while paused, the place is exact.
+  Call(kPlayer, QStringLiteral("SetPosition"), {QVariant::fromValue(track), qlonglong{200'000}});
+  EXPECT_TRUE(Eventually([&] { return Position() == 200'000; }));
+  Call(kPlayer, QStringLiteral("Seek"), {qlonglong{1'500'000}});
+  EXPECT_TRUE(Eventually([&] { return Position() == 1'700'000; }));
+  Call(kPlayer, QStringLiteral("PlayPause"));
+  ASSERT_TRUE(Eventually([&] { return Status() == QStringLiteral("Playing"); }));
+  EXPECT_NEAR(Position(), 1'700'000, 300'000);
+
+  // Next and Previous step through the rows; then the list plays to its end.
+  EXPECT_TRUE(Property(QStringLiteral("CanGoNext")).toBool());
+  Call(kPlayer, QStringLiteral("Next"));
+  EXPECT_TRUE(Eventually([&] { return Title() == QStringLiteral("Two"); }));
+  Call(kPlayer, QStringLiteral("Previous"));
+  EXPECT_TRUE(Eventually([&] { return Title() == QStringLiteral("One"); }));
+  EXPECT_TRUE(Eventually([&] { return Title() == QStringLiteral("Two") && Status() == QStringLiteral("Playing"); }));
+  EXPECT_TRUE(Eventually([&] { return Title() == QStringLiteral("Three"); }));
+  EXPECT_FALSE(Property(QStringLiteral("CanGoNext")).toBool());
+  EXPECT_TRUE(Eventually([&] { return Status() == QStringLiteral("Stopped"); }));
+  EXPECT_EQ(Title(), QStringLiteral("Three"));
+  EXPECT_TRUE(Eventually([&] { return announced.statuses.contains(QStringLiteral("Stopped")); }));
+  EXPECT_TRUE(announced.statuses.contains(QStringLiteral("Paused")));
+  EXPECT_TRUE(messages.Shown().empty());
+}
+
+}  // namespace
+
+#include "MprisBusTest.moc"

@@ -1,0 +1,120 @@
+// The desktop program playing: the player on its own thread as the program
+// runs it, over a media control that answers like a device and whose open
+// can be held as long as a slow disc takes.
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSlider>
+#include <QTimer>
+#include <algorithm>
+#include <atomic>
+#include <future>
+
+#include "playback/PlayerThread.h"
+#include "qt/NowPlayingBar.h"
+#include "tests/qt/DesktopFixture.h"
+
+namespace {
+
+class PlayerDesktopTest : public DesktopTest {
+ protected:
+  PlayerDesktopTest() {
+    app.Playback().UseRunner(&thread);
+    media.Answer("status QL_MCI_DEV_1 length", 0, "245000");
+    media.Answer("status QL_MCI_DEV_1 position", 0, "83000");
+    media.Answer("status QL_MCI_DEV_1 mode", 0, "playing");
+  }
+  ~PlayerDesktopTest() override { app.Playback().UseRunner(nullptr); }
+
+  PlayerThread thread{app.Player(), [](std::function<void()> done) {
+                        QMetaObject::invokeMethod(qApp, std::move(done), Qt::QueuedConnection);
+                      }};
+};
+
+TEST_F(PlayerDesktopTest, ASlowOpenLeavesTheWindowAnsweringThenTheStripFollowsThePlayer) {
+  AddMusicFolder();
+  Click(Node("Rock"));
+  std::promise<void> release;
+  std::shared_future<void> released = release.get_future().share();
+  std::atomic<bool> opening = false;
+  media.BeforeEachCommand([&](const std::string& command) {
+    if (!command.starts_with("open")) return;
+    opening = true;
+    released.wait();
+  });
+
+  ClickRow(List(), 0);
+  QTest::mouseClick(window->Button(CMainDlg::kPlay), Qt::LeftButton);
+  int ticks = 0;
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, [&ticks] { ++ticks; });
+  timer.start(5);
+  QTRY_VERIFY(opening);
+  QTRY_VERIFY(ticks >= 10);  // the event loop turns while the open is held
+  EXPECT_FALSE(window->Strip().PauseButton().isEnabled());
+  release.set_value();
+
+  NowPlayingBar& strip = window->Strip();
+  QTRY_COMPARE(strip.Time().text(), QStringLiteral("1:23 / 4:05"));
+  EXPECT_EQ(strip.Song().text(), QStringLiteral("Café Müller — Dara O'Neill"));
+  EXPECT_EQ(strip.SeekSlider().value(), 83000);
+  EXPECT_TRUE(std::ranges::count(messages.Texts(), std::string(CPlaybackControl::kCannotPlay)) == 0);
+
+  // Space pauses, the button then offers to resume; the sliders send their levels.
+  QTest::keyClick(&List(), Qt::Key_Space);
+  QTRY_VERIFY(media.Received("pause QL_MCI_DEV_1"));
+  media.Answer("status QL_MCI_DEV_1 mode", 0, "paused");
+  QTRY_COMPARE(strip.PauseButton().text(), QStringLiteral("Resume"));
+  QTest::mouseClick(&strip.PauseButton(), Qt::LeftButton);
+  QTRY_VERIFY(media.Received("resume QL_MCI_DEV_1"));
+  strip.SeekSlider().setValue(120000);
+  QTRY_VERIFY(media.Received("seek QL_MCI_DEV_1 to 120000"));
+  strip.VolumeSlider().setValue(300);
+  QTRY_VERIFY(media.Received("setaudio QL_MCI_DEV_1 volume to 300"));
+  EXPECT_EQ(app.Settings().volume, 300);
+
+  // Enter in the list plays the selected file; Ctrl+F goes to Find.
+  media.Forget();
+  ClickRow(List(), 1);
+  QTest::keyClick(&List(), Qt::Key_Return);
+  QTRY_VERIFY(media.Received("open \"C:\\Music\\Rock\\SONG.MP3\" type mpegvideo alias QL_MCI_DEV_1"));
+  QTest::keyPress(&List(), Qt::Key_Control, Qt::ControlModifier);
+  QTest::keyClick(&List(), Qt::Key_F, Qt::ControlModifier);
+  QTest::keyRelease(&List(), Qt::Key_Control);
+  EXPECT_EQ(window->focusWidget(), static_cast<QWidget*>(&window->FindField()));
+  EXPECT_TRUE(window->isVisible());
+}
+
+TEST_F(PlayerDesktopTest, ThePlayListPlaysThroughMarksThePlayingRowAndTheButtonIsKept) {
+  AddMusicFolder();
+  Click(Node("Rock"));
+  ClickRow(List(), 0);
+  ClickRow(List(), 1, Qt::ShiftModifier);
+  user::ChooseFromMenu("Add To PlayList");
+  RightClick(List(), 1);
+  ASSERT_EQ(PlayList().RowCount(), 2);
+  QPushButton* through = window->PlayList().Button(CPlayListDlg::kPlayThrough);
+  ASSERT_NE(through, nullptr);
+  EXPECT_TRUE(through->isChecked());
+
+  ClickRow(PlayList(), 0);
+  QTest::keyClick(&PlayList(), Qt::Key_Return);
+  const auto bold = [this](int row) {
+    return PlayList().model()->index(row, 0).data(Qt::FontRole).value<QFont>().bold();
+  };
+  QTRY_VERIFY(bold(0));
+  EXPECT_FALSE(bold(1));
+  // The first file ends: the second plays and is marked.
+  media.Answer("status QL_MCI_DEV_1 position", 0, "245000");
+  media.Answer("status QL_MCI_DEV_1 mode", 0, "stopped");
+  QTRY_VERIFY(media.Received("open \"C:\\Music\\Rock\\SONG.MP3\" type mpegvideo alias QL_MCI_DEV_1"));
+  media.Answer("status QL_MCI_DEV_1 mode", 0, "playing");
+  QTRY_VERIFY(bold(1));
+  EXPECT_FALSE(bold(0));
+
+  QTest::mouseClick(through, Qt::LeftButton);
+  EXPECT_FALSE(through->isChecked());
+  EXPECT_FALSE(app.Settings().playThrough);
+}
+
+}  // namespace

@@ -1,0 +1,151 @@
+#include "ui/CRemoteControl.h"
+
+#include <algorithm>
+
+#include "catalogue/MediaDB.h"
+#include "platform/FileSystem.h"
+#include "playback/CPlaybackControl.h"
+#include "playlists/CPlayListModel.h"
+#include "playlists/CPlayThrough.h"
+#include "playlists/FileIds.h"
+#include "settings/CAppSettings.h"
+#include "ui/CMainDlg.h"
+
+namespace {
+
+constexpr std::int64_t kUsPerMs = 1000;
+
+const std::string& UserOrTag(const std::string& user, const std::string& tag) {
+  return user.empty() ? tag : user;
+}
+
+}  // namespace
+
+CRemoteControl::CRemoteControl(CMainDlg& window, CPlayListModel& playList, CPlayThrough& playThrough,
+                               CPlaybackControl& playback, MediaDB& db,
+                               const platform::FileSystem& files)
+    : window_(window),
+      playList_(playList),
+      playThrough_(playThrough),
+      playback_(playback),
+      db_(db),
+      files_(files) {}
+
+const PlayerStatus& CRemoteControl::Status() const { return window_.LastStatus(); }
+
+std::string CRemoteControl::PlaybackStatus() const {
+  switch (Status().mode) {
+    case CMciPlayer::Mode::Playing: return "Playing";
+    case CMciPlayer::Mode::Paused: return "Paused";
+    default: return "Stopped";
+  }
+}
+
+std::optional<RemoteTrack> CRemoteControl::Track() const {
+  const PlayerStatus& status = Status();
+  if (status.fileId == 0 || status.mode == CMciPlayer::Mode::NotReady) return std::nullopt;
+  const auto file = db_.GetFile(status.fileId);
+  if (!file) return std::nullopt;
+  RemoteTrack track;
+  track.fileId = status.fileId;
+  track.title = UserOrTag(file->Title, file->id3Title);
+  if (track.title.empty()) track.title = file->FileName;
+  track.artist = UserOrTag(file->Artist, file->id3Artist);
+  track.album = UserOrTag(file->Album, file->id3Album);
+  track.lengthUs = std::int64_t{status.lengthMs} * kUsPerMs;
+  if (status.fileId == playback_.CurrentFileId()) {
+    const std::string local = files_.LocalPath(playback_.CurrentPath());
+    if (!local.empty()) track.url = "file://" + local;
+  }
+  return track;
+}
+
+std::int64_t CRemoteControl::PositionUs() const { return std::int64_t{Status().positionMs} * kUsPerMs; }
+
+bool CRemoteControl::RowAfter(int offset) const {
+  const auto row = playThrough_.PlayingRow();
+  if (!row) return false;
+  const int next = *row + offset;
+  return next >= 0 && next < static_cast<int>(playList_.GetFileIds(false).size());
+}
+
+bool CRemoteControl::CanGoNext() const { return RowAfter(1); }
+
+bool CRemoteControl::CanGoPrevious() const { return RowAfter(-1); }
+
+double CRemoteControl::Volume() const {
+  return static_cast<double>(window_.Volume()) / CAppSettings::kFullVolume;
+}
+
+void CRemoteControl::SetVolume(double volume) {
+  window_.OnVolume(static_cast<int>(std::clamp(volume, 0.0, 1.0) * CAppSettings::kFullVolume + 0.5));
+}
+
+// Resumes a pause; otherwise plays the row of the play list that played
+// last, or its first row, through.
+void CRemoteControl::Play() {
+  if (Status().mode == CMciPlayer::Mode::Playing) return;
+  if (Status().mode == CMciPlayer::Mode::Paused) {
+    window_.OnPauseResume();
+    return;
+  }
+  playThrough_.PlayRow(playThrough_.PlayingRow().value_or(0));
+  window_.PollNow();
+}
+
+void CRemoteControl::Pause() {
+  if (Status().mode == CMciPlayer::Mode::Playing) window_.OnPauseResume();
+}
+
+void CRemoteControl::PlayPause() {
+  if (Status().mode == CMciPlayer::Mode::Playing)
+    Pause();
+  else
+    Play();
+}
+
+void CRemoteControl::Stop() { window_.OnCommand(CMainDlg::kStop); }
+
+void CRemoteControl::Next() {
+  if (playThrough_.Next()) window_.PollNow();
+}
+
+void CRemoteControl::Previous() {
+  if (playThrough_.Previous()) window_.PollNow();
+}
+
+void CRemoteControl::Seek(std::int64_t offsetUs) {
+  const PlayerStatus& status = Status();
+  if (status.mode == CMciPlayer::Mode::NotReady) return;
+  const std::int64_t target = std::int64_t{status.positionMs} + offsetUs / kUsPerMs;
+  if (target >= status.lengthMs) {
+    if (!playThrough_.Next()) Stop();
+    window_.PollNow();
+    return;
+  }
+  window_.OnSeek(static_cast<std::int32_t>(std::max<std::int64_t>(target, 0)));
+}
+
+void CRemoteControl::SetPosition(int fileId, std::int64_t us) {
+  const PlayerStatus& status = Status();
+  if (fileId != status.fileId || us < 0 || us / kUsPerMs > status.lengthMs) return;
+  window_.OnSeek(static_cast<std::int32_t>(us / kUsPerMs));
+}
+
+std::vector<std::pair<int, std::string>> CRemoteControl::PlayLists() const {
+  std::vector<std::pair<int, std::string>> lists;
+  for (const CPlayList& list : db_.GetPlayLists()) lists.emplace_back(list.PlayListID, list.Name);
+  return lists;
+}
+
+bool CRemoteControl::ActivatePlayList(int playListId) {
+  const auto stored = db_.GetPlayList(playListId);
+  if (!stored) return false;
+  playList_.RemoveAllRows();
+  playList_.AddFiles(ParseIdList(stored->FileIDs));
+  if (playList_.GetFileIds(false).empty()) return false;
+  playThrough_.Stop();
+  const bool handed = playThrough_.PlayRow(0);
+  window_.PollNow();
+  return handed;
+}

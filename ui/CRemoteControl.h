@@ -1,0 +1,76 @@
+#pragma once
+// The player as the desktop's media keys, sound menu and widgets see it: its
+// status, the playing file's details, and the commands they send. Next and
+// Previous move through the play list window's rows; activating a stored
+// play list puts its files into the play list window and plays them through
+// from the first. Times are microseconds here, as those callers count them.
+// User-interface thread only; the status is the one the main window polled last.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+class CMainDlg;
+class CPlaybackControl;
+class CPlayListModel;
+class CPlayThrough;
+class MediaDB;
+struct PlayerStatus;
+
+namespace platform {
+class FileSystem;
+}
+
+struct RemoteTrack {
+  int fileId = 0;
+  std::string title;
+  std::string artist;
+  std::string album;
+  std::string url;  // file:///... of the file as it lies now; "" when unknown
+  std::int64_t lengthUs = 0;
+};
+
+class CRemoteControl {
+ public:
+  CRemoteControl(CMainDlg& window, CPlayListModel& playList, CPlayThrough& playThrough,
+                 CPlaybackControl& playback, MediaDB& db, const platform::FileSystem& files);
+
+  // "Playing", "Paused" or "Stopped".
+  std::string PlaybackStatus() const;
+  std::optional<RemoteTrack> Track() const;
+  std::int64_t PositionUs() const;
+  bool CanGoNext() const;
+  bool CanGoPrevious() const;
+  // 0.0 to 1.0.
+  double Volume() const;
+  void SetVolume(double volume);
+
+  void Play();
+  void Pause();
+  void PlayPause();
+  void Stop();
+  void Next();
+  void Previous();
+  // Moves by offset; past the end goes on to the next row, as if it ended.
+  void Seek(std::int64_t offsetUs);
+  // Moves to us in the file, when it is still the one playing.
+  void SetPosition(int fileId, std::int64_t us);
+
+  // The stored play lists: PlayListID and name, in the catalogue's order.
+  std::vector<std::pair<int, std::string>> PlayLists() const;
+  // False when there is no such play list or it holds no file.
+  bool ActivatePlayList(int playListId);
+
+ private:
+  const PlayerStatus& Status() const;
+  bool RowAfter(int offset) const;
+
+  CMainDlg& window_;
+  CPlayListModel& playList_;
+  CPlayThrough& playThrough_;
+  CPlaybackControl& playback_;
+  MediaDB& db_;
+  const platform::FileSystem& files_;
+};
