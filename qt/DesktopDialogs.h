@@ -7,6 +7,7 @@
 
 class FileInfoView;
 class OptionsView;
+class QtCoverLoader;
 class QWidget;
 class VolumeInfoView;
 class WorkerDialogHost;
@@ -25,4 +26,6 @@ struct DesktopDialogs {
   WorkerDialogHost& workers;  // scans and copies
   // Shows the About box modally over the window.
   std::function<void(QWidget* over)> about;
+  // Reads the now-playing file's cover; none is shown without it.
+  QtCoverLoader* covers = nullptr;
 };

@@ -171,7 +171,7 @@ void MainWindow::CreateControls() {
 
 // The now-playing strip at the bottom, and the timer that polls the player.
 void MainWindow::CreateStrip() {
-  strip_ = new NowPlayingBar(this);
+  strip_ = new NowPlayingBar(this, dialogs_.covers);
   strip_->onPauseResume = [this] { logic_->OnPauseResume(); };
   strip_->onSeek = [this](int ms) { logic_->OnSeek(ms); };
   strip_->onVolume = [this](int level) { logic_->OnVolume(level); };

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QSlider>
 
+#include "qt/dialogs/QtCoverView.h"
 #include "qt/dialogs/QtText.h"
 
 namespace {
@@ -22,7 +23,7 @@ QString SongAndArtist(const NowPlayingStrip& strip) {
 
 }  // namespace
 
-NowPlayingBar::NowPlayingBar(QWidget* parent)
+NowPlayingBar::NowPlayingBar(QWidget* parent, QtCoverLoader* covers)
     : QWidget(parent),
       pause_(new QPushButton(QStringLiteral("Pause"), this)),
       song_(new QLabel(this)),
@@ -41,6 +42,10 @@ NowPlayingBar::NowPlayingBar(QWidget* parent)
   volume_->setPageStep(kVolumeStep);
   volume_->setFixedWidth(kVolumeWidth);
   volume_->setToolTip(QStringLiteral("Volume"));
+  if (covers) {
+    cover_ = new QtCoverView(*covers, pause_->sizeHint().height(), this);
+    row->addWidget(cover_);
+  }
   row->addWidget(pause_);
   row->addWidget(song_, 2);
   row->addWidget(time_);
@@ -76,6 +81,22 @@ void NowPlayingBar::Show(const NowPlayingStrip& strip) {
     seek_->setValue(strip.positionMs);
   }
   showing_ = false;
+  ShowCover(strip);
+}
+
+// Asks for a cover only when the file or its place changed: the strip is
+// shown four times a second.
+void NowPlayingBar::ShowCover(const NowPlayingStrip& strip) {
+  if (!cover_) return;
+  const int fileId = strip.open ? strip.fileId : 0;
+  const std::string path = strip.open ? strip.coverPath : "";
+  if (fileId == coverFileId_ && path == coverPath_) return;
+  coverFileId_ = fileId;
+  coverPath_ = path;
+  if (path.empty())
+    cover_->ShowNothing();
+  else
+    cover_->ShowCoverOf(fileId, path);
 }
 
 void NowPlayingBar::ShowVolume(int level) {

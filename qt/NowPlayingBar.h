@@ -1,22 +1,26 @@
 #pragma once
 // The now-playing strip along the bottom of the main window: the pause or
-// resume button, the song and artist, "elapsed / total", the seek slider and
+// resume button, the cover, the song and artist, "elapsed / total", the seek slider and
 // the volume slider. It shows what the logic hands it and passes the user's
 // moves on; a slider the user holds is not moved under the mouse.
 // User-interface thread only.
 
 #include <QWidget>
 #include <functional>
+#include <string>
 
 #include "ui/MainWindowView.h"
 
 class QLabel;
 class QPushButton;
 class QSlider;
+class QtCoverLoader;
+class QtCoverView;
 
 class NowPlayingBar final : public QWidget {
  public:
-  explicit NowPlayingBar(QWidget* parent);
+  // covers: shows the playing file's cover at the left when given.
+  NowPlayingBar(QWidget* parent, QtCoverLoader* covers);
 
   std::function<void()> onPauseResume;
   std::function<void(int ms)> onSeek;
@@ -32,12 +36,17 @@ class NowPlayingBar final : public QWidget {
   QLabel& Time() const { return *time_; }
   QSlider& SeekSlider() const { return *seek_; }
   QSlider& VolumeSlider() const { return *volume_; }
+  QtCoverView* Cover() const { return cover_; }
 
  private:
+  void ShowCover(const NowPlayingStrip& strip);
   QPushButton* pause_;  // children of the strip
   QLabel* song_;
   QLabel* time_;
   QSlider* seek_;
   QSlider* volume_;
+  QtCoverView* cover_ = nullptr;
+  int coverFileId_ = 0;  // whose cover was asked for
+  std::string coverPath_;
   bool showing_ = false;  // the sliders move for a status, not for the user
 };

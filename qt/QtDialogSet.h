@@ -14,17 +14,18 @@
 
 struct QtDialogSet {
   // The File Info dialog shows covers through the loader, which must outlive the set.
-  QtDialogSet(platform::MessageBox& messages, QtCoverLoader& covers)
-      : fileInfo(nullptr, &covers), workers(messages) {}
+  QtDialogSet(platform::MessageBox& messages, QtCoverLoader& coverLoader)
+      : covers(coverLoader), fileInfo(nullptr, &coverLoader), workers(messages) {}
 
   DesktopDialogs Services() {
-    return {picker, input, fileInfo, volumeInfo, options, workers, ShowAboutBox};
+    return {picker, input, fileInfo, volumeInfo, options, workers, ShowAboutBox, &covers};
   }
   void SetParent(QWidget* window) {
     picker.SetParent(window);
     workers.SetParent(window);
   }
 
+  QtCoverLoader& covers;
   QtFolderPicker picker;
   QtInputDialog input;
   QtFileInfoDialog fileInfo;

@@ -321,6 +321,7 @@ NowPlayingStrip CMainDlg::DescribeStatus(const PlayerStatus& status) {
   if (status.fileId != describedFileId_) {
     describedFileId_ = status.fileId;
     std::tie(song_, artist_) = parts_.list.SongAndArtist(status.fileId);
+    coverPath_ = parts_.playback.PresentPath(status.fileId);
   }
   strip.open = true;
   strip.song = song_;
@@ -329,6 +330,8 @@ NowPlayingStrip CMainDlg::DescribeStatus(const PlayerStatus& status) {
   strip.lengthMs = status.lengthMs;
   strip.time = FormatPlayTime(status.positionMs) + " / " + FormatPlayTime(status.lengthMs);
   strip.paused = status.mode == CMciPlayer::Mode::Paused;
+  strip.fileId = status.fileId;
+  strip.coverPath = coverPath_;
   return strip;
 }
 

@@ -162,6 +162,7 @@ class CMainDlg {
   int describedFileId_ = 0;  // whose song and artist are below
   std::string song_;
   std::string artist_;
+  std::string coverPath_;
 };
 
 // "m:ss", or "h:mm:ss" from an hour on; negative times count as 0.

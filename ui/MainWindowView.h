@@ -39,6 +39,8 @@ struct NowPlayingStrip {
   int positionMs = 0;
   int lengthMs = 0;
   bool paused = false;  // the button offers "resume" rather than "pause"
+  int fileId = 0;
+  std::string coverPath;  // the file's path for its cover when it is at hand, else ""
 };
 
 struct WindowMessage {

@@ -22,6 +22,7 @@
 #include "qt/QtListControl.h"
 #include "qt/QtTreeControl.h"
 #include "qt/dialogs/QtAboutBox.h"
+#include "qt/dialogs/QtCoverLoader.h"
 #include "qt/dialogs/QtFileInfoDialog.h"
 #include "qt/dialogs/QtInputDialog.h"
 #include "qt/dialogs/QtOptionsDialog.h"
@@ -55,7 +56,7 @@ class DesktopTest : public ::testing::Test {
   // Starts the main window (and with it the play list window) and shows it.
   void OpenWindow() {
     window = std::make_unique<MainWindow>(
-        app, DesktopDialogs{picker, input, fileInfo, volumeInfo, options, workers, ShowAboutBox});
+        app, DesktopDialogs{picker, input, fileInfo, volumeInfo, options, workers, ShowAboutBox, &covers});
     modelTesters.clear();
     for (QAbstractItemModel* model : {List().model(), PlayList().model()})
       modelTesters.push_back(std::make_unique<QAbstractItemModelTester>(
@@ -134,6 +135,7 @@ class DesktopTest : public ::testing::Test {
   QtVolumeInfoDialog volumeInfo;
   QtOptionsDialog options;
   QtWorkerDialogHost workers{messages};
+  QtCoverLoader covers{files};
   std::unique_ptr<MainWindow> window;
   std::vector<std::unique_ptr<QAbstractItemModelTester>> modelTesters;
 };

@@ -12,6 +12,7 @@
 
 #include "playback/PlayerThread.h"
 #include "qt/NowPlayingBar.h"
+#include "qt/dialogs/QtCoverView.h"
 #include "tests/qt/DesktopFixture.h"
 
 namespace {
@@ -32,6 +33,7 @@ class PlayerDesktopTest : public DesktopTest {
 };
 
 TEST_F(PlayerDesktopTest, ASlowOpenLeavesTheWindowAnsweringThenTheStripFollowsThePlayer) {
+  std::filesystem::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/art.jpg", home + "/Music/Rock/Cover.JPG");
   AddMusicFolder();
   Click(Node("Rock"));
   std::promise<void> release;
@@ -58,6 +60,7 @@ TEST_F(PlayerDesktopTest, ASlowOpenLeavesTheWindowAnsweringThenTheStripFollowsTh
   QTRY_COMPARE(strip.Time().text(), QStringLiteral("1:23 / 4:05"));
   EXPECT_EQ(strip.Song().text(), QStringLiteral("Café Müller — Dara O'Neill"));
   EXPECT_EQ(strip.SeekSlider().value(), 83000);
+  QTRY_VERIFY(strip.Cover()->ShowsPicture());  // the folder's picture, read off this thread
   EXPECT_TRUE(std::ranges::count(messages.Texts(), std::string(CPlaybackControl::kCannotPlay)) == 0);
 
   // Space pauses, the button then offers to resume; the sliders send their levels.
