@@ -78,10 +78,11 @@ void CVolumeScanner::Scan() {
 
   progress_.SetStatus(kSearching);
   discovery_.BeginWalk(scanRoot_, formats_);
-  discovery_.MarkMediaFolders(scanRoot_);
-  if (!report_.Refusal().empty()) return;  // the root went away since it was looked at
   discovery_.MarkSubtreeDirty(scanRoot_, volId);
-  discovery_.ScanFolder(scanRoot_, -1, volId);
+  discovery_.RecordMediaFolders(scanRoot_, volId);
+  // The root went away since it was looked at: the dirty bits, set in memory
+  // only, are dropped with the sweep that does not run.
+  if (!report_.Refusal().empty()) return;
   discovery_.SweepSubtree(scanRoot_, volId);
 
   const auto tagPhaseStart = std::chrono::steady_clock::now();

@@ -3,6 +3,7 @@
 #include <fnmatch.h>
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "base/CountText.h"
 #include "base/MessageText.h"
@@ -31,11 +32,9 @@ void DiscoveryScan::BeginWalk(const std::string& root, AudioFormats formats) {
   root_ = root;
   formats_ = formats;
   offLimits_ = OffLimitsFolders(drives_);
-  mediaFolders_.clear();
-  notListed_.clear();
+  wayDown_.clear();
   enteredFolders_.clear();
-  recordedFolders_.clear();
-  foldersFound_ = 0;
+  foldersSearched_ = 0;
   // The folders above the root count as entered, so that a link up to one of
   // them (to "/", say) does not lead the walk out of the root.
   const platform::FileSystem& files = drives_.Files();
@@ -65,37 +64,81 @@ std::string DiscoveryScan::SubfolderPath(const std::string& folderPath, const st
   return NormalizeFolder(folderPath + name);
 }
 
-bool DiscoveryScan::HoldsAudioFiles(const std::vector<platform::DirEntry>& entries) const {
-  // As asking for "*.mp3", "*.ogg", "*.wma" (and so on): an audio ending after a dot.
-  for (const auto& entry : entries)
-    if (entry.IsFile() && entry.name.find('.') != std::string::npos &&
-        GetFileType(entry.name, formats_) != kNotMedia)
-      return true;
-  return false;
+int DiscoveryScan::RecordMediaFolders(const std::string& root, int volId) {
+  volId_ = volId;
+  wayDown_.clear();
+  const std::string normal = NormalizeFolder(root);
+  return Visit(normal, LocalOrDrivePath(normal));
 }
 
-int DiscoveryScan::MarkMediaFolders(const std::string& folder) {
-  const std::string normal = NormalizeFolder(folder);
-  return MarkMediaFolders(normal, LocalOrDrivePath(normal));
-}
-
-int DiscoveryScan::MarkMediaFolders(const std::string& normal, const std::string& local) {
+int DiscoveryScan::Visit(const std::string& folder, const std::string& listed) {
   if (progress_.cancel) return 0;
-  if (!EnterOnce(local, enteredFolders_)) {
+  if (!EnterOnce(listed, enteredFolders_)) {
     // Looked at before the walk began; it changed since.
-    if (normal == root_) report_.Refuse(FillMessage(ScanReport::kSystemFolder, {normal}));
+    if (folder == root_) report_.Refuse(FillMessage(ScanReport::kSystemFolder, {folder}));
     return 0;
   }
-  progress_.SetOverall(Counted(++foldersFound_, "folder found", "folders found"));
-  const platform::Listing listing = drives_.Files().List(local, "*.*");
-  if (!listing.Listed()) return MarkUnlisted(normal, listing.status);
+  progress_.SetOverall(Counted(++foldersSearched_, "folder searched", "folders searched"));
+  const platform::Listing listing = drives_.Files().List(listed, "*.*");
+  if (!listing.Listed()) {
+    KeepUnlisted(folder, listing.status);
+    return 0;
+  }
   NoteSkipped(listing);
-  int count = HoldsAudioFiles(listing.entries) ? 1 : 0;
-  for (const auto& entry : listing.entries)
+  std::vector<std::string> names, subfolders;
+  for (const auto& entry : listing.entries) {
     if (entry.IsFolder())
-      count += MarkMediaFolders(NormalizeFolder(normal + entry.name), SubfolderPath(local, entry.name));
-  if (count > 0) mediaFolders_.insert(normal);
+      subfolders.push_back(entry.name);
+    else if (entry.IsFile() && GetFileType(entry.name, formats_) != kNotMedia)
+      names.push_back(entry.name);
+  }
+  wayDown_.push_back({folder, -1});
+  int count = names.empty() ? 0 : RecordFiles(listed, names);
+  for (const std::string& name : subfolders)
+    count += Visit(NormalizeFolder(folder + name), SubfolderPath(listed, name));
+  wayDown_.pop_back();
   return count;
+}
+
+// The folder at the end of the way down, with its audio files.
+int DiscoveryScan::RecordFiles(const std::string& listed, const std::vector<std::string>& names) {
+  // A folder that gains no row needs no transaction; one that does gains its
+  // rows in one.
+  const bool adds = WayDownAddsRows(names);
+  if (adds) db_.Begin();
+  const int pathId = RecordWayDown();
+  // The Linux path serves all of the folder's new files.
+  const std::string& folder = wayDown_.back().folder;
+  const std::string localFolder = listed.starts_with('/') ? listed : "";
+  for (const std::string& name : names) {
+    const std::string localPath = localFolder.empty() ? "" : localFolder + name;
+    const int fileId = FindOrAddFile(MakeFullPath("", folder, name), pathId, volId_, localPath);
+    if (fileId != -1) index_.SetFileDirtyBit(fileId, 0);
+  }
+  if (adds) db_.Commit();
+  return static_cast<int>(names.size());
+}
+
+bool DiscoveryScan::WayDownAddsRows(const std::vector<std::string>& names) const {
+  for (const Visited& visited : wayDown_)
+    if (visited.pathId == -1 && index_.FindPath(GetFolderPart(visited.folder)) == -1) return true;
+  const int known = index_.FindPath(GetFolderPart(wayDown_.back().folder));
+  return std::any_of(names.begin(), names.end(),
+                     [&](const std::string& name) { return index_.FindFile(known, name) == -1; });
+}
+
+int DiscoveryScan::RecordWayDown() {
+  int parentId = -1;
+  for (Visited& visited : wayDown_) {
+    if (visited.pathId == -1) {
+      progress_.SetStatus(visited.folder);
+      visited.pathId = FindOrAddPath(visited.folder, parentId, volId_);
+      index_.SetPathDirtyBit(visited.pathId, 0);
+      report_.FolderRecorded();
+    }
+    parentId = visited.pathId;
+  }
+  return parentId;
 }
 
 void DiscoveryScan::NoteSkipped(const platform::Listing& listing) {
@@ -103,14 +146,13 @@ void DiscoveryScan::NoteSkipped(const platform::Listing& listing) {
   for (const auto& entry : listing.tooLong) report_.SkippedForLength(entry);
 }
 
-int DiscoveryScan::MarkUnlisted(const std::string& folder, platform::ListingStatus status) {
-  if (!KeepsUnlisted(folder, status)) return 0;
-  notListed_.insert(folder);
-  // A stored folder counts as holding audio, so that the folders above it are
-  // recorded and its kept rows stay where they are in the tree.
-  if (index_.FindPath(GetFolderPart(folder)) == -1) return 0;
-  mediaFolders_.insert(folder);
-  return 1;
+// A stored folder that could not be listed keeps its rows, and the folders
+// above it are recorded so that it keeps its place in the tree.
+void DiscoveryScan::KeepUnlisted(const std::string& folder, platform::ListingStatus status) {
+  if (!KeepsUnlisted(folder, status)) return;
+  if (index_.FindPath(GetFolderPart(folder)) == -1) return;
+  RecordWayDown();
+  KeepStoredSubtree(folder);
 }
 
 // A folder that could not be listed is kept, and so is a root that is not
@@ -164,62 +206,6 @@ void DiscoveryScan::MarkSubtreeDirty(const std::string& root, int volId) {
     if (inSubtree.count(index_.Path(pathId)->ParentID)) paths.push_back(pathId);
   SetDirtyBits(paths, FilesOf(subtree), 1);
   (void)volId;
-}
-
-int DiscoveryScan::ScanFolder(const std::string& folder, int parentId, int volId) {
-  return ScanFolder(folder, LocalOrDrivePath(folder), parentId, volId);
-}
-
-int DiscoveryScan::ScanFolder(const std::string& folder, const std::string& listed, int parentId,
-                              int volId) {
-  if (!mediaFolders_.count(folder)) return 0;
-  if (progress_.cancel) return 0;
-  if (notListed_.count(folder)) {
-    KeepStoredSubtree(folder);
-    return 0;
-  }
-  // The Linux path serves the listing and all of the folder's new files.
-  const std::string localFolder = listed.starts_with('/') ? listed : "";
-  if (!EnterOnce(listed, recordedFolders_)) return 0;
-  progress_.SetStatus(folder);
-  // One listing gives both the audio files and the sub-folders.
-  const platform::Listing listing = drives_.Files().List(listed, "*.*");
-  if (!listing.Listed()) {
-    if (KeepsUnlisted(folder, listing.status)) KeepStoredSubtree(folder);
-    return 0;
-  }
-  std::vector<std::string> names, subfolders;
-  for (const auto& entry : listing.entries) {
-    if (entry.IsFolder())
-      subfolders.push_back(entry.name);
-    else if (entry.IsFile() && GetFileType(entry.name, formats_) != kNotMedia)
-      names.push_back(entry.name);
-  }
-
-  report_.FolderRecorded();
-  progress_.SetOverall(CountOfTotal(static_cast<std::int64_t>(recordedFolders_.size()),
-                                    static_cast<std::int64_t>(mediaFolders_.size()), "folder recorded",
-                                    "folders recorded"));
-  // A folder that gains no row needs no transaction; one that does gains its
-  // rows in one.
-  const int known = index_.FindPath(GetFolderPart(folder));
-  const bool adds = known == -1 || std::any_of(names.begin(), names.end(), [&](const std::string& name) {
-                      return index_.FindFile(known, name) == -1;
-                    });
-  if (adds) db_.Begin();
-  const int pathId = FindOrAddPath(folder, parentId, volId);
-  index_.SetPathDirtyBit(pathId, 0);
-  for (const std::string& name : names) {
-    const std::string localPath = localFolder.empty() ? "" : localFolder + name;
-    const int fileId = FindOrAddFile(MakeFullPath("", folder, name), pathId, volId, localPath);
-    if (fileId != -1) index_.SetFileDirtyBit(fileId, 0);
-  }
-  if (adds) db_.Commit();
-
-  int count = static_cast<int>(names.size());
-  for (const std::string& name : subfolders)
-    count += ScanFolder(NormalizeFolder(folder + name), SubfolderPath(listed, name), pathId, volId);
-  return count;
 }
 
 int DiscoveryScan::FindOrAddPath(const std::string& folder, int parentId, int volId) {

@@ -10,14 +10,19 @@
 // folders above it nor those that are off limits, and enters every folder
 // once, however many links lead to it.
 //
+// One walk lists every folder once: a folder is recorded when audio turns up
+// in it or below it, after the folders above it that were not recorded yet,
+// so folders and files get their ids in the order of a walk that knew ahead
+// which folders hold audio.
+//
 // Runs on the scan worker. Reads the cancel flag and writes the status text,
-// the progress line (folders found, then folders recorded) and the report.
+// the progress line (folders searched) and the report.
 
 #include <cstdint>
 #include <set>
 #include <string>
-#include <unordered_set>
 #include <utility>
+#include <vector>
 
 #include "platform/FileSystem.h"
 #include "scan/OffLimitsFolders.h"
@@ -42,16 +47,13 @@ class DiscoveryScan {
   // the walk records the audio files of the formats.
   void BeginWalk(const std::string& root, AudioFormats formats = AudioFormats::Classic);
 
-  // Counts the folders below (and including) folder that hold audio files
-  // themselves, and remembers every folder with audio somewhere below it.
-  // A folder reached twice (through links) is entered once.
-  int MarkMediaFolders(const std::string& folder);
-
   void MarkSubtreeDirty(const std::string& root, int volId);
 
-  // Records a remembered folder with its audio files (one transaction) and
-  // descends; returns the number of audio files recorded below.
-  int ScanFolder(const std::string& folder, int parentId, int volId);
+  // Walks the root's folders, recording each folder with audio files in it or
+  // below it, and its audio files (one transaction a folder that gains rows);
+  // returns the number of audio files recorded. A folder reached twice
+  // (through links) is entered once. Stops descending once cancelled.
+  int RecordMediaFolders(const std::string& root, int volId);
 
   int FindOrAddPath(const std::string& folder, int parentId, int volId);
   // -1 when the file vanished before it could be recorded. localPath, when
@@ -71,10 +73,20 @@ class DiscoveryScan {
   // The folder's Linux path, or the drive path when its drive has no root.
   std::string LocalOrDrivePath(const std::string& folder) const;
   static std::string SubfolderPath(const std::string& folderPath, const std::string& name);
-  // As the public ones, with the folder's path as LocalOrDrivePath gives it.
-  int MarkMediaFolders(const std::string& normal, const std::string& local);
-  int ScanFolder(const std::string& folder, const std::string& listed, int parentId, int volId);
-  bool HoldsAudioFiles(const std::vector<platform::DirEntry>& entries) const;
+  // A folder on the way down from the root; pathId stays -1 until audio
+  // turns up in it or below it.
+  struct Visited {
+    std::string folder;
+    int pathId = -1;
+  };
+
+  // folder is the normalised drive path, listed the path to list it by.
+  int Visit(const std::string& folder, const std::string& listed);
+  int RecordFiles(const std::string& listed, const std::vector<std::string>& names);
+  // Records the folders of the way down that are not recorded yet, top down;
+  // the PathID of the last one (-1 when the way is empty).
+  int RecordWayDown();
+  bool WayDownAddsRows(const std::vector<std::string>& names) const;
   IdList SubtreeOf(const std::string& root, int volId);
   // The files the index holds for the folders.
   IdList FilesOf(const IdList& paths) const;
@@ -82,7 +94,7 @@ class DiscoveryScan {
   // False when the folder is off limits or already in the set.
   bool EnterOnce(const std::string& folder, FolderSet& entered) const;
   void NoteSkipped(const platform::Listing& listing);
-  int MarkUnlisted(const std::string& folder, platform::ListingStatus status);
+  void KeepUnlisted(const std::string& folder, platform::ListingStatus status);
   bool KeepsUnlisted(const std::string& folder, platform::ListingStatus status);
   void KeepStoredSubtree(const std::string& folder);
 
@@ -94,10 +106,8 @@ class DiscoveryScan {
   std::string root_;
   AudioFormats formats_ = AudioFormats::Classic;
   OffLimitsFolders offLimits_;
-  std::unordered_set<std::string> mediaFolders_;
-  // Folders whose listing failed while marking: kept whole when recording.
-  std::unordered_set<std::string> notListed_;
+  int volId_ = -1;
+  std::vector<Visited> wayDown_;  // from the root to the folder being visited
   FolderSet enteredFolders_;
-  FolderSet recordedFolders_;
-  int foldersFound_ = 0;  // entered by this walk's marking, for the progress line
+  int foldersSearched_ = 0;  // for the progress line
 };

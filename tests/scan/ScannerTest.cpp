@@ -192,9 +192,8 @@ TEST_F(ScanTest, FoldersThatCannotBeListedKeepTheirRowsWhenEverTheListingFails) 
   const auto files = CataloguedFiles();
   ASSERT_EQ(files.size(), 6u);
 
-  // Locked fails in both passes, Later only once the marking pass listed it.
   fileSystem.FailFrom("C:\\Music\\Locked\\");
-  fileSystem.FailFrom("C:\\Music\\Later\\", 2);
+  fileSystem.FailFrom("C:\\Music\\Later\\");
   fs::remove_all(folder.Path() + "/c/Music/Gone");
   fs::remove(folder.Path() + "/c/Music/a.mp3");
   Scan(3, "C:\\Music\\");
@@ -263,10 +262,10 @@ TEST_F(ScanTest, CancelDuringRecordingStillSweepsWhatWasNotVisited) {
   ScanReport report;
   DiscoveryScan discovery(db, drives, progress, report);
   const int volId = discovery.FindOrAddVolume("C:\\Music\\");
-  discovery.MarkMediaFolders("C:\\Music\\");
+  discovery.BeginWalk("C:\\Music\\");
   discovery.MarkSubtreeDirty("C:\\Music\\", volId);
   progress.cancel = true;
-  EXPECT_EQ(discovery.ScanFolder("C:\\Music\\", -1, volId), 0);
+  EXPECT_EQ(discovery.RecordMediaFolders("C:\\Music\\", volId), 0);
   discovery.SweepSubtree("C:\\Music\\", volId);
   EXPECT_TRUE(CataloguedFiles().empty());
   EXPECT_TRUE(CataloguedFolders().empty());
