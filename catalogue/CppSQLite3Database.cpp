@@ -60,6 +60,7 @@ void CppSQLite3Database::Connect(int result) {
 
 int CppSQLite3Database::Close() {
   if (!connection_) return 0;
+  FinalizePrepared();
   int result = sqlite3_close(connection_);
   connection_ = nullptr;
   return result;
@@ -113,6 +114,33 @@ void CppSQLite3Database::SetBusyTimeout(int milliseconds) {
 void CppSQLite3Database::ObserveStatements(std::function<void(const char*)> observer) {
   observer_ = std::move(observer);
   InstallObserver();
+}
+
+int CppSQLite3Database::ExecutePrepared(const char* sql, std::initializer_list<BoundValue> values) {
+  RequireOpen();
+  sqlite3_stmt*& statement = prepared_[sql];
+  if (!statement) statement = Prepare(sql);
+  int index = 0;
+  for (const BoundValue& value : values) {
+    ++index;
+    if (const int* number = std::get_if<int>(&value))
+      sqlite3_bind_int(statement, index, *number);
+    else {
+      const std::string_view text = std::get<std::string_view>(value);
+      sqlite3_bind_text(statement, index, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+    }
+  }
+  const int result = sqlite3_step(statement);
+  sqlite3_reset(statement);
+  sqlite3_clear_bindings(statement);
+  if (result != SQLITE_DONE && result != SQLITE_ROW)
+    throw CppSQLite3Exception(result, sqlite3_errmsg(connection_));
+  return sqlite3_changes(connection_);
+}
+
+void CppSQLite3Database::FinalizePrepared() {
+  for (auto& [sql, statement] : prepared_) sqlite3_finalize(statement);
+  prepared_.clear();
 }
 
 void CppSQLite3Database::InstallObserver() {

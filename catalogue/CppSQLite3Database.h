@@ -1,12 +1,17 @@
 #pragma once
 // One SQLite connection. Every failure is thrown as CppSQLite3Exception;
-// there are no transactions, statement cache or parameter binding of its own.
+// there are no transactions of its own. The few statements a scan runs once
+// a file are prepared once and kept (ExecutePrepared).
 //
 // Used by the user-interface thread and, while a modal scan runs, by the scan
 // worker alone; SQLite's busy timeout is the only waiting.
 
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
+#include <string_view>
+#include <unordered_map>
+#include <variant>
 
 #include "catalogue/CppSQLite3ResultSet.h"
 
@@ -41,6 +46,12 @@ class CppSQLite3Database {
   int ExecuteStatement(const char* sql);
   // Prepares a query and steps it once; the result set owns the statement.
   CppSQLite3ResultSet ExecuteQuery(const char* sql);
+  // Runs a statement that returns no rows with the values bound to its "?"
+  // in order; returns the number of rows changed. The statement is prepared
+  // on its first run and kept until Close: sql is its key, so it must be a
+  // text that lives as long as the program (a literal).
+  using BoundValue = std::variant<int, std::string_view>;
+  int ExecutePrepared(const char* sql, std::initializer_list<BoundValue> values);
   std::int64_t LastInsertId() const;
   // SQLite's message for the connection's latest failure; "" when closed.
   const char* ErrorMessage() const;
@@ -56,8 +67,10 @@ class CppSQLite3Database {
   void RequireOpen() const;
   sqlite3_stmt* Prepare(const char* sql);
   void InstallObserver();
+  void FinalizePrepared();
 
   sqlite3* connection_ = nullptr;
   int busyTimeoutMs_ = kDefaultBusyTimeoutMs;
   std::function<void(const char*)> observer_;
+  std::unordered_map<const char*, sqlite3_stmt*> prepared_;
 };

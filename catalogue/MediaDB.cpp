@@ -119,6 +119,16 @@ int MediaDB::ExecuteChange(const char* sql) {
   }
 }
 
+int MediaDB::ExecutePreparedChange(const char* sql,
+                                   std::initializer_list<CppSQLite3Database::BoundValue> values) {
+  try {
+    db_.ExecutePrepared(sql, values);
+    return static_cast<int>(db_.LastInsertId());
+  } catch (const CppSQLite3Exception& failure) {
+    EndOnCatalogueFailure(failure, db_.ErrorMessage());
+  }
+}
+
 void MediaDB::RunQuery(const char* sql, CppSQLite3ResultSet& result) {
   try {
     result = db_.ExecuteQuery(sql);
@@ -169,19 +179,18 @@ int MediaDB::AddVolume(CMediaVolume& volume) {
 
 int MediaDB::AddPath(CMediaPath& path) {
   path.PathID = idMarks_.InsertAboveMark(IdKind::Path, [&] {
-    return ExecuteChangeF(
-        "INSERT INTO MediaPaths(VolID,ParentID,DirtyBit,Name,FullPath) values (%d,%d,%d,%Q,%Q);",
-        path.VolID, path.ParentID, path.DirtyBit, path.Name.c_str(), path.FullPath.c_str());
+    return ExecutePreparedChange(
+        "INSERT INTO MediaPaths(VolID,ParentID,DirtyBit,Name,FullPath) values (?,?,?,?,?);",
+        {path.VolID, path.ParentID, path.DirtyBit, path.Name, path.FullPath});
   });
   return path.PathID;
 }
 
 int MediaDB::AddFile(CMediaFile& file) {
   file.FileID = idMarks_.InsertAboveMark(IdKind::File, [&] {
-    return ExecuteChangeF(
-        "INSERT INTO MediaFiles( VolID,PathID,ScanState,DirtyBit,FileName,Type) "
-        "VALUES (%d,%d,%d,%d,%Q,%d);",
-        file.VolID, file.PathID, file.ScanState, file.DirtyBit, file.FileName.c_str(), file.Type);
+    return ExecutePreparedChange(
+        "INSERT INTO MediaFiles( VolID,PathID,ScanState,DirtyBit,FileName,Type) VALUES (?,?,?,?,?,?);",
+        {file.VolID, file.PathID, file.ScanState, file.DirtyBit, file.FileName, file.Type});
   });
   return file.FileID;
 }
@@ -280,7 +289,7 @@ int MediaDB::GetPathVolume(int pathId) { return GetIntField("MediaPaths", "VolID
 int MediaDB::GetFileVolume(int fileId) { return GetIntField("MediaFiles", "VolID", "FileID", fileId); }
 
 int MediaDB::SetFileScanState(int fileId, int state) {
-  return SetIntField("MediaFiles", "ScanState", state, "FileID", fileId);
+  return ExecutePreparedChange("UPDATE MediaFiles SET ScanState=? WHERE FileID=?;", {state, fileId});
 }
 int MediaDB::SetPathDirtyBit(int pathId, int bit) {
   return SetIntField("MediaPaths", "DirtyBit", bit, "PathID", pathId);
@@ -298,12 +307,11 @@ int MediaDB::UpdateFileUserInfo(const CMediaFile& file) {
 }
 
 int MediaDB::UpdateFileTagsAndProperties(const CMediaFile& file, int scanState) {
-  return ExecuteChangeF(
-      "UPDATE MediaFiles SET id3Title=%Q,id3Artist=%Q,id3Album=%Q,id3Comment=%Q,Length=%d,"
-      "BitRate=%d,SampleRate=%d,Channels=%d,ScanState=%d WHERE FileID=%d;",
-      file.id3Title.c_str(), file.id3Artist.c_str(), file.id3Album.c_str(),
-      file.id3Comment.c_str(), file.Length, file.BitRate, file.SampleRate, file.Channels,
-      scanState, file.FileID);
+  return ExecutePreparedChange(
+      "UPDATE MediaFiles SET id3Title=?,id3Artist=?,id3Album=?,id3Comment=?,Length=?,"
+      "BitRate=?,SampleRate=?,Channels=?,ScanState=? WHERE FileID=?;",
+      {file.id3Title, file.id3Artist, file.id3Album, file.id3Comment, file.Length, file.BitRate,
+       file.SampleRate, file.Channels, scanState, file.FileID});
 }
 
 int MediaDB::DeletePathFiles(int pathId) {

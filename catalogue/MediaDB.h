@@ -45,6 +45,9 @@ class MediaDB {
   bool InTransaction() const { return db_.InTransaction(); }
 
   int ExecuteChange(const char* sql);
+  // As ExecuteChange, for the statements run once a file: sql (a literal)
+  // is prepared once and the values are bound to its "?" in order.
+  int ExecutePreparedChange(const char* sql, std::initializer_list<CppSQLite3Database::BoundValue> values);
   void RunQuery(const char* sql, CppSQLite3ResultSet& result);
   int QueryInt(const char* sql);
   IdList QueryIdList(const char* sql);
