@@ -68,7 +68,9 @@ int DiscoveryScan::RecordMediaFolders(const std::string& root, int volId) {
   volId_ = volId;
   wayDown_.clear();
   const std::string normal = NormalizeFolder(root);
-  return Visit(normal, LocalOrDrivePath(normal));
+  const int recorded = Visit(normal, LocalOrDrivePath(normal));
+  adding_.Close(db_);
+  return recorded;
 }
 
 int DiscoveryScan::Visit(const std::string& folder, const std::string& listed) {
@@ -103,9 +105,9 @@ int DiscoveryScan::Visit(const std::string& folder, const std::string& listed) {
 // The folder at the end of the way down, with its audio files.
 int DiscoveryScan::RecordFiles(const std::string& listed, const std::vector<std::string>& names) {
   // A folder that gains no row needs no transaction; one that does gains its
-  // rows in one.
+  // rows in one, shared with the folders around it.
   const bool adds = WayDownAddsRows(names);
-  if (adds) db_.Begin();
+  if (adds) adding_.Open(db_);
   const int pathId = RecordWayDown();
   // The Linux path serves all of the folder's new files.
   const std::string& folder = wayDown_.back().folder;
@@ -115,7 +117,7 @@ int DiscoveryScan::RecordFiles(const std::string& listed, const std::vector<std:
     const int fileId = FindOrAddFile(MakeFullPath("", folder, name), pathId, volId_, localPath);
     if (fileId != -1) index_.SetFileDirtyBit(fileId, 0);
   }
-  if (adds) db_.Commit();
+  if (adds) adding_.Added(db_, names.size());
   return static_cast<int>(names.size());
 }
 

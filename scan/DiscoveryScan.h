@@ -25,6 +25,7 @@
 #include <vector>
 
 #include "platform/FileSystem.h"
+#include "scan/BatchedTransaction.h"
 #include "scan/OffLimitsFolders.h"
 #include "scan/Paths.h"
 #include "scan/VolumeIndex.h"
@@ -107,6 +108,7 @@ class DiscoveryScan {
   AudioFormats formats_ = AudioFormats::Classic;
   OffLimitsFolders offLimits_;
   int volId_ = -1;
+  BatchedTransaction adding_;
   std::vector<Visited> wayDown_;  // from the root to the folder being visited
   FolderSet enteredFolders_;
   int foldersSearched_ = 0;  // for the progress line
