@@ -87,7 +87,8 @@ void CVolumeScanner::Scan() {
 
   const auto tagPhaseStart = std::chrono::steady_clock::now();
   db_.Begin();
-  tags_.Run(scanRoot_, volId, discovery_.Index());
+  const std::string localRoot = drives_.Files().LocalPath(scanRoot_);
+  tags_.Run(scanRoot_, localRoot.starts_with('/') ? localRoot : "", volId, discovery_.Index());
   db_.Commit();
   tagPhaseTime_ = std::chrono::steady_clock::now() - tagPhaseStart;
 }

@@ -56,8 +56,37 @@ bool TagScan::ToRead(const VolumeIndex& index, int fileId) {
   return index.FileScanState(fileId) == kTagsNotRead && !LeftUnread(index.FileName(fileId));
 }
 
-void TagScan::Run(const std::string& root, int volId, VolumeIndex& index) {
-  const std::string drive = root.substr(0, 1);
+namespace {
+
+// A file's path for the reader: below a root with a Linux path, the stored
+// folder paths are spelled as the walk listed them, so the Linux path follows
+// from the root's without resolving the drive path again.
+class ReaderPaths {
+ public:
+  ReaderPaths(const std::string& root, const std::string& localRoot)
+      : drive_(root.substr(0, 1)), rootFolder_(GetFolderPart(root)), localRoot_(localRoot) {
+    if (!localRoot_.empty() && !localRoot_.ends_with('/')) localRoot_ += '/';
+  }
+
+  std::string Of(const std::string& folder, std::string_view name) const {
+    if (localRoot_.empty() || !folder.starts_with(rootFolder_))
+      return MakeFullPath(drive_, folder, std::string(name));
+    std::string path = localRoot_;
+    for (std::size_t i = rootFolder_.size(); i < folder.size(); ++i)
+      path += folder[i] == '\\' ? '/' : folder[i];
+    path += name;
+    return path;
+  }
+
+ private:
+  std::string drive_;
+  std::string rootFolder_;
+  std::string localRoot_;
+};
+
+}  // namespace
+
+void TagScan::Run(const std::string& root, const std::string& localRoot, int volId, VolumeIndex& index) {
   const int rootId = index.FindPath(GetFolderPart(root));
   if (rootId == -1) return;
   const IdList subtree = db_.GetSubtreePathIds(rootId);
@@ -76,11 +105,12 @@ void TagScan::Run(const std::string& root, int volId, VolumeIndex& index) {
     if (index.Path(subtree[at]))
       for (int fileId : index.FilesOf(subtree[at]))
         if (ToRead(index, fileId)) toRead.emplace_back(static_cast<std::uint32_t>(at), fileId);
+  const ReaderPaths paths(root, localRoot);
   TagReadAhead readAhead(
       reader_, toRead.size(),
       [&](std::size_t i) {
         const auto [at, fileId] = toRead[i];
-        return MakeFullPath(drive, index.Path(subtree[at])->FullPath, std::string(index.FileName(fileId)));
+        return paths.Of(index.Path(subtree[at])->FullPath, index.FileName(fileId));
       },
       readerThreads_);
   const auto total = static_cast<std::int64_t>(toRead.size());

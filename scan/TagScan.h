@@ -32,7 +32,8 @@ class TagScan {
   TagScan(MediaDB& db, TagReader& reader, platform::MessageBox& messages,
           WorkerProgress& progress, ScanReport& report, unsigned readerThreads);
 
-  void Run(const std::string& root, int volId, VolumeIndex& index);
+  // localRoot: the root's Linux path, or "" when its drive has none.
+  void Run(const std::string& root, const std::string& localRoot, int volId, VolumeIndex& index);
 
   // Reads one file's tags into the record (through read, which may throw) and
   // stores them, marking the row as being read first.

@@ -56,10 +56,10 @@ int CTagReader::GetTag(std::string fullPath, CMediaFile& file) {
   const tags::FileKind kind = tags::KindFromName(fullPath);
   if (kind == tags::FileKind::Unknown) return 0;
   const std::string localPath = fileSystem_.LocalPath(fullPath);
-  if (localPath.empty() || !tags::IsRegularFile(localPath)) return 0;
+  if (localPath.empty()) return 0;
 
-  const std::unique_ptr<TagLib::File> media = tags::OpenAs(kind, localPath, true);
-  if (!tags::Parsed(*media)) return 0;
+  const tags::OpenedAudio media = tags::OpenAs(kind, localPath, true);
+  if (!media || !tags::Parsed(*media)) return 0;
   if (const TagLib::Tag* tag = media->tag()) CopyTag(*tag, file);
   if (const TagLib::AudioProperties* audio = media->audioProperties()) {
     CopyAudioProperties(*audio, file);

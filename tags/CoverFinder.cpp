@@ -105,8 +105,8 @@ bool Acceptable(const TagLib::ByteVector& bytes) {
 std::optional<CoverPicture> Embedded(const std::string& localPath) {
   const tags::FileKind kind = tags::KindFromName(localPath);
   if (kind == tags::FileKind::Unknown) return std::nullopt;
-  const std::unique_ptr<TagLib::File> file = tags::OpenAs(kind, localPath, false);
-  if (!tags::Parsed(*file)) return std::nullopt;
+  const tags::OpenedAudio file = tags::OpenAs(kind, localPath, false);
+  if (!file || !tags::Parsed(*file)) return std::nullopt;
   const Candidates found = EmbeddedPictures(kind, *file);
   const Candidate* chosen = nullptr;
   for (const Candidate& candidate : found) {

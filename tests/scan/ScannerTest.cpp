@@ -99,7 +99,7 @@ TEST_F(ScanTest, RescansKeepIdsAndEditsAndRemoveExactlyWhatVanished) {
   EXPECT_FALSE(CataloguedFolders().count("\\Music\\Jazz\\Late\\"));
   EXPECT_EQ(after.at("\\Music\\Rock\\a.mp3"), files.at("\\Music\\Rock\\a.mp3"));
   EXPECT_EQ(after.at("\\Music\\Jazz\\c.ogg"), files.at("\\Music\\Jazz\\c.ogg"));
-  EXPECT_EQ(read, std::vector<std::string>{"C:\\Music\\Rock\\new.mp3"});
+  EXPECT_EQ(read, std::vector<std::string>{folder.Path() + "/c/Music/Rock/new.mp3"});
   auto kept = db.GetFile(files.at("\\Music\\Rock\\a.mp3"));
   EXPECT_EQ(kept->Title, "My Title");
   EXPECT_EQ(kept->Rating, 5);
