@@ -10,16 +10,13 @@
 #include <memory>
 
 #include "app/CLibraryApp.h"
-#include "platform/LinuxDriveTable.h"
-#include "platform/LinuxFileSystem.h"
 #include "platform/MemoryListControl.h"
+#include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingMediaControl.h"
-#include "tests/support/ScriptedMessageBox.h"
-#include "tests/support/TempFolder.h"
 
-class PlayListTest : public ::testing::Test {
+class PlayListTest : public ::testing::Test, protected testing_support::ProgramFolder {
  protected:
-  PlayListTest() : table(folder.Path()), files(table) {
+  PlayListTest() {
     drives.AddFixed('C', folder.MakeFolder("c"));
     drives.AddCd('E');
     app = std::make_unique<CLibraryApp>(folder.Path() + "/",
@@ -62,11 +59,6 @@ class PlayListTest : public ::testing::Test {
     return {std::istreambuf_iterator<char>(in), {}};
   }
 
-  testing_support::TempFolder folder;
-  testing_support::TestDrives drives{folder.Path()};
-  platform::LinuxDriveTable table;
-  platform::LinuxFileSystem files;
-  testing_support::ScriptedMessageBox messages;
   testing_support::RecordingMediaControl media;
   std::unique_ptr<CLibraryApp> app;
   platform::MemoryListControl list;

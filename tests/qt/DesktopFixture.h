@@ -14,8 +14,6 @@
 #include <memory>
 
 #include "app/CLibraryApp.h"
-#include "platform/LinuxDriveTable.h"
-#include "platform/LinuxFileSystem.h"
 #include "qt/MainWindow.h"
 #include "qt/NowPlayingBar.h"
 #include "qt/PlayListWindow.h"
@@ -29,13 +27,12 @@
 #include "qt/dialogs/QtVolumeInfoDialog.h"
 #include "qt/dialogs/QtWorkerDialogHost.h"
 #include "tests/qt/UserActions.h"
+#include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingMediaControl.h"
 #include "tests/support/ScriptedFolderPicker.h"
-#include "tests/support/ScriptedMessageBox.h"
-#include "tests/support/TempFolder.h"
 #include "ui/CMainDlg.h"
 
-class DesktopTest : public ::testing::Test {
+class DesktopTest : public ::testing::Test, protected testing_support::ProgramFolder {
  protected:
   using Strings = std::vector<std::string>;
 
@@ -43,9 +40,9 @@ class DesktopTest : public ::testing::Test {
     namespace fs = std::filesystem;
     drives.AddFixed('C', home);
     const std::string fixtures = VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/";
-    for (const auto& [file, folder] : {std::pair{"id3v1.mp3", "Rock"}, {"SONG.MP3", "Rock"},
-                                       {"vorbis.ogg", "Pop"}, {"quiet.wma", "Pop"}})
-      fs::copy_file(fixtures + file, temp.MakeFolder("home/Music/" + std::string(folder)) + "/" + file);
+    for (const auto& [file, genre] : {std::pair{"id3v1.mp3", "Rock"}, {"SONG.MP3", "Rock"},
+                                      {"vorbis.ogg", "Pop"}, {"quiet.wma", "Pop"}})
+      fs::copy_file(fixtures + file, folder.MakeFolder("home/Music/" + std::string(genre)) + "/" + file);
     app.Start();
     // As if stored by the last run: room for the tree's deeper levels.
     app.Settings().mainWidth = 700;
@@ -120,14 +117,9 @@ class DesktopTest : public ::testing::Test {
   QtListControl& List() const { return window->List(); }
   QtListControl& PlayList() const { return window->PlayList().ListControl(); }
 
-  testing_support::TempFolder temp;
-  std::string home = temp.MakeFolder("home");
-  testing_support::TestDrives drives{temp.Path()};
-  platform::LinuxDriveTable table{temp.Path()};
-  platform::LinuxFileSystem files{table};
-  testing_support::ScriptedMessageBox messages;
+  std::string home = folder.MakeFolder("home");
   testing_support::RecordingMediaControl media;
-  CLibraryApp app{temp.Path() + "/", PlatformServices{table, files, messages, media}};
+  CLibraryApp app{folder.Path() + "/", PlatformServices{table, files, messages, media}};
 
   testing_support::ScriptedFolderPicker picker;
   QtInputDialog input;

@@ -265,7 +265,7 @@ TEST_F(DesktopTest, PlayListRowsMoveByDraggingAndFilesDropIn) {
   // From a file manager: catalogued files only.
   QMimeData fromFileManager;
   fromFileManager.setUrls({QUrl::fromLocalFile(QString::fromStdString(home + "/Music/Pop/vorbis.ogg")),
-                 QUrl::fromLocalFile(QString::fromStdString(temp.Path() + "/nowhere.mp3"))});
+                 QUrl::fromLocalFile(QString::fromStdString(folder.Path() + "/nowhere.mp3"))});
   drop(fromFileManager, 2);
   EXPECT_EQ(PlayList().RowCount(), 3);
   EXPECT_EQ(window->PlayList().StatusLine().text(), "1 file is not in the catalogue.");
@@ -290,7 +290,7 @@ TEST_F(DesktopTest, TheFolderPickerLeavesTheCataloguesLocksAlone) {
     dialog.reject();
   });
   std::string chosen;
-  realPicker.Browse("Select Folder", temp.Path(), chosen);
+  realPicker.Browse("Select Folder", folder.Path(), chosen);
   EXPECT_EQ(OwnLocks(), before);
 }
 

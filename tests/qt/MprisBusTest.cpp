@@ -17,8 +17,6 @@
 #include <fstream>
 
 #include "app/CLibraryApp.h"
-#include "platform/LinuxDriveTable.h"
-#include "platform/LinuxFileSystem.h"
 #include "platform/mci/GstMediaControl.h"
 #include "playback/PlayerThread.h"
 #include "qt/MainWindow.h"
@@ -29,9 +27,8 @@
 #include "qt/dialogs/QtOptionsDialog.h"
 #include "qt/dialogs/QtVolumeInfoDialog.h"
 #include "qt/dialogs/QtWorkerDialogHost.h"
+#include "tests/support/ProgramFolder.h"
 #include "tests/support/ScriptedFolderPicker.h"
-#include "tests/support/ScriptedMessageBox.h"
-#include "tests/support/TempFolder.h"
 
 namespace {
 
@@ -86,9 +83,9 @@ class Announcements : public QObject {
   }
 };
 
-class MprisBusTest : public ::testing::Test {
+class MprisBusTest : public ::testing::Test, protected testing_support::ProgramFolder {
  protected:
-  MprisBusTest() : table(folder.Path()), files(table) {
+  MprisBusTest() {
     drives.AddFixed('C', folder.MakeFolder("c"));
     app.Start();
     CMediaVolume volume;
@@ -144,11 +141,6 @@ class MprisBusTest : public ::testing::Test {
   QVariantMap Metadata() { return qdbus_cast<QVariantMap>(Property(QStringLiteral("Metadata")).value<QDBusArgument>()); }
   QString Title() { return Metadata().value(QStringLiteral("xesam:title")).toString(); }
 
-  testing_support::TempFolder folder;
-  testing_support::TestDrives drives{folder.Path()};
-  platform::LinuxDriveTable table;
-  platform::LinuxFileSystem files;
-  testing_support::ScriptedMessageBox messages;
   platform::mci::GstMediaControl media{platform::mci::AudioOutput::Silent, files};
   CLibraryApp app{folder.Path() + "/", PlatformServices{table, files, messages, media}};
   testing_support::ScriptedFolderPicker picker;

@@ -10,18 +10,15 @@
 #include <memory>
 
 #include "app/CLibraryApp.h"
-#include "platform/LinuxDriveTable.h"
-#include "platform/LinuxFileSystem.h"
 #include "platform/MemoryListControl.h"
 #include "platform/MemoryTreeControl.h"
 #include "scan/CVolumeScanner.h"
 #include "scan/Paths.h"
 #include "scan/ScanCommands.h"
+#include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingMediaControl.h"
 #include "tests/support/ScriptedFolderPicker.h"
-#include "tests/support/ScriptedMessageBox.h"
 #include "tests/support/ScriptedViews.h"
-#include "tests/support/TempFolder.h"
 #include "tests/support/WorkerDialogDriver.h"
 
 class RecordingScanHost : public testing_support::WorkerDialogDriver {
@@ -36,7 +33,7 @@ class RecordingScanHost : public testing_support::WorkerDialogDriver {
   }
 };
 
-class LibraryTest : public ::testing::Test {
+class LibraryTest : public ::testing::Test, protected testing_support::ProgramFolder {
  protected:
   LibraryTest() {
     drives.AddFixed('C', folder.MakeFolder("c"));
@@ -105,11 +102,6 @@ class LibraryTest : public ::testing::Test {
 
   platform::TreeItem Node(std::int32_t value) const { return tree.Find(value); }
 
-  testing_support::TempFolder folder;
-  testing_support::TestDrives drives{folder.Path()};
-  platform::LinuxDriveTable table{folder.Path()};
-  platform::LinuxFileSystem files{table};
-  testing_support::ScriptedMessageBox messages;
   testing_support::RecordingMediaControl media;
   testing_support::ScriptedFolderPicker picker;
   testing_support::ScriptedPopupMenu menu;
