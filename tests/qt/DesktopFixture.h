@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemModelTester>
+#include <QPushButton>
 #include <QTreeWidgetItem>
 #include <filesystem>
 #include <memory>

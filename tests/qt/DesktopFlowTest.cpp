@@ -61,10 +61,10 @@ TEST_F(DesktopTest, AddBrowseSearchEditAndRemoveAFolder) {
   // "File Info / Edit" on the second row: a new title and three stars.
   ClickRow(List(), 1);
   user::ChooseFromMenu("File Info / Edit");
-  user::InDialog<QtFileInfoDialog>([](QtFileInfoDialog& dialog) {
+  WhenShown<QtFileInfoDialog>([](QtFileInfoDialog& dialog) {
     dialog.findChild<QLineEdit*>("Title:")->setText("Mine");
     QTest::mouseClick(dialog.findChildren<QRadioButton*>().at(2), Qt::LeftButton);
-    user::Press(dialog, "Update");
+    QTest::mouseClick(ButtonSaying(dialog, "Update"), Qt::LeftButton);
   });
   RightClick(List(), 1);
   EXPECT_EQ(List().RowText(1, 0), "Mine");
@@ -120,9 +120,9 @@ TEST_F(DesktopTest, BuildPlayAndSaveAPlayListThenCopyItToTheCache) {
 
   // Save it under a name: the tree shows it, and the list its files.
   user::ChooseFromMenu("Save PlayList");
-  user::InDialog<QtInputDialog>([](QtInputDialog& dialog) {
+  WhenShown<QtInputDialog>([](QtInputDialog& dialog) {
     dialog.findChild<QLineEdit*>()->setText("Road Trip");
-    user::Press(dialog, "Save");
+    QTest::mouseClick(ButtonSaying(dialog, "Save"), Qt::LeftButton);
   });
   RightClick(PlayList(), 0);
   Click(Node("Road Trip"));
@@ -181,15 +181,15 @@ TEST_F(DesktopTest, SplitterKeysOptionsAboutAndGeometry) {
   EXPECT_FALSE(window->PlayList().isVisible());
 
   // "Op": a new cache folder, kept in memory until exit.
-  user::InDialog<QtOptionsDialog>([](QtOptionsDialog& dialog) {
+  WhenShown<QtOptionsDialog>([](QtOptionsDialog& dialog) {
     dialog.findChild<QLineEdit*>("Cache Path:")->setText("C:\\Elsewhere");
-    user::Press(dialog, "OK");
+    QTest::mouseClick(ButtonSaying(dialog, "OK"), Qt::LeftButton);
   });
   QTest::mouseClick(window->Button(CMainDlg::kOptions), Qt::LeftButton);
   EXPECT_EQ(app.Settings().cacheFolder, "C:\\Elsewhere");
 
   int aboutBoxes = 0;
-  user::InDialog<QtAboutBox>([&aboutBoxes](QtAboutBox& box) {
+  WhenShown<QtAboutBox>([&aboutBoxes](QtAboutBox& box) {
     ++aboutBoxes;
     box.reject();
   });
