@@ -12,6 +12,7 @@
 #include "cli/PlayListPlayCommand.h"
 #include "platform/mci/GstMediaControl.h"
 #include "playlists/CPlayThrough.h"
+#include "tests/support/CatalogueRows.h"
 #include "tests/support/ProgramFolder.h"
 
 namespace {
@@ -28,21 +29,12 @@ class PlayThroughTest : public ::testing::Test, protected testing_support::Progr
     app.Start();
   }
 
+  // A copy of the fixture on drive C, on a volume of its own.
   int AddFile(const std::string& fixture, int volType = 3) {
-    CMediaVolume volume;
-    volume.VolType = volType;
-    volume.DrvLtr = "C";
-    volume.SerialNo = "77";
-    volume.DisplayName = "Night Songs";
-    CMediaPath path;
-    path.VolID = app.Db().AddVolume(volume);
-    path.FullPath = "\\";
-    CMediaFile file;
-    file.VolID = path.VolID;
-    file.PathID = app.Db().AddPath(path);
-    file.FileName = std::to_string(++added) + "-" + fixture;
-    fs::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/" + fixture, folder.Path() + "/c/" + file.FileName);
-    return app.Db().AddFile(file);
+    const std::string name = std::to_string(++added) + "-" + fixture;
+    fs::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/" + fixture, folder.Path() + "/c/" + name);
+    const int volId = testing_support::StoreVolume(app.Db(), volType, "C", "Night Songs", "77");
+    return testing_support::StoreFile(app.Db(), testing_support::StoreFolder(app.Db(), volId, "\\"), name);
   }
 
   platform::mci::GstMediaControl media{platform::mci::AudioOutput::Silent, files};

@@ -2,6 +2,7 @@
 
 #include "app/CLibraryApp.h"
 #include "playback/CPlaybackControl.h"
+#include "tests/support/CatalogueRows.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingMediaControl.h"
 
@@ -28,19 +29,8 @@ class PlaybackTest : public ::testing::Test, protected testing_support::ProgramF
 
   int AddFile(int volType, const std::string& drive, const std::string& folderPath,
               const std::string& fileName) {
-    CMediaVolume volume;
-    volume.VolType = volType;
-    volume.DrvLtr = drive;
-    volume.SerialNo = std::to_string(kSerial);
-    volume.DisplayName = "Blue Train";
-    CMediaPath path;
-    path.VolID = app->Db().AddVolume(volume);
-    path.FullPath = folderPath;
-    CMediaFile file;
-    file.VolID = path.VolID;
-    file.PathID = app->Db().AddPath(path);
-    file.FileName = fileName;
-    return app->Db().AddFile(file);
+    const int volId = testing_support::StoreVolume(app->Db(), volType, drive, "Blue Train", std::to_string(kSerial));
+    return testing_support::StoreFile(app->Db(), testing_support::StoreFolder(app->Db(), volId, folderPath), fileName);
   }
   int AddCdFile() { return AddFile(kDriveCdRom, "D", "\\Jazz\\", "a.mp3"); }
   std::string Disc(const std::string& name, unsigned serial) {

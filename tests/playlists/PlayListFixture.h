@@ -11,6 +11,7 @@
 
 #include "app/CLibraryApp.h"
 #include "platform/MemoryListControl.h"
+#include "tests/support/CatalogueRows.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingMediaControl.h"
 
@@ -28,13 +29,8 @@ class PlayListTest : public ::testing::Test, protected testing_support::ProgramF
 
   // A volume on drive C, or a CD catalogued from E with its disc as a folder.
   int AddVolume(int volType, const std::string& name, unsigned serial) {
-    CMediaVolume volume;
-    volume.VolType = volType;
-    volume.DrvLtr = volType == 5 ? "E" : "C";
-    volume.SerialNo = std::to_string(serial);
-    volume.DisplayName = name;
     if (volType == 5) testing_support::LabelDisc(folder.MakeFolder(name), name, serial);
-    return app->Db().AddVolume(volume);
+    return testing_support::StoreVolume(app->Db(), volType, volType == 5 ? "E" : "C", name, std::to_string(serial));
   }
 
   // A file row in a new folder row; the file is written below the test folder
@@ -42,15 +38,9 @@ class PlayListTest : public ::testing::Test, protected testing_support::ProgramF
   std::int32_t AddFile(const std::string& fileName, const std::string& content = "data",
                         int volId = 0, const std::string& folderPath = "\\Music\\",
                         const std::string& linuxFolder = "c/Music") {
-    CMediaPath path;
-    path.VolID = volId ? volId : disk;
-    path.FullPath = folderPath;
-    CMediaFile file;
-    file.VolID = path.VolID;
-    file.PathID = app->Db().AddPath(path);
-    file.FileName = fileName;
     folder.WriteFile(linuxFolder + "/" + fileName, content);
-    return app->Db().AddFile(file);
+    const int pathId = testing_support::StoreFolder(app->Db(), volId ? volId : disk, folderPath);
+    return testing_support::StoreFile(app->Db(), pathId, fileName);
   }
 
   std::string Local(const std::string& relative) const { return folder.Path() + "/" + relative; }

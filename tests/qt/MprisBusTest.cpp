@@ -27,6 +27,7 @@
 #include "qt/dialogs/QtOptionsDialog.h"
 #include "qt/dialogs/QtVolumeInfoDialog.h"
 #include "qt/dialogs/QtWorkerDialogHost.h"
+#include "tests/support/CatalogueRows.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/ScriptedFolderPicker.h"
 
@@ -88,20 +89,11 @@ class MprisBusTest : public ::testing::Test, protected testing_support::ProgramF
   MprisBusTest() {
     drives.AddFixed('C', folder.MakeFolder("c"));
     app.Start();
-    CMediaVolume volume;
-    volume.VolType = 3;
-    volume.DrvLtr = "C";
-    CMediaPath path;
-    path.VolID = app.Db().AddVolume(volume);
-    path.FullPath = "\\";
+    const int pathId = testing_support::StoreFolder(app.Db(), testing_support::StoreVolume(app.Db(), 3, "C", ""), "\\");
     std::string ids;
     for (const char* title : {"One", "Two", "Three"}) {
-      CMediaFile file;
-      file.VolID = path.VolID;
-      file.PathID = app.Db().AddPath(path);
-      file.FileName = std::string(title) + ".wav";
-      WriteWave(folder.Path() + "/c/" + file.FileName);
-      const int fileId = app.Db().AddFile(file);
+      WriteWave(folder.Path() + "/c/" + title + ".wav");
+      const int fileId = testing_support::StoreFile(app.Db(), pathId, std::string(title) + ".wav");
       const std::string tags = "UPDATE MediaFiles SET Title='" + std::string(title) +
                                "', Artist='Quartet' WHERE FileID=" + std::to_string(fileId) + ";";
       app.Db().ExecuteChange(tags.c_str());

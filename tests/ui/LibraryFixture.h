@@ -13,8 +13,8 @@
 #include "platform/MemoryListControl.h"
 #include "platform/MemoryTreeControl.h"
 #include "scan/CVolumeScanner.h"
-#include "scan/Paths.h"
 #include "scan/ScanCommands.h"
+#include "tests/support/CatalogueRows.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingMediaControl.h"
 #include "tests/support/ScriptedFolderPicker.h"
@@ -58,21 +58,9 @@ class LibraryTest : public ::testing::Test, protected testing_support::ProgramFo
   }
 
   int AddFolder(int volId, const std::string& fullPath, int parentId = -1) {
-    CMediaPath path;
-    path.VolID = volId;
-    path.ParentID = parentId;
-    path.FullPath = fullPath;
-    path.Name = GetFolderName(fullPath);
-    return app->Db().AddPath(path);
+    return testing_support::StoreFolder(app->Db(), volId, fullPath, parentId);
   }
-
-  int AddFile(int pathId, const std::string& fileName) {
-    CMediaFile file;
-    file.PathID = pathId;
-    file.VolID = app->Db().GetPathVolume(pathId);
-    file.FileName = fileName;
-    return app->Db().AddFile(file);
-  }
+  int AddFile(int pathId, const std::string& fileName) { return testing_support::StoreFile(app->Db(), pathId, fileName); }
 
   int Exec(const std::string& sql) { return app->Db().ExecuteChange(sql.c_str()); }
 
