@@ -20,17 +20,11 @@
 #include "qt/PlayListWindow.h"
 #include "qt/QtListControl.h"
 #include "qt/QtTreeControl.h"
-#include "qt/dialogs/QtAboutBox.h"
 #include "qt/dialogs/QtCoverLoader.h"
-#include "qt/dialogs/QtFileInfoDialog.h"
-#include "qt/dialogs/QtInputDialog.h"
-#include "qt/dialogs/QtOptionsDialog.h"
-#include "qt/dialogs/QtVolumeInfoDialog.h"
-#include "qt/dialogs/QtWorkerDialogHost.h"
+#include "tests/qt/DesktopDialogSet.h"
 #include "tests/qt/UserActions.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingMediaControl.h"
-#include "tests/support/ScriptedFolderPicker.h"
 #include "ui/CMainDlg.h"
 
 class DesktopTest : public ::testing::Test, protected testing_support::ProgramFolder {
@@ -53,8 +47,7 @@ class DesktopTest : public ::testing::Test, protected testing_support::ProgramFo
 
   // Starts the main window (and with it the play list window) and shows it.
   void OpenWindow() {
-    window = std::make_unique<MainWindow>(
-        app, DesktopDialogs{picker, input, fileInfo, volumeInfo, options, workers, ShowAboutBox, &covers});
+    window = std::make_unique<MainWindow>(app, dialogs.For(&covers));
     modelTesters.clear();
     for (QAbstractItemModel* model : {List().model(), PlayList().model()})
       modelTesters.push_back(std::make_unique<QAbstractItemModelTester>(
@@ -74,8 +67,8 @@ class DesktopTest : public ::testing::Test, protected testing_support::ProgramFo
 
   // Add HD with the picker answering home/Music; returns when the scan is done.
   void AddMusicFolder() {
-    picker.answer = platform::FolderPicker::kChosen;
-    picker.folder = home + "/Music";
+    dialogs.picker.answer = platform::FolderPicker::kChosen;
+    dialogs.picker.folder = home + "/Music";
     QTest::mouseClick(window->Button(CMainDlg::kAddHd), Qt::LeftButton);
   }
 
@@ -122,12 +115,7 @@ class DesktopTest : public ::testing::Test, protected testing_support::ProgramFo
   testing_support::RecordingMediaControl media;
   CLibraryApp app{folder.Path() + "/", PlatformServices{table, files, messages, media}};
 
-  testing_support::ScriptedFolderPicker picker;
-  QtInputDialog input;
-  QtFileInfoDialog fileInfo;
-  QtVolumeInfoDialog volumeInfo;
-  QtOptionsDialog options;
-  QtWorkerDialogHost workers{messages};
+  DesktopDialogSet dialogs{messages};
   QtCoverLoader covers{files};
   std::unique_ptr<MainWindow> window;
   std::vector<std::unique_ptr<QAbstractItemModelTester>> modelTesters;

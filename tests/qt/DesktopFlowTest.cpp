@@ -34,7 +34,7 @@ std::vector<std::string> OwnLocks() {
   return locks;
 }
 
-TEST_F(DesktopTest, AddBrowseSearchEditAndRemoveAFolder) {
+TEST_F(DesktopTest, AddBrowseSearchEditRescanAndRemoveAFolder) {
   AddMusicFolder();
   QTreeWidgetItem* rock = Node("Rock");
   ASSERT_NE(rock, nullptr);
@@ -80,7 +80,25 @@ TEST_F(DesktopTest, AddBrowseSearchEditAndRemoveAFolder) {
   EXPECT_EQ(window->FindField().text(), "");
   EXPECT_TRUE(window->isVisible());
 
+  // A rescan keeps the expanded, selected folder.
+  QTreeWidgetItem* music = Node("Music");
+  Click(music);
+  music->setExpanded(true);
+  std::filesystem::remove(home + "/Music/Pop/vorbis.ogg");
+  user::ChooseFromMenu("rescan");
+  Click(music, Qt::RightButton);
+  music = Tree().currentItem();
+  ASSERT_NE(music, nullptr);
+  EXPECT_EQ(music->text(0), "Music");
+  EXPECT_TRUE(music->isSelected());
+  EXPECT_TRUE(music->isExpanded());
+  EXPECT_TRUE(music->font(0).bold());
+  EXPECT_EQ(music->childCount(), 2);
+  EXPECT_EQ(window->StatusLine().text().toStdString(),
+            "Found 3 folders: 0 files added, 1 file removed, 0 files could not be read.");
+
   // Delete on a folder asks first; "remove" on the volume takes its folders along.
+  rock = Node("Rock");
   Click(rock);
   messages.Script({Answer::Cancel});
   QTest::keyClick(&Tree(), Qt::Key_Delete);
@@ -204,27 +222,6 @@ TEST_F(DesktopTest, SplitterKeysOptionsAboutAndGeometry) {
   EXPECT_EQ(std::vector({settings.mainWidth, settings.mainHeight, settings.splitter, settings.playListWidth,
                          settings.playListHeight}),
             std::vector({720, 480, 300, 230, 410}));
-}
-
-TEST_F(DesktopTest, ARescanKeepsTheExpandedSelectedFolder) {
-  AddMusicFolder();
-  QTreeWidgetItem* music = Node("Music");
-  ASSERT_NE(music, nullptr);
-  Click(music);
-  music->setExpanded(true);
-  std::filesystem::remove(home + "/Music/Pop/vorbis.ogg");
-  user::ChooseFromMenu("rescan");
-  Click(music, Qt::RightButton);
-
-  music = Tree().currentItem();
-  ASSERT_NE(music, nullptr);
-  EXPECT_EQ(music->text(0), "Music");
-  EXPECT_TRUE(music->isSelected());
-  EXPECT_TRUE(music->isExpanded());
-  EXPECT_TRUE(music->font(0).bold());
-  EXPECT_EQ(music->childCount(), 2);
-  EXPECT_EQ(window->StatusLine().text().toStdString(),
-            "Found 3 folders: 0 files added, 1 file removed, 0 files could not be read.");
 }
 
 TEST_F(DesktopTest, BothWindowsComeBackWhereTheyWereRunAfterRun) {

@@ -21,15 +21,9 @@
 #include "playback/PlayerThread.h"
 #include "qt/MainWindow.h"
 #include "qt/MprisService.h"
-#include "qt/dialogs/QtAboutBox.h"
-#include "qt/dialogs/QtFileInfoDialog.h"
-#include "qt/dialogs/QtInputDialog.h"
-#include "qt/dialogs/QtOptionsDialog.h"
-#include "qt/dialogs/QtVolumeInfoDialog.h"
-#include "qt/dialogs/QtWorkerDialogHost.h"
+#include "tests/qt/DesktopDialogSet.h"
 #include "tests/support/CatalogueRows.h"
 #include "tests/support/ProgramFolder.h"
-#include "tests/support/ScriptedFolderPicker.h"
 
 namespace {
 
@@ -104,8 +98,7 @@ class MprisBusTest : public ::testing::Test, protected testing_support::ProgramF
     list.FileIDs = ids;
     app.Db().AddPlayList(list);
 
-    window = std::make_unique<MainWindow>(
-        app, DesktopDialogs{picker, input, fileInfo, volumeInfo, options, workers, ShowAboutBox});
+    window = std::make_unique<MainWindow>(app, dialogs.For());
     app.Playback().UseRunner(&thread);
     window->Start();
     window->show();
@@ -135,12 +128,7 @@ class MprisBusTest : public ::testing::Test, protected testing_support::ProgramF
 
   platform::mci::GstMediaControl media{platform::mci::AudioOutput::Silent, files};
   CLibraryApp app{folder.Path() + "/", PlatformServices{table, files, messages, media}};
-  testing_support::ScriptedFolderPicker picker;
-  QtInputDialog input;
-  QtFileInfoDialog fileInfo;
-  QtVolumeInfoDialog volumeInfo;
-  QtOptionsDialog options;
-  QtWorkerDialogHost workers{messages};
+  DesktopDialogSet dialogs{messages};
   PlayerThread thread{app.Player(), [](std::function<void()> done) {
                         QMetaObject::invokeMethod(qApp, std::move(done), Qt::QueuedConnection);
                       }};
