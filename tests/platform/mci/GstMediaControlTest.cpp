@@ -176,13 +176,10 @@ TEST(GstMediaControl, DrivePathsAreMappedAliasesIgnoreCaseAndUnplayableFilesLeav
   EXPECT_EQ(mci.Send("status Song length").code, 263u);
 
   // Files that cannot be played leave the alias free.
-  const std::string textFile = music.WriteFile("notes.mp3", "just some words, not audio\n");
-  const std::string folder = music.MakeFolder("album.mp3");
   EXPECT_EQ(mci.Open(music.Path() + "/missing.mp3", "a"), 275u);
-  EXPECT_EQ(mci.Open(folder, "a"), 296u);
-  EXPECT_EQ(mci.Open(textFile, "a"), 296u);
-  EXPECT_EQ(mci.Open(kFixtures + "empty.mp3", "a"), 296u);
-  EXPECT_EQ(mci.Open(kFixtures + "truncated.flac", "a"), 296u);
+  for (const std::string& path : {music.MakeFolder("album.mp3"), music.WriteFile("notes.mp3", "just words\n"),
+                                  kFixtures + "empty.mp3", kFixtures + "truncated.flac"})
+    EXPECT_EQ(mci.Open(path, "a"), 296u) << path;
   EXPECT_EQ(mci.Send("status a length").code, 263u);
   EXPECT_EQ(mci.Open(kFixtures + "lossless.flac", "a"), 0u);
 }
