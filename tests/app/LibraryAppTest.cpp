@@ -3,21 +3,17 @@
 #include <filesystem>
 
 #include "app/CLibraryApp.h"
-#include "platform/LinuxDriveTable.h"
-#include "platform/LinuxFileSystem.h"
+#include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingMediaControl.h"
-#include "tests/support/ScriptedMessageBox.h"
-#include "tests/support/TempFolder.h"
 
 namespace {
 
 namespace fs = std::filesystem;
 
 // A program folder with a fixed disk C and an empty CD drive E.
-class LibraryAppTest : public ::testing::Test {
+class LibraryAppTest : public ::testing::Test, protected testing_support::ProgramFolder {
  protected:
-  LibraryAppTest() : table(folder.Path()), files(table) {
-    testing_support::TestDrives drives(folder.Path());
+  LibraryAppTest() {
     drives.AddFixed('C', folder.MakeFolder("home"));
     drives.AddCd('E');
   }
@@ -37,10 +33,6 @@ class LibraryAppTest : public ::testing::Test {
 
   std::string Config(CLibraryApp& app, int id) { return app.Db().GetConfig(id); }
 
-  testing_support::TempFolder folder;
-  platform::LinuxDriveTable table;
-  platform::LinuxFileSystem files;
-  testing_support::ScriptedMessageBox messages;
   testing_support::RecordingMediaControl media;
 };
 
@@ -85,23 +77,6 @@ TEST_F(LibraryAppTest, LaterStartsInsertNothingAndExitWritesOnlyWhenASettingChan
   EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 23);
 }
 
-TEST_F(LibraryAppTest, SettingsSurviveARestart) {
-  {
-    auto app = NewApp();
-    app->Start();
-    CAppSettings& s = app->Settings();
-    s.cacheFolder = "C:\\It's a cache";
-    s.mainLeft = -20;
-    s.lastAddedFolder = "C:\\Music\\";
-    app->Exit();
-  }
-  auto app = NewApp();
-  app->Start();
-  const CAppSettings& s = app->Settings();
-  EXPECT_EQ(s.cacheFolder + " " + std::to_string(s.mainLeft), "C:\\It's a cache -20");
-  EXPECT_EQ(s.lastAddedFolder, "");  // kept for one run only
-}
-
 TEST_F(LibraryAppTest, CatalogueVersionTest) {
   NewApp()->Start();
   for (const auto& [version, accepted] : std::vector<std::pair<std::string, bool>>{
@@ -128,7 +103,7 @@ TEST_F(LibraryAppTest, CatalogueVersionTest) {
   EXPECT_EQ(messages.Shown().size(), 2u);
 }
 
-TEST_F(LibraryAppTest, MissingSettingRowsAreWrittenWithTheirDefaultsAtStartUp) {
+TEST_F(LibraryAppTest, MissingSettingRowsAreWrittenWithTheirDefaultsAndSettingsSurviveARestart) {
   {
     auto app = NewApp();
     app->Start();
@@ -144,14 +119,20 @@ TEST_F(LibraryAppTest, MissingSettingRowsAreWrittenWithTheirDefaultsAtStartUp) {
     EXPECT_FALSE(app->Settings().allFormats);
     EXPECT_EQ(Config(*app, 700), "1000");
     EXPECT_TRUE(app->Settings().playThrough);
-    app->Settings().playListFolder = "C:\\Lists\\";
-    app->Settings().volume = 350;
+    CAppSettings& s = app->Settings();
+    s.cacheFolder = "C:\\It's a cache";
+    s.mainLeft = -20;
+    s.lastAddedFolder = "C:\\Music\\";
+    s.playListFolder = "C:\\Lists\\";
+    s.volume = 350;
     app->Exit();
   }
   auto app = NewApp();
   app->Start();
-  EXPECT_EQ(app->Settings().playListFolder, "C:\\Lists\\");  // the changes stuck
-  EXPECT_EQ(app->Settings().volume, 350);
+  const CAppSettings& s = app->Settings();
+  EXPECT_EQ(s.cacheFolder + " " + std::to_string(s.mainLeft), "C:\\It's a cache -20");
+  EXPECT_EQ(s.playListFolder + " " + std::to_string(s.volume), "C:\\Lists\\ 350");
+  EXPECT_EQ(s.lastAddedFolder, "");  // kept for one run only
   EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 23);
 }
 

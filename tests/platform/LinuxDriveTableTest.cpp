@@ -90,13 +90,11 @@ TEST_F(LinuxDriveTableTest, DrivePathUsesTheLongestRootHoldingTheFolder) {
   Folder("home/Music/Rock/Live");
   fs::create_directory_symlink(home + "/Music", tmp.Path() + "/music-link");
 
-  EXPECT_EQ(table.ToDrivePath(home + "/Music/Rock/Live"), "C:\\Music\\Rock\\Live");
-  EXPECT_EQ(table.ToDrivePath(home + "/Music/Deep/Sub/"), "G:\\Sub");
-  EXPECT_EQ(table.ToDrivePath(home + "/Music/Deep"), "G:\\");
-  EXPECT_EQ(table.ToDrivePath(home), "C:\\");
-  EXPECT_EQ(table.ToDrivePath(tmp.Path() + "/music-link/Rock"), "C:\\Music\\Rock");
-  EXPECT_EQ(table.ToDrivePath(tmp.Path() + "/home2/x"), "");
-  EXPECT_EQ(table.ToDrivePath(home + "/Music/back\\slash"), "");
+  for (const auto& [local, drivePath] : std::vector<std::pair<std::string, std::string>>{
+           {home + "/Music/Rock/Live", "C:\\Music\\Rock\\Live"}, {home + "/Music/Deep/Sub/", "G:\\Sub"},
+           {home + "/Music/Deep", "G:\\"}, {home, "C:\\"}, {tmp.Path() + "/music-link/Rock", "C:\\Music\\Rock"},
+           {tmp.Path() + "/home2/x", ""}, {home + "/Music/back\\slash", ""}})
+    EXPECT_EQ(table.ToDrivePath(local), drivePath) << local;
   drives.AddFixed('Z', "/");
   EXPECT_EQ(table.ToDrivePath("/proc/self"), "Z:\\proc\\" + fs::canonical("/proc/self").filename().string());
   EXPECT_EQ(table.ToDrivePath("/sys/kernel"), "Z:\\sys\\kernel");

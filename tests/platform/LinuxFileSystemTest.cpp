@@ -59,14 +59,13 @@ TEST_F(LinuxFileSystemTest, DrivePathsFindComponentsWhateverTheirCase) {
   tmp.WriteFile("c/Music/Rock/Song.MP3", "12345");
   tmp.MakeFolder("c/Music/ROCK");
 
-  EXPECT_EQ(files.LocalPath("c:\\music\\rock\\song.mp3"), root + "/Music/ROCK/song.mp3");
-  EXPECT_EQ(files.LocalPath("C:\\MUSIC\\Rock\\song.mp3"), root + "/Music/Rock/Song.MP3");
-  EXPECT_EQ(files.LocalPath("C:\\Music\\New\\Rock\\x.mp3"), root + "/Music/New/Rock/x.mp3");
-  EXPECT_EQ(files.LocalPath("C:\\Music\\"), root + "/Music/");
-  EXPECT_EQ(files.LocalPath("C:\\"), root + "/");
-  EXPECT_EQ(files.LocalPath("/etc/Hosts"), "/etc/Hosts");
-  EXPECT_EQ(files.LocalPath("Q:\\x"), "");
-  EXPECT_EQ(files.LocalPath("relative\\x"), "");
+  for (const auto& [drivePath, local] : std::vector<std::pair<std::string, std::string>>{
+           {"c:\\music\\rock\\song.mp3", root + "/Music/ROCK/song.mp3"},
+           {"C:\\MUSIC\\Rock\\song.mp3", root + "/Music/Rock/Song.MP3"},
+           {"C:\\Music\\New\\Rock\\x.mp3", root + "/Music/New/Rock/x.mp3"},
+           {"C:\\Music\\", root + "/Music/"}, {"C:\\", root + "/"}, {"/etc/Hosts", "/etc/Hosts"},
+           {"Q:\\x", ""}, {"relative\\x", ""}})
+    EXPECT_EQ(files.LocalPath(drivePath), local) << drivePath;
 
   // One spelling: the letter in upper case, dots gone, existing names as stored.
   EXPECT_EQ(CanonicalDrivePath(table, "c:\\music\\Rock\\..\\.\\rock\\SONG.mp3"), "C:\\Music\\ROCK\\SONG.mp3");

@@ -1,16 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <thread>
-
 #include "app/CLibraryApp.h"
-#include "platform/LinuxDriveTable.h"
-#include "platform/LinuxFileSystem.h"
-#include "platform/mci/GstMediaControl.h"
 #include "playback/CPlaybackControl.h"
+#include "tests/support/CatalogueRows.h"
+#include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingMediaControl.h"
-#include "tests/support/ScriptedMessageBox.h"
-#include "tests/support/TempFolder.h"
 
 namespace {
 
@@ -21,57 +15,29 @@ constexpr unsigned kSerial = 0x1234ABCD;
 const std::string kSorry = "Sorry, unable to play media file.";
 
 // An application in a program folder with fixed disk C (folder "home") and
-// an empty CD drive E, which the first start makes the CD drive.
-class PlaybackTest : public ::testing::Test {
+// an empty CD drive E, which the first start makes the CD drive, over a media
+// control that records what it was told.
+class PlaybackTest : public ::testing::Test, protected testing_support::ProgramFolder {
  protected:
-  PlaybackTest() : table(folder.Path()), files(table) {
+  PlaybackTest() {
     drives.AddFixed('C', folder.MakeFolder("home"));
     drives.AddCd('E');
-  }
-
-  void Start(platform::MediaControl& media) {
-    app = std::make_unique<CLibraryApp>(folder.Path() + "/",
-                                        PlatformServices{table, files, messages, media});
+    media.Answer("status QL_MCI_DEV_1 length", 0, "200000");
+    app = std::make_unique<CLibraryApp>(folder.Path() + "/", PlatformServices{table, files, messages, media});
     app->Start();
   }
+
   int AddFile(int volType, const std::string& drive, const std::string& folderPath,
               const std::string& fileName) {
-    CMediaVolume volume;
-    volume.VolType = volType;
-    volume.DrvLtr = drive;
-    volume.SerialNo = std::to_string(kSerial);
-    volume.DisplayName = "Blue Train";
-    CMediaPath path;
-    path.VolID = app->Db().AddVolume(volume);
-    path.FullPath = folderPath;
-    CMediaFile file;
-    file.VolID = path.VolID;
-    file.PathID = app->Db().AddPath(path);
-    file.FileName = fileName;
-    return app->Db().AddFile(file);
+    const int volId = testing_support::StoreVolume(app->Db(), volType, drive, "Blue Train", std::to_string(kSerial));
+    return testing_support::StoreFile(app->Db(), testing_support::StoreFolder(app->Db(), volId, folderPath), fileName);
   }
+  int AddCdFile() { return AddFile(kDriveCdRom, "D", "\\Jazz\\", "a.mp3"); }
   std::string Disc(const std::string& name, unsigned serial) {
     const std::string disc = folder.MakeFolder(name);
     testing_support::LabelDisc(disc, name, serial);
     return disc;
   }
-
-  testing_support::TempFolder folder;
-  testing_support::TestDrives drives{folder.Path()};
-  platform::LinuxDriveTable table;
-  platform::LinuxFileSystem files;
-  testing_support::ScriptedMessageBox messages;
-  std::unique_ptr<CLibraryApp> app;
-};
-
-class RecordedPlaybackTest : public PlaybackTest {
- protected:
-  RecordedPlaybackTest() {
-    media.Answer("status QL_MCI_DEV_1 length", 0, "200000");
-    Start(media);
-  }
-  ~RecordedPlaybackTest() override { app.reset(); }  // the player closes its devices first
-  int AddCdFile() { return AddFile(kDriveCdRom, "D", "\\Jazz\\", "a.mp3"); }
   static Strings OpenAndPlay(const std::string& path) {
     return {"open \"" + path + "\" type mpegvideo alias QL_MCI_DEV_1",
             "set QL_MCI_DEV_1 time format ms", "status QL_MCI_DEV_1 length",
@@ -79,9 +45,10 @@ class RecordedPlaybackTest : public PlaybackTest {
   }
 
   testing_support::RecordingMediaControl media;
+  std::unique_ptr<CLibraryApp> app;
 };
 
-TEST_F(RecordedPlaybackTest, ADiskFilePlaysFromItsDriveAndStopsAndSkips) {
+TEST_F(PlaybackTest, ADiskFilePlaysFromItsDriveAndStopsAndSkips) {
   EXPECT_EQ(app->Playback().PlayFile(AddFile(kDriveFixed, "C", "\\My Music\\", "b c.mp3")), 0);
   EXPECT_EQ(media.Commands(), OpenAndPlay("C:\\My Music\\b c.mp3"));
   media.Forget();
@@ -92,7 +59,7 @@ TEST_F(RecordedPlaybackTest, ADiskFilePlaysFromItsDriveAndStopsAndSkips) {
   EXPECT_TRUE(messages.Shown().empty());
 }
 
-TEST_F(RecordedPlaybackTest, ACdFilePlaysFromTheCdDriveOnceTheRightDiscIsIn) {
+TEST_F(PlaybackTest, ACdFilePlaysFromTheCdDriveOnceTheRightDiscIsIn) {
   const std::string right = Disc("right", kSerial), other = Disc("other", 2);
   drives.InsertDisc('E', right);
   EXPECT_EQ(app->Playback().PlayFile(AddCdFile()), 0);
@@ -114,7 +81,7 @@ TEST_F(RecordedPlaybackTest, ACdFilePlaysFromTheCdDriveOnceTheRightDiscIsIn) {
 }
 
 // What File Info reads the cover from: never a prompt, nothing for an absent disc.
-TEST_F(RecordedPlaybackTest, APresentPathIsGivenOnlyForTheRightDiscAndNeverAsks) {
+TEST_F(PlaybackTest, APresentPathIsGivenOnlyForTheRightDiscAndNeverAsks) {
   const int cdFile = AddCdFile();
   EXPECT_EQ(app->Playback().PresentPath(cdFile), "");  // the drive is empty
   drives.InsertDisc('E', Disc("other", 2));
@@ -127,7 +94,7 @@ TEST_F(RecordedPlaybackTest, APresentPathIsGivenOnlyForTheRightDiscAndNeverAsks)
   EXPECT_TRUE(media.Commands().empty());
 }
 
-TEST_F(RecordedPlaybackTest, ACancelledDiscPromptLeavesThePlayingFileAlone) {
+TEST_F(PlaybackTest, ACancelledDiscPromptLeavesThePlayingFileAlone) {
   app->Playback().PlayFile(AddFile(kDriveFixed, "C", "\\", "playing.mp3"));
   media.Forget();
   EXPECT_EQ(app->Playback().PlayFile(AddCdFile()), CPlaybackControl::kNotPlayed);
@@ -136,7 +103,7 @@ TEST_F(RecordedPlaybackTest, ACancelledDiscPromptLeavesThePlayingFileAlone) {
   EXPECT_TRUE(app->Player().IsOpen());
 }
 
-TEST_F(RecordedPlaybackTest, AFileThatDoesNotOpenIsReportedAndOneWithoutItsRowsIsNotTried) {
+TEST_F(PlaybackTest, AFileThatDoesNotOpenIsReportedAndOneWithoutItsRowsIsNotTried) {
   const int fileId = AddFile(kDriveFixed, "C", "\\", "a.mp3");
   media.Answer("open", 275);
   EXPECT_EQ(app->Playback().PlayFile(fileId), 0);
@@ -158,39 +125,6 @@ TEST_F(RecordedPlaybackTest, AFileThatDoesNotOpenIsReportedAndOneWithoutItsRowsI
   for (int id : {noFolder, noVolume, 999}) EXPECT_EQ(app->Playback().PlayFile(id), CPlaybackControl::kNotPlayed) << id;
   EXPECT_TRUE(media.Commands().empty());
   EXPECT_EQ(messages.Texts().size(), 2u);
-}
-
-class SilentPlaybackTest : public PlaybackTest {
- protected:
-  SilentPlaybackTest() { Start(media); }
-  ~SilentPlaybackTest() override { app.reset(); }
-  platform::mci::GstMediaControl media{platform::mci::AudioOutput::Silent, files};
-};
-
-TEST_F(SilentPlaybackTest, ACataloguedFilePlaysAndWhatCannotBePlayedIsReported) {
-  namespace fs = std::filesystem;
-  fs::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/id3v2.mp3",
-                folder.Path() + "/home/b c.mp3");
-  EXPECT_EQ(app->Playback().PlayFile(AddFile(kDriveFixed, "C", "\\", "b c.mp3")), 0);
-  EXPECT_EQ(app->Player().LastError(), 0u);
-  std::int32_t position = 0;
-  for (int polls = 0; polls < 100 && position <= 0; ++polls) {
-    std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    position = app->Player().Position();
-  }
-  EXPECT_GT(position, 0);
-  EXPECT_TRUE(messages.Shown().empty());
-
-  folder.MakeFolder("home/folder.mp3");
-  folder.WriteFile("home/notes.mp3", "These are my notes, not music.\n");
-  for (const char* name : {"missing.mp3", "folder.mp3", "notes.mp3"}) {
-    SCOPED_TRACE(name);
-    EXPECT_EQ(app->Playback().PlayFile(AddFile(kDriveFixed, "C", "\\", name)), 0);
-    EXPECT_NE(app->Player().LastError(), 0u);
-    EXPECT_EQ(messages.Texts().back(), kSorry);
-    EXPECT_FALSE(app->Player().IsOpen());
-  }
-  EXPECT_EQ(messages.Texts().size(), 3u);
 }
 
 }  // namespace

@@ -10,16 +10,14 @@
 #include <memory>
 
 #include "app/CLibraryApp.h"
-#include "platform/LinuxDriveTable.h"
-#include "platform/LinuxFileSystem.h"
 #include "platform/MemoryListControl.h"
+#include "tests/support/CatalogueRows.h"
+#include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingMediaControl.h"
-#include "tests/support/ScriptedMessageBox.h"
-#include "tests/support/TempFolder.h"
 
-class PlayListTest : public ::testing::Test {
+class PlayListTest : public ::testing::Test, protected testing_support::ProgramFolder {
  protected:
-  PlayListTest() : table(folder.Path()), files(table) {
+  PlayListTest() {
     drives.AddFixed('C', folder.MakeFolder("c"));
     drives.AddCd('E');
     app = std::make_unique<CLibraryApp>(folder.Path() + "/",
@@ -31,13 +29,8 @@ class PlayListTest : public ::testing::Test {
 
   // A volume on drive C, or a CD catalogued from E with its disc as a folder.
   int AddVolume(int volType, const std::string& name, unsigned serial) {
-    CMediaVolume volume;
-    volume.VolType = volType;
-    volume.DrvLtr = volType == 5 ? "E" : "C";
-    volume.SerialNo = std::to_string(serial);
-    volume.DisplayName = name;
     if (volType == 5) testing_support::LabelDisc(folder.MakeFolder(name), name, serial);
-    return app->Db().AddVolume(volume);
+    return testing_support::StoreVolume(app->Db(), volType, volType == 5 ? "E" : "C", name, std::to_string(serial));
   }
 
   // A file row in a new folder row; the file is written below the test folder
@@ -45,15 +38,9 @@ class PlayListTest : public ::testing::Test {
   std::int32_t AddFile(const std::string& fileName, const std::string& content = "data",
                         int volId = 0, const std::string& folderPath = "\\Music\\",
                         const std::string& linuxFolder = "c/Music") {
-    CMediaPath path;
-    path.VolID = volId ? volId : disk;
-    path.FullPath = folderPath;
-    CMediaFile file;
-    file.VolID = path.VolID;
-    file.PathID = app->Db().AddPath(path);
-    file.FileName = fileName;
     folder.WriteFile(linuxFolder + "/" + fileName, content);
-    return app->Db().AddFile(file);
+    const int pathId = testing_support::StoreFolder(app->Db(), volId ? volId : disk, folderPath);
+    return testing_support::StoreFile(app->Db(), pathId, fileName);
   }
 
   std::string Local(const std::string& relative) const { return folder.Path() + "/" + relative; }
@@ -62,11 +49,6 @@ class PlayListTest : public ::testing::Test {
     return {std::istreambuf_iterator<char>(in), {}};
   }
 
-  testing_support::TempFolder folder;
-  testing_support::TestDrives drives{folder.Path()};
-  platform::LinuxDriveTable table;
-  platform::LinuxFileSystem files;
-  testing_support::ScriptedMessageBox messages;
   testing_support::RecordingMediaControl media;
   std::unique_ptr<CLibraryApp> app;
   platform::MemoryListControl list;

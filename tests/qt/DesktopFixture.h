@@ -9,33 +9,25 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemModelTester>
+#include <QPushButton>
 #include <QTreeWidgetItem>
 #include <filesystem>
 #include <memory>
 
 #include "app/CLibraryApp.h"
-#include "platform/LinuxDriveTable.h"
-#include "platform/LinuxFileSystem.h"
 #include "qt/MainWindow.h"
 #include "qt/NowPlayingBar.h"
 #include "qt/PlayListWindow.h"
 #include "qt/QtListControl.h"
 #include "qt/QtTreeControl.h"
-#include "qt/dialogs/QtAboutBox.h"
 #include "qt/dialogs/QtCoverLoader.h"
-#include "qt/dialogs/QtFileInfoDialog.h"
-#include "qt/dialogs/QtInputDialog.h"
-#include "qt/dialogs/QtOptionsDialog.h"
-#include "qt/dialogs/QtVolumeInfoDialog.h"
-#include "qt/dialogs/QtWorkerDialogHost.h"
+#include "tests/qt/DesktopDialogSet.h"
 #include "tests/qt/UserActions.h"
+#include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingMediaControl.h"
-#include "tests/support/ScriptedFolderPicker.h"
-#include "tests/support/ScriptedMessageBox.h"
-#include "tests/support/TempFolder.h"
 #include "ui/CMainDlg.h"
 
-class DesktopTest : public ::testing::Test {
+class DesktopTest : public ::testing::Test, protected testing_support::ProgramFolder {
  protected:
   using Strings = std::vector<std::string>;
 
@@ -43,9 +35,9 @@ class DesktopTest : public ::testing::Test {
     namespace fs = std::filesystem;
     drives.AddFixed('C', home);
     const std::string fixtures = VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/";
-    for (const auto& [file, folder] : {std::pair{"id3v1.mp3", "Rock"}, {"SONG.MP3", "Rock"},
-                                       {"vorbis.ogg", "Pop"}, {"quiet.wma", "Pop"}})
-      fs::copy_file(fixtures + file, temp.MakeFolder("home/Music/" + std::string(folder)) + "/" + file);
+    for (const auto& [file, genre] : {std::pair{"id3v1.mp3", "Rock"}, {"SONG.MP3", "Rock"},
+                                      {"vorbis.ogg", "Pop"}, {"quiet.wma", "Pop"}})
+      fs::copy_file(fixtures + file, folder.MakeFolder("home/Music/" + std::string(genre)) + "/" + file);
     app.Start();
     // As if stored by the last run: room for the tree's deeper levels.
     app.Settings().mainWidth = 700;
@@ -55,8 +47,7 @@ class DesktopTest : public ::testing::Test {
 
   // Starts the main window (and with it the play list window) and shows it.
   void OpenWindow() {
-    window = std::make_unique<MainWindow>(
-        app, DesktopDialogs{picker, input, fileInfo, volumeInfo, options, workers, ShowAboutBox, &covers});
+    window = std::make_unique<MainWindow>(app, dialogs.For(&covers));
     modelTesters.clear();
     for (QAbstractItemModel* model : {List().model(), PlayList().model()})
       modelTesters.push_back(std::make_unique<QAbstractItemModelTester>(
@@ -76,8 +67,8 @@ class DesktopTest : public ::testing::Test {
 
   // Add HD with the picker answering home/Music; returns when the scan is done.
   void AddMusicFolder() {
-    picker.answer = platform::FolderPicker::kChosen;
-    picker.folder = home + "/Music";
+    dialogs.picker.answer = platform::FolderPicker::kChosen;
+    dialogs.picker.folder = home + "/Music";
     QTest::mouseClick(window->Button(CMainDlg::kAddHd), Qt::LeftButton);
   }
 
@@ -120,21 +111,11 @@ class DesktopTest : public ::testing::Test {
   QtListControl& List() const { return window->List(); }
   QtListControl& PlayList() const { return window->PlayList().ListControl(); }
 
-  testing_support::TempFolder temp;
-  std::string home = temp.MakeFolder("home");
-  testing_support::TestDrives drives{temp.Path()};
-  platform::LinuxDriveTable table{temp.Path()};
-  platform::LinuxFileSystem files{table};
-  testing_support::ScriptedMessageBox messages;
+  std::string home = folder.MakeFolder("home");
   testing_support::RecordingMediaControl media;
-  CLibraryApp app{temp.Path() + "/", PlatformServices{table, files, messages, media}};
+  CLibraryApp app{folder.Path() + "/", PlatformServices{table, files, messages, media}};
 
-  testing_support::ScriptedFolderPicker picker;
-  QtInputDialog input;
-  QtFileInfoDialog fileInfo;
-  QtVolumeInfoDialog volumeInfo;
-  QtOptionsDialog options;
-  QtWorkerDialogHost workers{messages};
+  DesktopDialogSet dialogs{messages};
   QtCoverLoader covers{files};
   std::unique_ptr<MainWindow> window;
   std::vector<std::unique_ptr<QAbstractItemModelTester>> modelTesters;

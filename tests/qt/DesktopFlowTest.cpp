@@ -34,7 +34,7 @@ std::vector<std::string> OwnLocks() {
   return locks;
 }
 
-TEST_F(DesktopTest, AddBrowseSearchEditAndRemoveAFolder) {
+TEST_F(DesktopTest, AddBrowseSearchEditRescanAndRemoveAFolder) {
   AddMusicFolder();
   QTreeWidgetItem* rock = Node("Rock");
   ASSERT_NE(rock, nullptr);
@@ -61,10 +61,10 @@ TEST_F(DesktopTest, AddBrowseSearchEditAndRemoveAFolder) {
   // "File Info / Edit" on the second row: a new title and three stars.
   ClickRow(List(), 1);
   user::ChooseFromMenu("File Info / Edit");
-  user::InDialog<QtFileInfoDialog>([](QtFileInfoDialog& dialog) {
+  WhenShown<QtFileInfoDialog>([](QtFileInfoDialog& dialog) {
     dialog.findChild<QLineEdit*>("Title:")->setText("Mine");
     QTest::mouseClick(dialog.findChildren<QRadioButton*>().at(2), Qt::LeftButton);
-    user::Press(dialog, "Update");
+    QTest::mouseClick(ButtonSaying(dialog, "Update"), Qt::LeftButton);
   });
   RightClick(List(), 1);
   EXPECT_EQ(List().RowText(1, 0), "Mine");
@@ -80,7 +80,25 @@ TEST_F(DesktopTest, AddBrowseSearchEditAndRemoveAFolder) {
   EXPECT_EQ(window->FindField().text(), "");
   EXPECT_TRUE(window->isVisible());
 
+  // A rescan keeps the expanded, selected folder.
+  QTreeWidgetItem* music = Node("Music");
+  Click(music);
+  music->setExpanded(true);
+  std::filesystem::remove(home + "/Music/Pop/vorbis.ogg");
+  user::ChooseFromMenu("rescan");
+  Click(music, Qt::RightButton);
+  music = Tree().currentItem();
+  ASSERT_NE(music, nullptr);
+  EXPECT_EQ(music->text(0), "Music");
+  EXPECT_TRUE(music->isSelected());
+  EXPECT_TRUE(music->isExpanded());
+  EXPECT_TRUE(music->font(0).bold());
+  EXPECT_EQ(music->childCount(), 2);
+  EXPECT_EQ(window->StatusLine().text().toStdString(),
+            "Found 3 folders: 0 files added, 1 file removed, 0 files could not be read.");
+
   // Delete on a folder asks first; "remove" on the volume takes its folders along.
+  rock = Node("Rock");
   Click(rock);
   messages.Script({Answer::Cancel});
   QTest::keyClick(&Tree(), Qt::Key_Delete);
@@ -120,9 +138,9 @@ TEST_F(DesktopTest, BuildPlayAndSaveAPlayListThenCopyItToTheCache) {
 
   // Save it under a name: the tree shows it, and the list its files.
   user::ChooseFromMenu("Save PlayList");
-  user::InDialog<QtInputDialog>([](QtInputDialog& dialog) {
+  WhenShown<QtInputDialog>([](QtInputDialog& dialog) {
     dialog.findChild<QLineEdit*>()->setText("Road Trip");
-    user::Press(dialog, "Save");
+    QTest::mouseClick(ButtonSaying(dialog, "Save"), Qt::LeftButton);
   });
   RightClick(PlayList(), 0);
   Click(Node("Road Trip"));
@@ -181,15 +199,15 @@ TEST_F(DesktopTest, SplitterKeysOptionsAboutAndGeometry) {
   EXPECT_FALSE(window->PlayList().isVisible());
 
   // "Op": a new cache folder, kept in memory until exit.
-  user::InDialog<QtOptionsDialog>([](QtOptionsDialog& dialog) {
+  WhenShown<QtOptionsDialog>([](QtOptionsDialog& dialog) {
     dialog.findChild<QLineEdit*>("Cache Path:")->setText("C:\\Elsewhere");
-    user::Press(dialog, "OK");
+    QTest::mouseClick(ButtonSaying(dialog, "OK"), Qt::LeftButton);
   });
   QTest::mouseClick(window->Button(CMainDlg::kOptions), Qt::LeftButton);
   EXPECT_EQ(app.Settings().cacheFolder, "C:\\Elsewhere");
 
   int aboutBoxes = 0;
-  user::InDialog<QtAboutBox>([&aboutBoxes](QtAboutBox& box) {
+  WhenShown<QtAboutBox>([&aboutBoxes](QtAboutBox& box) {
     ++aboutBoxes;
     box.reject();
   });
@@ -204,27 +222,6 @@ TEST_F(DesktopTest, SplitterKeysOptionsAboutAndGeometry) {
   EXPECT_EQ(std::vector({settings.mainWidth, settings.mainHeight, settings.splitter, settings.playListWidth,
                          settings.playListHeight}),
             std::vector({720, 480, 300, 230, 410}));
-}
-
-TEST_F(DesktopTest, ARescanKeepsTheExpandedSelectedFolder) {
-  AddMusicFolder();
-  QTreeWidgetItem* music = Node("Music");
-  ASSERT_NE(music, nullptr);
-  Click(music);
-  music->setExpanded(true);
-  std::filesystem::remove(home + "/Music/Pop/vorbis.ogg");
-  user::ChooseFromMenu("rescan");
-  Click(music, Qt::RightButton);
-
-  music = Tree().currentItem();
-  ASSERT_NE(music, nullptr);
-  EXPECT_EQ(music->text(0), "Music");
-  EXPECT_TRUE(music->isSelected());
-  EXPECT_TRUE(music->isExpanded());
-  EXPECT_TRUE(music->font(0).bold());
-  EXPECT_EQ(music->childCount(), 2);
-  EXPECT_EQ(window->StatusLine().text().toStdString(),
-            "Found 3 folders: 0 files added, 1 file removed, 0 files could not be read.");
 }
 
 TEST_F(DesktopTest, BothWindowsComeBackWhereTheyWereRunAfterRun) {
@@ -265,7 +262,7 @@ TEST_F(DesktopTest, PlayListRowsMoveByDraggingAndFilesDropIn) {
   // From a file manager: catalogued files only.
   QMimeData fromFileManager;
   fromFileManager.setUrls({QUrl::fromLocalFile(QString::fromStdString(home + "/Music/Pop/vorbis.ogg")),
-                 QUrl::fromLocalFile(QString::fromStdString(temp.Path() + "/nowhere.mp3"))});
+                 QUrl::fromLocalFile(QString::fromStdString(folder.Path() + "/nowhere.mp3"))});
   drop(fromFileManager, 2);
   EXPECT_EQ(PlayList().RowCount(), 3);
   EXPECT_EQ(window->PlayList().StatusLine().text(), "1 file is not in the catalogue.");
@@ -290,7 +287,7 @@ TEST_F(DesktopTest, TheFolderPickerLeavesTheCataloguesLocksAlone) {
     dialog.reject();
   });
   std::string chosen;
-  realPicker.Browse("Select Folder", temp.Path(), chosen);
+  realPicker.Browse("Select Folder", folder.Path(), chosen);
   EXPECT_EQ(OwnLocks(), before);
 }
 

@@ -17,21 +17,13 @@
 #include <fstream>
 
 #include "app/CLibraryApp.h"
-#include "platform/LinuxDriveTable.h"
-#include "platform/LinuxFileSystem.h"
 #include "platform/mci/GstMediaControl.h"
 #include "playback/PlayerThread.h"
 #include "qt/MainWindow.h"
 #include "qt/MprisService.h"
-#include "qt/dialogs/QtAboutBox.h"
-#include "qt/dialogs/QtFileInfoDialog.h"
-#include "qt/dialogs/QtInputDialog.h"
-#include "qt/dialogs/QtOptionsDialog.h"
-#include "qt/dialogs/QtVolumeInfoDialog.h"
-#include "qt/dialogs/QtWorkerDialogHost.h"
-#include "tests/support/ScriptedFolderPicker.h"
-#include "tests/support/ScriptedMessageBox.h"
-#include "tests/support/TempFolder.h"
+#include "tests/qt/DesktopDialogSet.h"
+#include "tests/support/CatalogueRows.h"
+#include "tests/support/ProgramFolder.h"
 
 namespace {
 
@@ -86,25 +78,16 @@ class Announcements : public QObject {
   }
 };
 
-class MprisBusTest : public ::testing::Test {
+class MprisBusTest : public ::testing::Test, protected testing_support::ProgramFolder {
  protected:
-  MprisBusTest() : table(folder.Path()), files(table) {
+  MprisBusTest() {
     drives.AddFixed('C', folder.MakeFolder("c"));
     app.Start();
-    CMediaVolume volume;
-    volume.VolType = 3;
-    volume.DrvLtr = "C";
-    CMediaPath path;
-    path.VolID = app.Db().AddVolume(volume);
-    path.FullPath = "\\";
+    const int pathId = testing_support::StoreFolder(app.Db(), testing_support::StoreVolume(app.Db(), 3, "C", ""), "\\");
     std::string ids;
     for (const char* title : {"One", "Two", "Three"}) {
-      CMediaFile file;
-      file.VolID = path.VolID;
-      file.PathID = app.Db().AddPath(path);
-      file.FileName = std::string(title) + ".wav";
-      WriteWave(folder.Path() + "/c/" + file.FileName);
-      const int fileId = app.Db().AddFile(file);
+      WriteWave(folder.Path() + "/c/" + title + ".wav");
+      const int fileId = testing_support::StoreFile(app.Db(), pathId, std::string(title) + ".wav");
       const std::string tags = "UPDATE MediaFiles SET Title='" + std::string(title) +
                                "', Artist='Quartet' WHERE FileID=" + std::to_string(fileId) + ";";
       app.Db().ExecuteChange(tags.c_str());
@@ -115,8 +98,7 @@ class MprisBusTest : public ::testing::Test {
     list.FileIDs = ids;
     app.Db().AddPlayList(list);
 
-    window = std::make_unique<MainWindow>(
-        app, DesktopDialogs{picker, input, fileInfo, volumeInfo, options, workers, ShowAboutBox});
+    window = std::make_unique<MainWindow>(app, dialogs.For());
     app.Playback().UseRunner(&thread);
     window->Start();
     window->show();
@@ -144,19 +126,9 @@ class MprisBusTest : public ::testing::Test {
   QVariantMap Metadata() { return qdbus_cast<QVariantMap>(Property(QStringLiteral("Metadata")).value<QDBusArgument>()); }
   QString Title() { return Metadata().value(QStringLiteral("xesam:title")).toString(); }
 
-  testing_support::TempFolder folder;
-  testing_support::TestDrives drives{folder.Path()};
-  platform::LinuxDriveTable table;
-  platform::LinuxFileSystem files;
-  testing_support::ScriptedMessageBox messages;
   platform::mci::GstMediaControl media{platform::mci::AudioOutput::Silent, files};
   CLibraryApp app{folder.Path() + "/", PlatformServices{table, files, messages, media}};
-  testing_support::ScriptedFolderPicker picker;
-  QtInputDialog input;
-  QtFileInfoDialog fileInfo;
-  QtVolumeInfoDialog volumeInfo;
-  QtOptionsDialog options;
-  QtWorkerDialogHost workers{messages};
+  DesktopDialogSet dialogs{messages};
   PlayerThread thread{app.Player(), [](std::function<void()> done) {
                         QMetaObject::invokeMethod(qApp, std::move(done), Qt::QueuedConnection);
                       }};

@@ -1,15 +1,14 @@
 #pragma once
-// What a person does with the real widgets while a modal loop runs: answer
-// the next popup menu or dialog once it is up. Each call schedules the act
-// and returns; the act runs inside the modal loop that the next user action
-// opens. User-interface thread.
+// What a person does with the real widgets: right clicks, and answering the
+// next popup menu once it is up (dialogs are answered with WhenShown). A
+// choice is scheduled and returns; it runs inside the modal loop that the
+// next user action opens. User-interface thread.
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QMenu>
-#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 #include <functional>
@@ -47,26 +46,12 @@ inline void ChooseFromMenu(const QString& entry) {
             });
 }
 
-// Fills in the next modal dialog of that class.
-template <class Dialog>
-void InDialog(std::function<void(Dialog&)> act) {
-  WhenReady([] { return qobject_cast<Dialog*>(QApplication::activeModalWidget()) != nullptr; },
-            [act] { act(*qobject_cast<Dialog*>(QApplication::activeModalWidget())); });
-}
-
 // A right click: the button's press and release, then the context-menu
 // request that the window system makes of it.
 inline void RightClick(QWidget* widget, QPoint at) {
   QTest::mouseClick(widget, Qt::RightButton, {}, at);
   QContextMenuEvent request(QContextMenuEvent::Mouse, at, widget->mapToGlobal(at));
   QApplication::sendEvent(widget, &request);
-}
-
-// Clicks the push button with this text in a window.
-inline void Press(QWidget& window, const QString& text) {
-  for (QPushButton* button : window.findChildren<QPushButton*>())
-    if (button->text() == text) return QTest::mouseClick(button, Qt::LeftButton);
-  ADD_FAILURE() << "no button " << text.toStdString();
 }
 
 }  // namespace user

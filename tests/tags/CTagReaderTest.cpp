@@ -10,8 +10,9 @@
 #include <tuple>
 #include <vector>
 
+#include "platform/LinuxDriveTable.h"
+#include "platform/LinuxFileSystem.h"
 #include "tests/support/TempFolder.h"
-#include "tests/tags/RootedFileSystem.h"
 
 namespace {
 
@@ -51,11 +52,15 @@ std::vector<std::vector<std::string>> ManifestRows() {
   return rows;
 }
 
+// Drive C is the folder "c" of a temporary program folder.
 class CTagReaderTest : public ::testing::Test {
  protected:
+  CTagReaderTest() { testing_support::TestDrives(temp.Path()).AddFixed('C', temp.MakeFolder("c")); }
+
   testing_support::TempFolder temp;
-  RootedFileSystem fileSystem{temp.Path()};
-  CTagReader reader{fileSystem};
+  platform::LinuxDriveTable table{temp.Path()};
+  platform::LinuxFileSystem files{table};
+  CTagReader reader{files};
 
   CMediaFile Read(const std::string& path) {
     CMediaFile record = Prefilled();
@@ -63,7 +68,7 @@ class CTagReaderTest : public ::testing::Test {
     return record;
   }
   void CopyFixture(const std::string& fixture, const std::string& relative) {
-    const std::filesystem::path target = temp.Path() + "/" + relative;
+    const std::filesystem::path target = temp.Path() + "/c/" + relative;
     std::filesystem::create_directories(target.parent_path());
     std::filesystem::copy_file(kFixtures + "/" + fixture, target);
   }
@@ -99,14 +104,14 @@ TEST_F(CTagReaderTest, WhiteSpaceIsTrimmedAtTheEndOnlyAndLongTextsAreCutBetweenC
   std::string twoByteTitle = "a";
   for (int i = 0; i < 50000; ++i) twoByteTitle += "\xC3\xA9";  // 100,001 bytes
   {
-    TagLib::Ogg::Vorbis::File file((temp.Path() + "/edited.ogg").c_str(), false);
+    TagLib::Ogg::Vorbis::File file((temp.Path() + "/c/edited.ogg").c_str(), false);
     file.tag()->setTitle(TagLib::String(twoByteTitle, TagLib::String::UTF8));
     file.tag()->setArtist(" \t\n");
     file.tag()->setAlbum("  inner \t gap \t\r\n\v\f ");
     file.tag()->setComment(std::string(65530, 'c') + std::string(10, ' ') + "end");
     ASSERT_TRUE(file.save());
   }
-  const CMediaFile record = Read("edited.ogg");
+  const CMediaFile record = Read("C:\\edited.ogg");
   EXPECT_EQ(record.id3Title, twoByteTitle.substr(0, 65535));  // "é" at 65535 would not fit whole
   EXPECT_EQ(record.id3Artist, "");
   EXPECT_EQ(record.id3Album, "  inner \t gap");
@@ -115,13 +120,11 @@ TEST_F(CTagReaderTest, WhiteSpaceIsTrimmedAtTheEndOnlyAndLongTextsAreCutBetweenC
 
 TEST_F(CTagReaderTest, TheTypeComesFromTheWholeEndingAndDrivePathsAreResolved) {
   CopyFixture("id3v2.mp3", "x.mp3");
-  CopyFixture("id3v2.mp3", ".mp3");
   CopyFixture("lossless.flac", "a.fla");
   CopyFixture("lossless.flac", "b.FlAc");
-  EXPECT_EQ(Read("x.mp3").id3Title, "Trailing Blanks");
-  ExpectUntouched(".mp3");
-  ExpectUntouched("a.fla");
-  EXPECT_EQ(Read("b.FlAc").id3Title, "Lossless Tone");
+  EXPECT_EQ(Read("C:\\x.mp3").id3Title, "Trailing Blanks");
+  ExpectUntouched("C:\\a.fla");
+  EXPECT_EQ(Read("C:\\b.FlAc").id3Title, "Lossless Tone");
 
   // Drive paths are resolved; unreachable files leave the record untouched.
   CopyFixture("SONG.MP3", "Music/Rock/SONG.MP3");
@@ -132,12 +135,18 @@ TEST_F(CTagReaderTest, TheTypeComesFromTheWholeEndingAndDrivePathsAreResolved) {
   ExpectUntouched("D:\\Music\\Rock\\SONG.MP3");  // a drive without a root
 }
 
-TEST(CTagReaderExceptions, PassToTheCallerOnceTheNameIsKnown) {
-  const RootedFileSystem failing("/", true);
-  CTagReader reader(failing);
+// A file system that fails as a broken disk may, below the reader.
+struct ThrowingFileSystem : platform::LinuxFileSystem {
+  using LinuxFileSystem::LinuxFileSystem;
+  std::string LocalPath(const std::string&) const override { throw std::runtime_error("LocalPath failed"); }
+};
+
+TEST_F(CTagReaderTest, ExceptionsPassToTheCallerOnceTheNameIsKnown) {
+  const ThrowingFileSystem failing(table);
+  CTagReader throwing(failing);
   CMediaFile record;
-  EXPECT_THROW(reader.GetTag("C:\\song.wma", record), std::runtime_error);
-  EXPECT_NO_THROW(reader.GetTag("C:\\notes.txt", record));
+  EXPECT_THROW(throwing.GetTag("C:\\song.wma", record), std::runtime_error);
+  EXPECT_NO_THROW(throwing.GetTag("C:\\notes.txt", record));
 }
 
 }  // namespace

@@ -10,9 +10,10 @@
 #include <fstream>
 #include <iterator>
 
+#include "platform/LinuxDriveTable.h"
+#include "platform/LinuxFileSystem.h"
 #include "tests/support/PermissionsHold.h"
 #include "tests/support/TempFolder.h"
-#include "tests/tags/RootedFileSystem.h"
 
 namespace {
 
@@ -24,10 +25,14 @@ std::string Bytes(const std::string& path) {
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
 }
 
+// Drive C is the temporary folder.
 class CoverFinderTest : public ::testing::Test {
  protected:
+  CoverFinderTest() { testing_support::TestDrives(temp.Path()).AddFixed('C', temp.Path()); }
+
   testing_support::TempFolder temp;
-  RootedFileSystem files{temp.Path()};
+  platform::LinuxDriveTable table{temp.Path()};
+  platform::LinuxFileSystem files{table};
   CoverFinder finder{files};
   const std::string jpeg = Bytes(kFixtures + "art.jpg");
 

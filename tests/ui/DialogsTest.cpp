@@ -3,49 +3,40 @@
 #include "catalogue/MediaDB.h"
 #include "dialogs/CFolderDialog.h"
 #include "dialogs/COptionsDlg.h"
-#include "platform/LinuxDriveTable.h"
-#include "platform/LinuxFileSystem.h"
 #include "scan/CDriveServices.h"
 #include "settings/CAppSettings.h"
+#include "tests/support/ProgramFolder.h"
 #include "tests/support/ScriptedFolderPicker.h"
-#include "tests/support/ScriptedMessageBox.h"
 #include "tests/support/ScriptedViews.h"
-#include "tests/support/TempFolder.h"
 
 namespace {
 
-TEST(FolderDialog, AFolderNoDriveHoldsIsNoFileSystemPath) {
-  testing_support::TempFolder folder;
-  testing_support::TestDrives(folder.Path()).AddFixed('C', folder.MakeFolder("c"));
-  platform::LinuxDriveTable table(folder.Path());
-  platform::LinuxFileSystem files(table);
-  testing_support::ScriptedMessageBox messages;
-  CDriveServices drives(table, files, messages);
+class DialogsTest : public ::testing::Test, protected testing_support::ProgramFolder {
+ protected:
+  DialogsTest() {
+    drives.AddFixed('C', folder.MakeFolder("c"));
+    drives.AddCd('D');
+    drives.AddCd('E');
+  }
+  CDriveServices services{table, files, messages};
   testing_support::ScriptedFolderPicker picker;
+};
+
+TEST_F(DialogsTest, AFolderNoDriveHoldsIsNoFileSystemPath) {
   picker.answer = platform::FolderPicker::kChosen;
   picker.folder = "/proc";
-  EXPECT_EQ(CFolderDialog(picker, drives, "Select Folder").DoModal(), CFolderDialog::kNoFileSystemPath);
+  EXPECT_EQ(CFolderDialog(picker, services, "Select Folder").DoModal(), CFolderDialog::kNoFileSystemPath);
   picker.answer = platform::FolderPicker::kCancelled;
-  EXPECT_EQ(CFolderDialog(picker, drives, "Select Folder").DoModal(), CFolderDialog::kCancelled);
+  EXPECT_EQ(CFolderDialog(picker, services, "Select Folder").DoModal(), CFolderDialog::kCancelled);
 }
 
-TEST(OptionsDialog, SelectsTheCdDriveOfTheSettingsOrElseTheFirstAndOkTakesItsLetter) {
-  testing_support::TempFolder folder;
-  testing_support::TestDrives testDrives(folder.Path());
-  testDrives.AddFixed('C', folder.MakeFolder("c"));
-  testDrives.AddCd('D');
-  testDrives.AddCd('E');
-  platform::LinuxDriveTable table(folder.Path());
-  platform::LinuxFileSystem files(table);
-  testing_support::ScriptedMessageBox messages;
-  CDriveServices drives(table, files, messages);
+TEST_F(DialogsTest, OptionsSelectTheCdDriveOfTheSettingsOrElseTheFirstAndOkTakesItsLetter) {
   MediaDB db;
   CAppSettings settings(db, folder.Path());
   settings.cacheFolder = "C:\\Cache";
   settings.cdDrive = "E";
-  testing_support::ScriptedFolderPicker picker;
   testing_support::ScriptedOptions view;
-  COptionsDlg dialog(settings, drives, picker, view);
+  COptionsDlg dialog(settings, services, picker, view);
 
   view.press = kDialogCancel;
   dialog.DoModal();

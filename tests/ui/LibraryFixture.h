@@ -10,18 +10,15 @@
 #include <memory>
 
 #include "app/CLibraryApp.h"
-#include "platform/LinuxDriveTable.h"
-#include "platform/LinuxFileSystem.h"
 #include "platform/MemoryListControl.h"
 #include "platform/MemoryTreeControl.h"
 #include "scan/CVolumeScanner.h"
-#include "scan/Paths.h"
 #include "scan/ScanCommands.h"
+#include "tests/support/CatalogueRows.h"
+#include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingMediaControl.h"
 #include "tests/support/ScriptedFolderPicker.h"
-#include "tests/support/ScriptedMessageBox.h"
 #include "tests/support/ScriptedViews.h"
-#include "tests/support/TempFolder.h"
 #include "tests/support/WorkerDialogDriver.h"
 
 class RecordingScanHost : public testing_support::WorkerDialogDriver {
@@ -36,7 +33,7 @@ class RecordingScanHost : public testing_support::WorkerDialogDriver {
   }
 };
 
-class LibraryTest : public ::testing::Test {
+class LibraryTest : public ::testing::Test, protected testing_support::ProgramFolder {
  protected:
   LibraryTest() {
     drives.AddFixed('C', folder.MakeFolder("c"));
@@ -61,21 +58,9 @@ class LibraryTest : public ::testing::Test {
   }
 
   int AddFolder(int volId, const std::string& fullPath, int parentId = -1) {
-    CMediaPath path;
-    path.VolID = volId;
-    path.ParentID = parentId;
-    path.FullPath = fullPath;
-    path.Name = GetFolderName(fullPath);
-    return app->Db().AddPath(path);
+    return testing_support::StoreFolder(app->Db(), volId, fullPath, parentId);
   }
-
-  int AddFile(int pathId, const std::string& fileName) {
-    CMediaFile file;
-    file.PathID = pathId;
-    file.VolID = app->Db().GetPathVolume(pathId);
-    file.FileName = fileName;
-    return app->Db().AddFile(file);
-  }
+  int AddFile(int pathId, const std::string& fileName) { return testing_support::StoreFile(app->Db(), pathId, fileName); }
 
   int Exec(const std::string& sql) { return app->Db().ExecuteChange(sql.c_str()); }
 
@@ -105,11 +90,6 @@ class LibraryTest : public ::testing::Test {
 
   platform::TreeItem Node(std::int32_t value) const { return tree.Find(value); }
 
-  testing_support::TempFolder folder;
-  testing_support::TestDrives drives{folder.Path()};
-  platform::LinuxDriveTable table{folder.Path()};
-  platform::LinuxFileSystem files{table};
-  testing_support::ScriptedMessageBox messages;
   testing_support::RecordingMediaControl media;
   testing_support::ScriptedFolderPicker picker;
   testing_support::ScriptedPopupMenu menu;

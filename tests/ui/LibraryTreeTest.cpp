@@ -47,7 +47,7 @@ class LibraryTreeTest : public LibraryTest {
   int cd = 0, disk = 0, music = 0, rock = 0, live = 0, rockFile = 0, liveFile = 0;
 };
 
-TEST_F(LibraryTreeTest, VolumesFoldersAndPlayListsInCatalogueOrderCollapsed) {
+TEST_F(LibraryTreeTest, VolumesFoldersAndPlayListsInCatalogueOrderAndSelectingMovesTheBold) {
   EXPECT_EQ(Dump(),
             "All Media=70000002+\n"
             "  CDs=60000005+\n"
@@ -66,9 +66,8 @@ TEST_F(LibraryTreeTest, VolumesFoldersAndPlayListsInCatalogueOrderCollapsed) {
             "=70000001\n"
             "Play Lists=70000004+\n"
             "  Evening=80000001\n");
-}
 
-TEST_F(LibraryTreeTest, SelectingFillsTheListAndMovesTheBold) {
+  // Selecting fills the list and moves the bold.
   CLibraryTree& libraryTree = app->Tree();
   libraryTree.SelectNode(Node(rock));
   EXPECT_EQ(Rows().size(), 1u);

@@ -46,8 +46,8 @@ class MainWindowTest : public LibraryTest, private MainWindowView, private PlayL
   void ShowPlayList(bool show) override { playListVisible = show; }
   void MovePlayList(int, int, int, int) override {}
   Rect PlayListRect() const override { return {550, 100, 760, 500}; }
-  void RaisePlayList() override { ++playListRaised; }
-  bool IsPlayListCovered() const override { return playListCovered; }
+  void RaisePlayList() override {}
+  bool IsPlayListCovered() const override { return false; }
 
   platform::ListControl& List() override { return playList; }
   void AddButtons(std::span<const PlayListButton>) override {}
@@ -58,8 +58,6 @@ class MainWindowTest : public LibraryTest, private MainWindowView, private PlayL
   std::string findText;
   std::string statusLine;
   bool playListVisible = false;
-  bool playListCovered = false;
-  int playListRaised = 0;
   bool maximized = false;
   testing_support::WorkerDialogDriver copyDialogs{messages};
   CopyCommands copy{app->PlayList(), app->Db(), app->Drives(), app->Settings(), copyDialogs};
@@ -72,39 +70,20 @@ class MainWindowTest : public LibraryTest, private MainWindowView, private PlayL
                   *this};
 };
 
-TEST_F(MainWindowTest, EnterAndEscapeNeverCloseTheWindowAndActOnlyInTheFindField) {
-  findText = "abc  ";
-  EXPECT_TRUE(Key(MessageKind::KeyDown, KeyCode::Enter, MessageTarget::List));
-  EXPECT_EQ(tree.selected, platform::TreeControl::kNoItem);
-  EXPECT_TRUE(Key(MessageKind::KeyDown, KeyCode::Escape, MessageTarget::Tree));
-  EXPECT_TRUE(Key(MessageKind::KeyDown, KeyCode::Enter, MessageTarget::FindField));
-  EXPECT_EQ(Rows().size(), 1u);
-  EXPECT_EQ(statusLine, "1 file found.");
-  EXPECT_EQ(tree.selected, Node(70000003));
-  EXPECT_TRUE(Key(MessageKind::KeyDown, KeyCode::Escape, MessageTarget::FindField));
-  EXPECT_EQ(findText, "");
-  EXPECT_EQ(Rows().size(), 1u);
-  EXPECT_FALSE(Key(MessageKind::KeyDown, KeyCode::A, MessageTarget::List));
-}
-
-TEST_F(MainWindowTest, AFirstStartFitsBothWindowsSideBySideOnTheScreen) {
+TEST_F(MainWindowTest, AFirstStartFitsBothWindowsOnTheScreenAndKeysAndMenusGoWhereTheyBelong) {
   // The stored values were the new catalogue's: two thirds of 1200 x 900.
   const CAppSettings& settings = app->Settings();
   EXPECT_EQ(std::vector({settings.mainLeft, settings.mainTop, settings.mainWidth, settings.mainHeight,
                          settings.splitter, settings.playListLeft, settings.playListWidth}),
             std::vector({100, 150, 800, 600, 266, 910, 280}));
   EXPECT_TRUE(playListVisible);
-}
 
-TEST_F(MainWindowTest, KeysMenusAndThePlayListToggleGoWhereTheyBelong) {
-  EXPECT_TRUE(playListVisible);
-  playListCovered = true;  // "PL" brings it up first
-  window.OnCommand(CMainDlg::kTogglePlayList);
-  EXPECT_TRUE(playListVisible);
-  EXPECT_EQ(playListRaised, 1);
-  playListCovered = false;
-  window.OnCommand(CMainDlg::kTogglePlayList);
-  EXPECT_FALSE(playListVisible);
+  // Enter and Escape outside the Find field neither search nor close the window.
+  findText = "abc";
+  EXPECT_TRUE(Key(MessageKind::KeyDown, KeyCode::Enter, MessageTarget::List));
+  EXPECT_TRUE(Key(MessageKind::KeyDown, KeyCode::Escape, MessageTarget::Tree));
+  EXPECT_EQ(tree.selected, platform::TreeControl::kNoItem);
+  EXPECT_EQ(findText, "abc");
 
   UserSelects(1);
   Key(MessageKind::KeyDown, KeyCode::A, MessageTarget::List);
@@ -122,6 +101,7 @@ TEST_F(MainWindowTest, KeysMenusAndThePlayListToggleGoWhereTheyBelong) {
   fileInfo.edit = [](FileInfoForm& form) { form.title = "New"; };
   window.OnListContextMenu();
   EXPECT_EQ(list.rows[0].texts[0], "New");
+  findText.clear();
   window.OnCommand(CMainDlg::kGo);  // an empty Find field
   EXPECT_TRUE(Rows().empty());
   findText = "abc";

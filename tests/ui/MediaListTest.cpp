@@ -34,8 +34,6 @@ class MediaListTest : public LibraryTest {
 };
 
 TEST_F(MediaListTest, RowsShowUserTextsOverTagsRatingsLengthsAndVolumes) {
-  EXPECT_EQ(list.headings, (Strings{"Song/100", "Artist/100", "FileName/160", "Rating/86", "Length/58",
-                                    "Volume/80"}));
   app->List().FillWithFolder(folderId);
   const Strings folderRows{"1|Song A|Quartet|a.mp3|***       | 4:05|[drive E:]",
                            "2|Mine|Me|b.mp3|          | 0:59|[drive E:]",
@@ -47,30 +45,21 @@ TEST_F(MediaListTest, RowsShowUserTextsOverTagsRatingsLengthsAndVolumes) {
                              folderRows[2]}));
 }
 
-TEST_F(MediaListTest, QuickSearchTrimsTrailingBlanksOnlyAndSelectsSearchResults) {
-  EXPECT_EQ(Search("  abc  "), Strings{"4"});
-  EXPECT_EQ(Search("   abc"), Strings{});
-  EXPECT_EQ(Search("'s"), Strings{"4"});
-  EXPECT_EQ(Search("SONG"), (Strings{"1", "2"}));
-  EXPECT_EQ(Search("%"), Strings{});  // a plain character, as "_" and "\\" are
+TEST_F(MediaListTest, QuickSearchTrimsTrailingBlanksOnlyMatchesLiterallyAndFoldsCase) {
+  AddFile(folderId, "100% Łódź_\\.mp3");
+  Exec("UPDATE MediaFiles SET id3Artist='Édith Ñu',id3Title='ΣΊΣΥΦΟΣ' WHERE FileID=5;");
+  Exec("UPDATE MediaFiles SET Title='10 a1' WHERE FileID=3;");
+  // "%", "_" and "\" are plain characters ("0%" would find "10 a1" as a
+  // pattern); the final sigma meets the capital; rows come in catalogue order.
+  for (const auto& [text, ids] : std::vector<std::pair<std::string, Strings>>{
+           {"  abc  ", {"4"}}, {"   abc", {}}, {"'s", {"4"}}, {"SONG", {"1", "2"}}, {"0%", {"5"}},
+           {"łÓDŹ", {"5"}}, {"édith ñ", {"5"}}, {"ÉDITH", {"5"}}, {"σίσυφος", {"5"}}, {"_\\.", {"5"}},
+           {"a_", {}}, {"1", {"3", "5"}}})
+    EXPECT_EQ(Search(text), ids) << text;
   app->Tree().SelectNode(Node(folderId));
   EXPECT_EQ(Search(" \t"), Strings{});
   EXPECT_EQ(tree.selected, Node(70000003));
   EXPECT_TRUE(tree.At(Node(70000003)).bold);
-}
-
-TEST_F(MediaListTest, QuickSearchMatchesLiterallyAndFoldsTheCaseOfEveryLetter) {
-  AddFile(folderId, "100% Łódź_\\.mp3");
-  Exec("UPDATE MediaFiles SET id3Artist='Édith Ñu',id3Title='ΣΊΣΥΦΟΣ' WHERE FileID=5;");
-  Exec("UPDATE MediaFiles SET Title='10 a1' WHERE FileID=3;");
-  EXPECT_EQ(Search("0%"), Strings{"5"});
-  EXPECT_EQ(Search("łÓDŹ"), Strings{"5"});
-  EXPECT_EQ(Search("édith ñ"), Strings{"5"});
-  EXPECT_EQ(Search("ÉDITH"), Strings{"5"});
-  EXPECT_EQ(Search("σίσυφος"), Strings{"5"});  // the final sigma meets the capital
-  EXPECT_EQ(Search("_\\."), Strings{"5"});
-  EXPECT_EQ(Search("a_"), Strings{});
-  EXPECT_EQ(Search("1"), (Strings{"3", "5"}));  // catalogue order
 }
 
 TEST_F(MediaListTest, FileInfoKeepsUserTextsUnlessTheEditDiffersFromTheTag) {
