@@ -25,29 +25,33 @@ std::size_t DecodeAt(std::string_view text, std::size_t i, char32_t& c) {
   return length;
 }
 
-void Encode(char32_t c, std::string& out) {
+// Writes the code point's UTF-8 bytes at out; returns the end of what it wrote.
+char* Encode(char32_t c, char* out) {
   if (c < 0x80) {
-    out += static_cast<char>(c);
+    *out++ = static_cast<char>(c);
   } else if (c < 0x800) {
-    out += static_cast<char>(0xC0 | (c >> 6));
-    out += static_cast<char>(0x80 | (c & 0x3F));
+    *out++ = static_cast<char>(0xC0 | (c >> 6));
+    *out++ = static_cast<char>(0x80 | (c & 0x3F));
   } else if (c < 0x10000) {
-    out += static_cast<char>(0xE0 | (c >> 12));
-    out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (c & 0x3F));
+    *out++ = static_cast<char>(0xE0 | (c >> 12));
+    *out++ = static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+    *out++ = static_cast<char>(0x80 | (c & 0x3F));
   } else {
-    out += static_cast<char>(0xF0 | (c >> 18));
-    out += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
-    out += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-    out += static_cast<char>(0x80 | (c & 0x3F));
+    *out++ = static_cast<char>(0xF0 | (c >> 18));
+    *out++ = static_cast<char>(0x80 | ((c >> 12) & 0x3F));
+    *out++ = static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+    *out++ = static_cast<char>(0x80 | (c & 0x3F));
   }
+  return out;
 }
 
 char AsciiFold(unsigned char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c); }
 
 }  // namespace
 
-CaseFold::CaseFold() : utf8_(newlocale(LC_CTYPE_MASK, "C.UTF-8", static_cast<locale_t>(nullptr))) {}
+CaseFold::CaseFold() : utf8_(newlocale(LC_CTYPE_MASK, "C.UTF-8", static_cast<locale_t>(nullptr))) {
+  for (char32_t c = 0; c < kTabled; ++c) tabled_[c] = FoldCodePoint(c);
+}
 
 CaseFold::~CaseFold() {
   if (utf8_) freelocale(utf8_);
@@ -59,29 +63,32 @@ char32_t CaseFold::FoldCodePoint(char32_t c) const {
   return static_cast<char32_t>(towlower_l(towupper_l(wide, utf8_), utf8_));
 }
 
-void CaseFold::AppendFolded(std::string_view text, std::string& out) const {
+// A folded code point takes at most one byte more than the sequence it came
+// from (two bytes may fold to three), so twice the text's length always fits.
+std::size_t CaseFold::FoldInto(std::string_view text, char* out) const {
+  char* const start = out;
   for (std::size_t i = 0; i < text.size();) {
     const auto lead = static_cast<unsigned char>(text[i]);
     if (lead < 0x80) {
-      out += AsciiFold(lead);
+      *out++ = AsciiFold(lead);
       ++i;
       continue;
     }
     char32_t c = 0;
     const std::size_t length = DecodeAt(text, i, c);
     if (length == 0) {
-      out += text[i++];
+      *out++ = text[i++];
       continue;
     }
-    Encode(FoldCodePoint(c), out);
+    out = Encode(FoldLookedUp(c), out);
     i += length;
   }
+  return static_cast<std::size_t>(out - start);
 }
 
 std::string CaseFold::Fold(std::string_view text) const {
-  std::string folded;
-  folded.reserve(text.size());
-  AppendFolded(text, folded);
+  std::string folded(2 * text.size(), '\0');
+  folded.resize(FoldInto(text, folded.data()));
   return folded;
 }
 
@@ -113,8 +120,14 @@ bool CaseFold::Holds(std::string_view text, std::string_view foldedPart) const {
     const int ascii = AsciiHolds(text, foldedPart);
     if (ascii >= 0) return ascii == 1;
   }
-  std::string folded;
-  folded.reserve(text.size() + 8);
-  AppendFolded(text, folded);
-  return folded.find(foldedPart) != std::string::npos;
+  // Short texts (names and tags mostly are) fold on the stack.
+  constexpr std::size_t kOnStack = 256;
+  char onStack[2 * kOnStack];
+  std::string onHeap;
+  char* folded = onStack;
+  if (text.size() > kOnStack) {
+    onHeap.resize(2 * text.size());
+    folded = onHeap.data();
+  }
+  return std::string_view(folded, FoldInto(text, folded)).find(foldedPart) != std::string_view::npos;
 }

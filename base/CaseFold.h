@@ -10,6 +10,7 @@
 
 #include <locale.h>
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -26,9 +27,17 @@ class CaseFold {
   bool Holds(std::string_view text, std::string_view foldedPart) const;
 
  private:
-  // Appends the folded text to out.
-  void AppendFolded(std::string_view text, std::string& out) const;
+  // Writes the folded text at out, which must hold twice the text's length;
+  // returns the folded length.
+  std::size_t FoldInto(std::string_view text, char* out) const;
   char32_t FoldCodePoint(char32_t c) const;
+  char32_t FoldLookedUp(char32_t c) const { return c < kTabled ? tabled_[c] : FoldCodePoint(c); }
+
+  // The code points of one and two UTF-8 bytes (Latin, Greek, Cyrillic and
+  // more) fold through a table: the C library's lookups cost most of a
+  // search through a large library.
+  static constexpr char32_t kTabled = 0x800;
 
   locale_t utf8_;
+  std::array<char32_t, kTabled> tabled_{};
 };
