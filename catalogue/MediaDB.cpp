@@ -54,9 +54,7 @@ bool Holds(const std::vector<std::string>& names, const char* name) {
 }  // namespace
 
 int MediaDB::Open(const std::string& programFolder, const std::function<void()>& fillNewCatalogue) {
-  path_ = programFolder + kFileName;
-  secondReader_.Close();
-  OpenReadable(path_);
+  OpenReadable(programFolder + kFileName);
   folded_search::Register(db_.Handle());
   const std::vector<std::string> present = TableNames();
   const bool created = present.empty();

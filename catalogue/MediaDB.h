@@ -1,8 +1,8 @@
 #pragma once
 // The catalogue: every statement of the system, over one SQLite connection.
 //
-// Values are formatted into the SQL text (%d, %Q, %q), except in the few
-// statements a scan runs once a file, which are kept and bound. A statement that fails to run ends the process with exit
+// Values are formatted into the SQL text (%d, %Q, %q); nothing is bound and no
+// statement is kept. A statement that fails to run ends the process with exit
 // status 1 after writing SQLite's message to standard error. Transactions are
 // plain BEGIN and COMMIT issued by callers. Ids come back in the order SQLite
 // returns the rows. Records returned are owned by the caller.
@@ -19,7 +19,6 @@
 #include "catalogue/CppSQLite3Database.h"
 #include "catalogue/IdMarks.h"
 #include "catalogue/Records.h"
-#include "catalogue/SecondReader.h"
 
 // Row ids (FileID, PathID, VolID, PlayListID), of the records' id type.
 using IdList = std::vector<std::int32_t>;
@@ -129,8 +128,7 @@ class MediaDB {
   std::vector<CPlayList> GetPlayLists();
   std::vector<MediaListRow> GetFolderListRows(int pathId);
   // The files whose name, titles or artists hold the text, letter case aside
-  // for every letter, "%", "_" and "\\" taken literally. A large catalogue
-  // is searched in two halves at once, on a second connection and thread.
+  // for every letter, "%", "_" and "\\" taken literally.
   std::vector<MediaListRow> SearchListRows(const std::string& text);
   // The rows of the listed files in one statement, in the list's order: an id
   // listed twice gives two rows, an id without a file row none.
@@ -167,6 +165,4 @@ class MediaDB {
 
   CppSQLite3Database db_;
   IdMarks idMarks_;
-  std::string path_;
-  SecondReader secondReader_;  // half of a large search
 };

@@ -3,7 +3,6 @@
 #include <unordered_map>
 
 #include "base/CaseFold.h"
-#include "catalogue/CppSQLite3Exception.h"
 #include "catalogue/FoldedSearch.h"
 #include "catalogue/MediaDB.h"
 #include "catalogue/MediaDBStatements.h"
@@ -138,35 +137,10 @@ std::vector<MediaListRow> MediaDB::FileListRows(const IdList& fileIds) {
 
 std::vector<MediaListRow> MediaDB::SearchListRows(const std::string& text) {
   // Letter case folded on both sides; the text is matched literally.
-  const std::string holds =
-      std::string(folded_search::kFunction) + "(%Q,f.FileName,f.Title,f.Artist,f.id3Title,f.id3Artist)";
-  CppSQLite3SqlText matches;
-  matches.Format(holds.c_str(), CaseFold().Fold(text).c_str());
-  // Below this many ids one thread reads faster than two start.
-  constexpr int kSplitFrom = 50000;
-  const int lowest = QueryInt("SELECT ifnull(min(FileID),0) FROM MediaFiles;");
-  const int highest = QueryInt("SELECT ifnull(max(FileID),0) FROM MediaFiles;");
-  const bool split = highest - lowest >= kSplitFrom && !InTransaction() && !IsReadOnly() &&
-                     secondReader_.Open(path_);
-  if (!split) return QueryRows<MediaListRow>(MediaListRowsWhere("%s;").c_str(), matches.Text());
-
-  // Each half in FileID order, as one scan of the table gives them.
-  const int middle = lowest + (highest - lowest) / 2;
-  CppSQLite3SqlText upperQuery;
-  upperQuery.Format(MediaListRowsWhere("f.FileID>%d AND %s;").c_str(), middle, matches.Text());
-  auto upper = secondReader_.ListRows(upperQuery.Text());
-  std::vector<MediaListRow> rows =
-      QueryRows<MediaListRow>(MediaListRowsWhere("f.FileID<=%d AND %s;").c_str(), middle, matches.Text());
-  std::vector<MediaListRow> upperRows;
-  try {
-    upperRows = upper.get();
-  } catch (const CppSQLite3Exception&) {
-    // The second connection failed (busy, say): this one reads that half too.
-    secondReader_.Close();
-    upperRows = QueryRows<MediaListRow>(MediaListRowsWhere("f.FileID>%d AND %s;").c_str(), middle,
-                                        matches.Text());
-  }
-  rows.insert(rows.end(), std::make_move_iterator(upperRows.begin()),
-              std::make_move_iterator(upperRows.end()));
-  return rows;
+  const std::string part = CaseFold().Fold(text);
+  const std::string format = MediaListRowsWhere(
+      (std::string(folded_search::kFunction) +
+       "(%Q,f.FileName,f.Title,f.Artist,f.id3Title,f.id3Artist);")
+          .c_str());
+  return QueryRows<MediaListRow>(format.c_str(), part.c_str());
 }

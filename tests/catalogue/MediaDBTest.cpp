@@ -120,35 +120,6 @@ TEST_F(CatalogueTest, MissingRowsAndNullColumns) {
   EXPECT_EQ(db.QueryInt("SELECT count(*) FROM MediaFiles WHERE Size IS NULL AND id3Genre IS NULL;"), 1);
 }
 
-TEST_F(CatalogueTest, ASearchSplitInTwoFindsTheSameRowsInTheSameOrder) {
-  const int vol = AddVolume("1", 3);
-  const int path = AddPath(vol, "\\");
-  // Ids far enough apart for the two halves to be read at once, the middle
-  // id among them; texts that match only once folded, in each half.
-  const std::pair<int, const char*> files[] = {
-      {1, "'a Łódź.mp3', NULL"}, {2, "'b.mp3', NULL"},      {30000, "'ŁÓDŹ c.mp3', NULL"},
-      {30001, "'c.mp3', NULL"},  {60001, "'d.mp3', NULL"}, {60002, "'e.mp3', 'x ŁódŹ'"}};
-  for (const auto& [id, texts] : files)
-    db.ExecuteChange(("INSERT INTO MediaFiles(FileID,VolID,PathID,FileName,Title) VALUES (" +
-                      std::to_string(id) + "," + std::to_string(vol) + "," + std::to_string(path) +
-                      "," + texts + ");")
-                         .c_str());
-  std::vector<std::int32_t> found;
-  const auto search = [&](const std::string& text) {
-    found.clear();
-    for (const MediaListRow& row : db.SearchListRows(text)) found.push_back(row.FileID);
-    return found;
-  };
-  EXPECT_EQ(search("łódź"), (std::vector<std::int32_t>{1, 30000, 60002}));
-  EXPECT_EQ(search(".MP3").size(), 6u);
-  EXPECT_EQ(search("zzz"), std::vector<std::int32_t>{});
-  db.Begin();  // in a transaction the connection reads alone, and sees its own rows
-  db.ExecuteChange("UPDATE MediaFiles SET Artist='Łódź' WHERE FileID=60001;");
-  EXPECT_EQ(search("ŁÓDŹ"), (std::vector<std::int32_t>{1, 30000, 60001, 60002}));
-  db.Commit();
-  EXPECT_EQ(search("ŁÓDŹ"), (std::vector<std::int32_t>{1, 30000, 60001, 60002}));
-}
-
 TEST_F(CatalogueTest, SubtreeIsMatchedLetterForLetter) {
   const int vol = AddVolume("1", 3);
   const int other = AddVolume("2", 3);
