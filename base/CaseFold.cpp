@@ -87,9 +87,15 @@ std::size_t CaseFold::FoldInto(std::string_view text, char* out) const {
 }
 
 std::string CaseFold::Fold(std::string_view text) const {
-  std::string folded(2 * text.size(), '\0');
-  folded.resize(FoldInto(text, folded.data()));
+  std::string folded;
+  AppendFolded(text, folded);
   return folded;
+}
+
+void CaseFold::AppendFolded(std::string_view text, std::string& out) const {
+  const std::size_t start = out.size();
+  out.resize(start + 2 * text.size());
+  out.resize(start + FoldInto(text, out.data() + start));
 }
 
 namespace {

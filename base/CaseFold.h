@@ -22,6 +22,8 @@ class CaseFold {
   CaseFold& operator=(const CaseFold&) = delete;
 
   std::string Fold(std::string_view text) const;
+  // Appends the folded text to out.
+  void AppendFolded(std::string_view text, std::string& out) const;
   // Whether the text, folded, holds foldedPart (itself the result of Fold)
   // as a run of bytes. An empty part is held by every text.
   bool Holds(std::string_view text, std::string_view foldedPart) const;

@@ -91,6 +91,12 @@ const char* CppSQLite3ResultSet::FieldText(int index) const {
   return reinterpret_cast<const char*>(sqlite3_column_text(statement_, index));
 }
 
+std::string_view CppSQLite3ResultSet::FieldBytes(int index) const {
+  const char* text = FieldText(index);
+  if (!text) return {};
+  return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, index))};
+}
+
 const char* CppSQLite3ResultSet::FieldText(const char* name) const {
   return FieldText(FieldIndex(name));
 }

@@ -5,6 +5,8 @@
 // A default-constructed result set is an empty slot into which a query result
 // is moved; moving transfers the statement, so exactly one result set owns it.
 
+#include <string_view>
+
 struct sqlite3;
 struct sqlite3_stmt;
 
@@ -27,6 +29,8 @@ class CppSQLite3ResultSet {
   // The column text, or null for an SQL NULL (and for a finished result set).
   const char* FieldText(int index) const;
   const char* FieldText(const char* name) const;
+  // The column text with all its bytes (zero bytes too); empty for NULL.
+  std::string_view FieldBytes(int index) const;
   // The first column whose name equals name byte for byte.
   int FieldIndex(const char* name) const;
   int FieldType(int index) const;

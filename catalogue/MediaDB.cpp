@@ -54,6 +54,8 @@ bool Holds(const std::vector<std::string>& names, const char* name) {
 }  // namespace
 
 int MediaDB::Open(const std::string& programFolder, const std::function<void()>& fillNewCatalogue) {
+  searchTexts_.Clear();
+  searchTextsChanges_ = -1;
   OpenReadable(programFolder + kFileName);
   folded_search::Register(db_.Handle());
   const std::vector<std::string> present = TableNames();

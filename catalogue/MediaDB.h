@@ -19,9 +19,12 @@
 #include "catalogue/CppSQLite3Database.h"
 #include "catalogue/IdMarks.h"
 #include "catalogue/Records.h"
+#include "catalogue/SearchTexts.h"
 
 // Row ids (FileID, PathID, VolID, PlayListID), of the records' id type.
 using IdList = std::vector<std::int32_t>;
+
+class CaseFold;
 
 class MediaDB {
  public:
@@ -128,7 +131,9 @@ class MediaDB {
   std::vector<CPlayList> GetPlayLists();
   std::vector<MediaListRow> GetFolderListRows(int pathId);
   // The files whose name, titles or artists hold the text, letter case aside
-  // for every letter, "%", "_" and "\\" taken literally.
+  // for every letter, "%", "_" and "\\" taken literally. The folded texts of
+  // every file are kept in memory from one search to the next, and read
+  // again after any change to the catalogue.
   std::vector<MediaListRow> SearchListRows(const std::string& text);
   // The rows of the listed files in one statement, in the list's order: an id
   // listed twice gives two rows, an id without a file row none.
@@ -163,6 +168,14 @@ class MediaDB {
   template <class Row, class... Values>
   std::vector<Row> QueryRows(const char* format, Values... values);
 
+  // Reads the search texts again unless nothing changed since they were read.
+  void KeepSearchTextsCurrent(const CaseFold& fold);
+
   CppSQLite3Database db_;
   IdMarks idMarks_;
+  SearchTexts searchTexts_;
+  // What the catalogue was when the search texts were read: this
+  // connection's changes, and the version other connections' commits move.
+  std::int64_t searchTextsChanges_ = -1;
+  int searchTextsVersion_ = -1;
 };

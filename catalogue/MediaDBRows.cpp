@@ -137,10 +137,32 @@ std::vector<MediaListRow> MediaDB::FileListRows(const IdList& fileIds) {
 
 std::vector<MediaListRow> MediaDB::SearchListRows(const std::string& text) {
   // Letter case folded on both sides; the text is matched literally.
-  const std::string part = CaseFold().Fold(text);
+  const CaseFold fold;
+  const std::string part = fold.Fold(text);
+  if (!part.empty() && part.find('\0') == std::string::npos) {
+    KeepSearchTextsCurrent(fold);
+    return FileListRows(searchTexts_.Holding(part));
+  }
+  // Every file holds the empty text, and SQL texts end at a zero byte.
   const std::string format = MediaListRowsWhere(
       (std::string(folded_search::kFunction) +
        "(%Q,f.FileName,f.Title,f.Artist,f.id3Title,f.id3Artist);")
           .c_str());
   return QueryRows<MediaListRow>(format.c_str(), part.c_str());
+}
+
+void MediaDB::KeepSearchTextsCurrent(const CaseFold& fold) {
+  const std::int64_t changes = db_.TotalChanges();
+  const int version = QueryInt("PRAGMA data_version;");
+  if (changes == searchTextsChanges_ && version == searchTextsVersion_) return;
+  searchTexts_.Clear();
+  CppSQLite3ResultSet result;
+  RunQuery("SELECT FileID,FileName,Title,Artist,id3Title,id3Artist FROM MediaFiles ORDER BY FileID;", result);
+  for (; !result.AtEnd(); result.NextRow())
+    searchTexts_.Add(result.FieldInt(0, 0),
+                     {result.FieldBytes(1), result.FieldBytes(2), result.FieldBytes(3),
+                      result.FieldBytes(4), result.FieldBytes(5)},
+                     fold);
+  searchTextsChanges_ = changes;
+  searchTextsVersion_ = version;
 }

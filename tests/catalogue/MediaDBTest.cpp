@@ -120,6 +120,33 @@ TEST_F(CatalogueTest, MissingRowsAndNullColumns) {
   EXPECT_EQ(db.QueryInt("SELECT count(*) FROM MediaFiles WHERE Size IS NULL AND id3Genre IS NULL;"), 1);
 }
 
+TEST_F(CatalogueTest, SearchSeesEveryChangeWhoeverMadeIt) {
+  const int vol = AddVolume("1", 3);
+  const int path = AddPath(vol, "\\");
+  const int a = AddFile(vol, path, "a Łódź.mp3");
+  const int b = AddFile(vol, path, "b.mp3");
+  const auto search = [&](const std::string& text) {
+    std::vector<std::int32_t> found;
+    for (const MediaListRow& row : db.SearchListRows(text)) found.push_back(row.FileID);
+    return found;
+  };
+  EXPECT_EQ(search("ŁÓDŹ"), std::vector<std::int32_t>{a});
+  auto file = db.GetFile(b);
+  file->Title = "łódź twice: Łódź";
+  db.UpdateFileUserInfo(*file);
+  EXPECT_EQ(search("łódź"), (std::vector<std::int32_t>{a, b}));  // once each, in FileID order
+  EXPECT_EQ(search(".mp3łódź"), std::vector<std::int32_t>{});    // never across two texts
+  EXPECT_EQ(search("").size(), 2u);
+
+  // Another program renames a file and commits.
+  CppSQLite3Database other;
+  other.Open((folder.Path() + "/" + MediaDB::kFileName).c_str());
+  other.ExecuteStatement(("UPDATE MediaFiles SET FileName='a.mp3' WHERE FileID=" + std::to_string(a) + ";").c_str());
+  EXPECT_EQ(search("łódź"), std::vector<std::int32_t>{b});
+  const int c = AddFile(vol, path, "ŁÓDŹ.ogg");
+  EXPECT_EQ(search("łódź"), (std::vector<std::int32_t>{b, c}));
+}
+
 TEST_F(CatalogueTest, SubtreeIsMatchedLetterForLetter) {
   const int vol = AddVolume("1", 3);
   const int other = AddVolume("2", 3);
