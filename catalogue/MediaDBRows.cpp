@@ -1,5 +1,7 @@
 // MediaDB's reads and changes of many rows at once: what a scan needs of a
 // volume, and what the tree and the list show.
+#include <algorithm>
+#include <functional>
 #include <unordered_map>
 
 #include "base/CaseFold.h"
@@ -116,12 +118,21 @@ std::vector<MediaListRow> MediaDB::GetFolderListRows(int pathId) {
 }
 
 std::vector<MediaListRow> MediaDB::FileListRows(const IdList& fileIds) {
+  if (fileIds.empty()) return {};
+  const auto byId = [](const MediaListRow& a, const MediaListRow& b) { return a.FileID < b.FileID; };
+  // Rising ids (a search's) need no reordering: the rows, sorted, are the answer.
+  if (std::adjacent_find(fileIds.begin(), fileIds.end(), std::greater_equal<>()) == fileIds.end()) {
+    const std::string ids = JoinIds(fileIds, 0, fileIds.size());
+    std::vector<MediaListRow> rows =
+        QueryRows<MediaListRow>(MediaListRowsWhere("f.FileID IN (%s);").c_str(), ids.c_str());
+    if (!std::is_sorted(rows.begin(), rows.end(), byId)) std::sort(rows.begin(), rows.end(), byId);
+    return rows;
+  }
   // One statement for the distinct ids, then the rows in the list's order.
   IdList distinct;
   std::unordered_map<int, std::size_t> at;
   for (std::int32_t id : fileIds)
     if (at.emplace(id, 0).second) distinct.push_back(id);
-  if (distinct.empty()) return {};
   const std::string ids = JoinIds(distinct, 0, distinct.size());
   const std::vector<MediaListRow> found =
       QueryRows<MediaListRow>(MediaListRowsWhere("f.FileID IN (%s);").c_str(), ids.c_str());
