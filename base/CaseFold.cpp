@@ -92,10 +92,19 @@ std::string CaseFold::Fold(std::string_view text) const {
   return folded;
 }
 
+// Short texts (names and tags mostly are) fold on the stack: a long buffer
+// of many short texts is then never cleared ahead nor grown more than it needs.
+template <class Use>
+auto CaseFold::WithFolded(std::string_view text, Use use) const {
+  constexpr std::size_t kOnStack = 256;
+  char onStack[2 * kOnStack];
+  if (text.size() <= kOnStack) return use(std::string_view(onStack, FoldInto(text, onStack)));
+  std::string onHeap(2 * text.size(), '\0');
+  return use(std::string_view(onHeap.data(), FoldInto(text, onHeap.data())));
+}
+
 void CaseFold::AppendFolded(std::string_view text, std::string& out) const {
-  const std::size_t start = out.size();
-  out.resize(start + 2 * text.size());
-  out.resize(start + FoldInto(text, out.data() + start));
+  WithFolded(text, [&](std::string_view folded) { out += folded; });
 }
 
 namespace {
@@ -126,14 +135,7 @@ bool CaseFold::Holds(std::string_view text, std::string_view foldedPart) const {
     const int ascii = AsciiHolds(text, foldedPart);
     if (ascii >= 0) return ascii == 1;
   }
-  // Short texts (names and tags mostly are) fold on the stack.
-  constexpr std::size_t kOnStack = 256;
-  char onStack[2 * kOnStack];
-  std::string onHeap;
-  char* folded = onStack;
-  if (text.size() > kOnStack) {
-    onHeap.resize(2 * text.size());
-    folded = onHeap.data();
-  }
-  return std::string_view(folded, FoldInto(text, folded)).find(foldedPart) != std::string_view::npos;
+  return WithFolded(text, [&](std::string_view folded) {
+    return folded.find(foldedPart) != std::string_view::npos;
+  });
 }

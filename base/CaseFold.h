@@ -32,6 +32,9 @@ class CaseFold {
   // Writes the folded text at out, which must hold twice the text's length;
   // returns the folded length.
   std::size_t FoldInto(std::string_view text, char* out) const;
+  // Calls use with the folded text and returns what it returns.
+  template <class Use>
+  auto WithFolded(std::string_view text, Use use) const;
   char32_t FoldCodePoint(char32_t c) const;
   char32_t FoldLookedUp(char32_t c) const { return c < kTabled ? tabled_[c] : FoldCodePoint(c); }
 

@@ -14,6 +14,12 @@ void SearchTexts::Clear() {
   texts_.shrink_to_fit();
 }
 
+void SearchTexts::Reserve(std::size_t files, std::size_t bytesEach) {
+  ids_.reserve(files);
+  starts_.reserve(files);
+  texts_.reserve(files * bytesEach);
+}
+
 void SearchTexts::Add(std::int32_t fileId, std::initializer_list<std::string_view> texts,
                       const CaseFold& fold) {
   ids_.push_back(fileId);

@@ -20,6 +20,8 @@ class CaseFold;
 class SearchTexts {
  public:
   void Clear();
+  // Room for this many files whose texts take about this many bytes each.
+  void Reserve(std::size_t files, std::size_t bytesEach);
   // Files must come in rising FileID order. A null text is passed as empty.
   void Add(std::int32_t fileId, std::initializer_list<std::string_view> texts, const CaseFold& fold);
   // The files one of whose texts holds the folded part (Fold's result, not
