@@ -167,8 +167,9 @@ void MediaDB::KeepSearchTextsCurrent(const CaseFold& fold) {
   const int version = QueryInt("PRAGMA data_version;");
   if (changes == searchTextsChanges_ && version == searchTextsVersion_) return;
   searchTexts_.Clear();
-  // A name and a title or two, five zero bytes: a file takes about 48 bytes.
-  searchTexts_.Reserve(static_cast<std::size_t>(std::max(0, QueryInt("SELECT count(*) FROM MediaFiles;"))), 48);
+  // A name, a title and an artist (non-Latin letters take two bytes or three)
+  // and five zero bytes: about 64 bytes a file.
+  searchTexts_.Reserve(static_cast<std::size_t>(std::max(0, QueryInt("SELECT count(*) FROM MediaFiles;"))), 64);
   CppSQLite3ResultSet result;
   RunQuery("SELECT FileID,FileName,Title,Artist,id3Title,id3Artist FROM MediaFiles ORDER BY FileID;", result);
   for (; !result.AtEnd(); result.NextRow())

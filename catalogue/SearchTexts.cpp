@@ -8,10 +8,7 @@
 void SearchTexts::Clear() {
   ids_.clear();
   starts_.clear();
-  texts_.clear();
-  ids_.shrink_to_fit();
-  starts_.shrink_to_fit();
-  texts_.shrink_to_fit();
+  texts_.clear();  // the room stays for the texts read next
 }
 
 void SearchTexts::Reserve(std::size_t files, std::size_t bytesEach) {

@@ -19,6 +19,7 @@ class CaseFold;
 
 class SearchTexts {
  public:
+  // Forgets the files; keeps the room they took.
   void Clear();
   // Room for this many files whose texts take about this many bytes each.
   void Reserve(std::size_t files, std::size_t bytesEach);
