@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "catalogue/MediaDB.h"
+#include "tests/support/CatalogueRows.h"
 #include "tests/support/TempFolder.h"
 
 class CatalogueTest : public ::testing::Test {
@@ -11,29 +12,12 @@ class CatalogueTest : public ::testing::Test {
   void SetUp() override { ASSERT_EQ(db.Open(folder.Path() + "/"), 1); }
 
   int AddVolume(const std::string& serial, int type, const std::string& name = "Disc") {
-    CMediaVolume volume;
-    volume.SerialNo = serial;
-    volume.VolType = type;
-    volume.Name = volume.DisplayName = name;
-    volume.DrvLtr = "E";
-    return db.AddVolume(volume);
+    return testing_support::StoreVolume(db, type, "E", name, serial);
   }
   int AddPath(int volId, const std::string& fullPath, int parentId = -1) {
-    CMediaPath path;
-    path.VolID = volId;
-    path.ParentID = parentId;
-    path.FullPath = fullPath;
-    path.Name = fullPath;
-    return db.AddPath(path);
+    return testing_support::StoreFolder(db, volId, fullPath, parentId);
   }
-  int AddFile(int volId, int pathId, const std::string& name) {
-    CMediaFile file;
-    file.VolID = volId;
-    file.PathID = pathId;
-    file.FileName = name;
-    file.Type = 1;
-    return db.AddFile(file);
-  }
+  int AddFile(int pathId, const std::string& name) { return testing_support::StoreFile(db, pathId, name); }
 
   testing_support::TempFolder folder;
   MediaDB db;

@@ -60,8 +60,8 @@ TEST_F(CatalogueTest, ACatalogueWithoutIndexesGainsThemAndRemovesSubtreesInTwoSt
   const int vol = AddVolume("1", 3);
   const int music = AddPath(vol, "\\Music\\");
   const int rock = AddPath(vol, "\\Music\\Rock\\", music);
-  AddFile(vol, music, "a.mp3");
-  const int last = AddFile(vol, rock, "b.mp3");
+  AddFile(music, "a.mp3");
+  const int last = AddFile(rock, "b.mp3");
   MediaDB reopened;
   ASSERT_EQ(reopened.Open(folder.Path() + "/"), 0);
   EXPECT_EQ(reopened.QueryInt("SELECT count(*) FROM sqlite_master WHERE type='index';"), 3);
@@ -89,7 +89,7 @@ TEST_F(CatalogueTest, ACatalogueWithoutIndexesGainsThemAndRemovesSubtreesInTwoSt
 TEST_F(CatalogueTest, TextsWithQuotesAndOddLettersRoundTrip) {
   const int vol = AddVolume("305419896", 5, "Bach's \"Best\" 100% _é");
   const int path = AddPath(vol, "\\It's\\");
-  const int fileId = AddFile(vol, path, "Don't Stop.mp3");
+  const int fileId = AddFile(path, "Don't Stop.mp3");
   EXPECT_EQ(db.FindVolumeBySerial("305419896"), vol);
   EXPECT_EQ(db.GetVolume(vol)->DisplayName, "Bach's \"Best\" 100% _é");
   EXPECT_EQ(db.FindPath("\\It's\\", vol), path);
@@ -111,7 +111,7 @@ TEST_F(CatalogueTest, MissingRowsAndNullColumns) {
   EXPECT_EQ(db.GetPathFullPath(99), "");
   EXPECT_EQ(db.GetConfig(405), "");
   const int vol = AddVolume("1", 3);
-  const int fileId = AddFile(vol, AddPath(vol, "\\"), "a.mp3");
+  const int fileId = AddFile(AddPath(vol, "\\"), "a.mp3");
   auto file = db.GetFile(fileId);
   EXPECT_EQ(file->Rating, 0);  // NULL until edited
   EXPECT_EQ(file->Title, "");
@@ -123,8 +123,8 @@ TEST_F(CatalogueTest, MissingRowsAndNullColumns) {
 TEST_F(CatalogueTest, SearchSeesEveryChangeWhoeverMadeIt) {
   const int vol = AddVolume("1", 3);
   const int path = AddPath(vol, "\\");
-  const int a = AddFile(vol, path, "a Łódź.mp3");
-  const int b = AddFile(vol, path, "b.mp3");
+  const int a = AddFile(path, "a Łódź.mp3");
+  const int b = AddFile(path, "b.mp3");
   const auto search = [&](const std::string& text) {
     std::vector<std::int32_t> found;
     for (const MediaListRow& row : db.SearchListRows(text)) found.push_back(row.FileID);
@@ -143,7 +143,7 @@ TEST_F(CatalogueTest, SearchSeesEveryChangeWhoeverMadeIt) {
   other.Open((folder.Path() + "/" + MediaDB::kFileName).c_str());
   other.ExecuteStatement(("UPDATE MediaFiles SET FileName='a.mp3' WHERE FileID=" + std::to_string(a) + ";").c_str());
   EXPECT_EQ(search("łódź"), std::vector<std::int32_t>{b});
-  const int c = AddFile(vol, path, "ŁÓDŹ.ogg");
+  const int c = AddFile(path, "ŁÓDŹ.ogg");
   EXPECT_EQ(search("łódź"), (std::vector<std::int32_t>{b, c}));
 }
 
@@ -166,9 +166,9 @@ TEST_F(CatalogueTest, RemovalsCascadeButKeepPlayLists) {
   const int music = AddPath(vol, "\\Music\\");
   const int rock = AddPath(vol, "\\Music\\Rock\\", music);
   const int sibling = AddPath(vol, "\\Musicals\\");
-  const int a = AddFile(vol, rock, "a.mp3");
-  const int b = AddFile(vol, sibling, "b.mp3");
-  const int kept = AddFile(keep, AddPath(keep, "\\"), "c.mp3");
+  const int a = AddFile(rock, "a.mp3");
+  const int b = AddFile(sibling, "b.mp3");
+  const int kept = AddFile(AddPath(keep, "\\"), "c.mp3");
   CPlayList list;
   list.Name = "Mix";
   list.FileIDs = std::to_string(a) + "," + std::to_string(b);
@@ -190,10 +190,10 @@ TEST_F(CatalogueTest, RemovalsCascadeButKeepPlayLists) {
 TEST_F(CatalogueTest, IdsAreNeverHandedOutTwiceAcrossRemovalsAndRestarts) {
   const int vol = AddVolume("1", 3);
   const int path = AddPath(vol, "\\A\\");
-  const int first = AddFile(vol, path, "a.mp3");
-  const int second = AddFile(vol, path, "b.mp3");
+  const int first = AddFile(path, "a.mp3");
+  const int second = AddFile(path, "b.mp3");
   db.DeleteFiles({second});
-  const int third = AddFile(vol, path, "c.mp3");
+  const int third = AddFile(path, "c.mp3");
   EXPECT_GT(third, second);
   EXPECT_EQ(db.QueryInt("SELECT count(*) FROM MediaFiles;"), 2);  // no placeholder left
 
@@ -221,8 +221,8 @@ TEST_F(CatalogueTest, IdsAreNeverHandedOutTwiceAcrossRemovalsAndRestarts) {
 TEST_F(CatalogueTest, ACatalogueWithoutIdMarksGetsThemFromItsRows) {
   const int vol = AddVolume("1", 3);
   const int path = AddPath(vol, "\\A\\");
-  AddFile(vol, path, "a.mp3");
-  const int last = AddFile(vol, path, "b.mp3");
+  AddFile(path, "a.mp3");
+  const int last = AddFile(path, "b.mp3");
   db.ExecuteChange("DELETE FROM Configs;");  // as a catalogue of an older version
   MediaDB reopened;
   ASSERT_EQ(reopened.Open(folder.Path() + "/"), 0);
