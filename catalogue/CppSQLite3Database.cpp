@@ -129,6 +129,8 @@ int CppSQLite3Database::ExecutePrepared(const char* sql, std::initializer_list<B
     ++index;
     if (const int* number = std::get_if<int>(&value))
       sqlite3_bind_int(statement, index, *number);
+    else if (const std::int64_t* wide = std::get_if<std::int64_t>(&value))
+      sqlite3_bind_int64(statement, index, *wide);
     else {
       const std::string_view text = std::get<std::string_view>(value);
       sqlite3_bind_text(statement, index, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);

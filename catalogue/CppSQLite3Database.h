@@ -50,7 +50,7 @@ class CppSQLite3Database {
   // in order; returns the number of rows changed. The statement is prepared
   // on its first run and kept until Close: sql is its key, so it must be a
   // text that lives as long as the program (a literal).
-  using BoundValue = std::variant<int, std::string_view>;
+  using BoundValue = std::variant<int, std::int64_t, std::string_view>;
   int ExecutePrepared(const char* sql, std::initializer_list<BoundValue> values);
   std::int64_t LastInsertId() const;
   // Rows inserted, changed or deleted through this connection since it opened.

@@ -131,6 +131,12 @@ int CppSQLite3ResultSet::FieldInt(int index, int nullValue) const {
   return text ? std::atoi(text) : 0;
 }
 
+std::int64_t CppSQLite3ResultSet::FieldInt64(int index, std::int64_t nullValue) const {
+  if (FieldIsNull(index)) return nullValue;
+  const char* text = FieldText(index);
+  return text ? std::strtoll(text, nullptr, 10) : 0;
+}
+
 int CppSQLite3ResultSet::FieldInt(const char* name, int nullValue) const {
   return FieldInt(FieldIndex(name), nullValue);
 }

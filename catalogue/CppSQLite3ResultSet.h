@@ -39,6 +39,8 @@ class CppSQLite3ResultSet {
   // nullValue for an SQL NULL, otherwise the leading integer of the text (atoi).
   int FieldInt(int index, int nullValue) const;
   int FieldInt(const char* name, int nullValue) const;
+  // The column as a 64-bit integer; nullValue for an SQL NULL.
+  std::int64_t FieldInt64(int index, std::int64_t nullValue) const;
 
   void Finalize();
 

@@ -39,12 +39,17 @@ constexpr TableDefinition kTables[] = {
 // transaction still survives a killed process.
 constexpr const char* kJournalSettings = "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;";
 
-// What the statements look rows up by, beside the tables (a catalogue made
-// without them gains them when next opened for writing).
-constexpr const char* kIndexes[] = {
+// The catalogue's own additions beside the five tables: what the statements
+// look rows up by, and the file stamps (a catalogue made without them gains
+// them when next opened for writing).
+constexpr const char* kAdditions[] = {
     "CREATE INDEX IF NOT EXISTS vantrelle_files_by_path ON MediaFiles(PathID);",
     "CREATE INDEX IF NOT EXISTS vantrelle_paths_by_volume ON MediaPaths(VolID,ParentID);",
     "CREATE INDEX IF NOT EXISTS vantrelle_paths_by_parent ON MediaPaths(ParentID);",
+    // A file's modification time and size when its tags were read, so that a
+    // scan reads a changed file again. Other programs on the catalogue ignore it.
+    "CREATE TABLE IF NOT EXISTS vantrelle_file_stamps(FileID INTEGER PRIMARY KEY, ModifiedNs INTEGER, "
+    "Size INTEGER);",
 };
 
 bool Holds(const std::vector<std::string>& names, const char* name) {
@@ -71,7 +76,7 @@ int MediaDB::Open(const std::string& programFolder, const std::function<void()>&
     if (created && fillNewCatalogue) fillNewCatalogue();
     Commit();
   }
-  for (const char* index : kIndexes) ExecuteChange(index);
+  for (const char* addition : kAdditions) ExecuteChange(addition);
   idMarks_.Start();
   return created ? 1 : 0;
 }

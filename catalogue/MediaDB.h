@@ -114,6 +114,8 @@ class MediaDB {
   int SetPathsDirtyBit(const IdList& pathIds, int bit);
   int SetFilesDirtyBit(const IdList& fileIds, int bit);
   int DeleteFiles(const IdList& fileIds);
+  // Keeps what the file was like when its tags were read (vantrelle_file_stamps).
+  int SetFileStamp(int fileId, const FileStamp& stamp);
   int DeletePaths(const IdList& pathIds);
   // How many files of these folders have a Type above the given one.
   int CountFilesOfTypeAbove(const IdList& pathIds, int type);

@@ -31,7 +31,8 @@ std::vector<PathRow> MediaDB::GetVolumePathRows(int volId) {
 namespace {
 
 constexpr const char* kVolumeFileRows =
-    "SELECT FileID,PathID,FileName,ScanState,DirtyBit FROM MediaFiles WHERE VolID=%d;";
+    "SELECT f.FileID,f.PathID,f.FileName,f.ScanState,f.DirtyBit,s.ModifiedNs,s.Size "
+    "FROM MediaFiles f LEFT JOIN vantrelle_file_stamps s ON s.FileID=f.FileID WHERE f.VolID=%d;";
 
 }  // namespace
 
@@ -85,7 +86,14 @@ int MediaDB::SetFilesDirtyBit(const IdList& fileIds, int bit) {
 
 int MediaDB::DeleteFiles(const IdList& fileIds) {
   idMarks_.NoteRemoval(IdKind::File);
+  ExecuteForIds("DELETE FROM vantrelle_file_stamps WHERE FileID IN (%s);", fileIds);
   return ExecuteForIds("DELETE FROM MediaFiles WHERE FileID IN (%s);", fileIds);
+}
+
+int MediaDB::SetFileStamp(int fileId, const FileStamp& stamp) {
+  return ExecutePreparedChange(
+      "INSERT OR REPLACE INTO vantrelle_file_stamps(FileID,ModifiedNs,Size) VALUES (?,?,?);",
+      {fileId, stamp.modifiedNs, stamp.size});
 }
 
 int MediaDB::DeletePaths(const IdList& pathIds) {

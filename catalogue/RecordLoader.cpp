@@ -79,7 +79,7 @@ void LoadRecord(const CppSQLite3ResultSet& row, PathRow& path) {
 
 void LoadRecord(const CppSQLite3ResultSet& row, FileRow& file) {
   file = {row.FieldInt(0, 0), row.FieldInt(1, 0), TextAt(row, 2), row.FieldInt(3, 0),
-          row.FieldInt(4, 0)};
+          row.FieldInt(4, 0), {row.FieldInt64(5, 0), row.FieldInt64(6, -1)}};
 }
 
 void LoadRecord(const CppSQLite3ResultSet& row, PathNodeRow& path) {

@@ -82,12 +82,25 @@ struct PathRow {
   std::int32_t DirtyBit = 0;
 };
 
+// A file as it was when its tags were read: its modification time and size.
+// A file whose stamp differs is read again by the next scan.
+struct FileStamp {
+  std::int64_t modifiedNs = 0;
+  std::int64_t size = -1;  // -1: not known (read before stamps were kept)
+  bool Known() const { return size >= 0; }
+  bool operator==(const FileStamp&) const = default;
+  // Kept for a file the reader could not read, so that the next scan tries
+  // again: no readable audio file is empty and from 1970.
+  static FileStamp Unread() { return {0, 0}; }
+};
+
 struct FileRow {
   std::int32_t FileID = 0;
   std::int32_t PathID = 0;
   std::string FileName;
   std::int32_t ScanState = 0;
   std::int32_t DirtyBit = 0;
+  FileStamp Stamp;
 };
 
 // What the library tree shows of a folder.

@@ -33,11 +33,9 @@ int RescanCommand::Run(CLibraryApp& app, std::FILE*) {
   NoFolderPicker picker;
   ConsoleProgressDialog dialog(app.Platform().messages, stderr, isatty(STDERR_FILENO) == 1);
   ScanCommands scans(app.Scanner(), app.Drives(), app.Settings(), picker, dialog);
-  if (kind_ == "volume")
-    app.Commands().RescanVolume(id_, scans);
-  else
-    app.Commands().RescanFolder(id_, scans);
-  return 0;
+  const bool scanned =
+      kind_ == "volume" ? app.Commands().RescanVolume(id_, scans) : app.Commands().RescanFolder(id_, scans);
+  return scanned ? 0 : 1;
 }
 
 RemoveCommand::RemoveCommand(CLI::App& parent)

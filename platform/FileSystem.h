@@ -44,6 +44,7 @@ struct Listing {
 struct FileFacts {
   std::string name;  // the name as the file system stores it
   std::int64_t size = 0;
+  std::int64_t modifiedNs = 0;  // last modification, nanoseconds since 1970
 };
 
 // What copying one file came to: copied; an entry of the target's name was

@@ -85,7 +85,9 @@ std::optional<FileFacts> LinuxFileSystem::Stat(const std::string& path) const {
   auto facts = StatFollowingLinks(local);
   if (!facts) return std::nullopt;
   std::int64_t size = S_ISREG(facts->st_mode) ? static_cast<std::int64_t>(facts->st_size) : 0;
-  return FileFacts{LastComponent(local), size};
+  const std::int64_t modified =
+      static_cast<std::int64_t>(facts->st_mtim.tv_sec) * 1'000'000'000 + facts->st_mtim.tv_nsec;
+  return FileFacts{LastComponent(local), size, modified};
 }
 
 bool LinuxFileSystem::Exists(const std::string& path) const {

@@ -79,11 +79,14 @@ std::vector<std::string> CDriveServices::ListMediaFiles(const std::string& folde
 
 std::unique_ptr<CMediaFile> CDriveServices::MakeFileRecord(const std::string& fullPath) const {
   const auto facts = files_.Stat(fullPath);
-  if (!facts) return nullptr;
+  return facts ? FileRecordOf(*facts) : nullptr;
+}
+
+std::unique_ptr<CMediaFile> CDriveServices::FileRecordOf(const platform::FileFacts& facts) {
   auto file = std::make_unique<CMediaFile>();
-  file->FileName = facts->name;
-  file->Size = facts->size;
-  file->Type = GetFileType(facts->name, AudioFormats::Every);
+  file->FileName = facts.name;
+  file->Size = facts.size;
+  file->Type = GetFileType(facts.name, AudioFormats::Every);
   return file;
 }
 

@@ -10,6 +10,7 @@
 #include "catalogue/Records.h"
 
 namespace platform {
+struct FileFacts;
 class DriveTable;
 class FileSystem;
 class MessageBox;
@@ -44,6 +45,8 @@ class CDriveServices {
 
   // A new record for a file (name as stored, size, type), or none when missing.
   std::unique_ptr<CMediaFile> MakeFileRecord(const std::string& fullPath) const;
+  // The same from what a look at the file found.
+  static std::unique_ptr<CMediaFile> FileRecordOf(const platform::FileFacts& facts);
 
   // Removes the files of a folder; sub-folders stay; failures are ignored.
   void DeleteFilesInFolder(const std::string& folder) const;

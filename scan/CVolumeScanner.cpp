@@ -26,7 +26,8 @@ CVolumeScanner::CVolumeScanner(MediaDB& db, CDriveServices& drives, TagReader& r
       discovery_(db, drives, progress_, report_),
       tags_(db, reader, messages, progress_, report_, ReaderThreads()) {}
 
-void CVolumeScanner::Prepare(int kind, const std::string& root, AudioFormats formats) {
+void CVolumeScanner::Prepare(int kind, const std::string& root, AudioFormats formats,
+                             std::optional<ExpectedVolume> expected) {
   progress_.progress = 0;
   progress_.done = false;
   progress_.cancel = false;
@@ -36,6 +37,7 @@ void CVolumeScanner::Prepare(int kind, const std::string& root, AudioFormats for
   requestedKind_ = kind;
   scanRoot_ = root;
   formats_ = formats;
+  expected_ = std::move(expected);
 }
 
 int CVolumeScanner::FilesLeftOut(const std::string& root, AudioFormats formats) {
@@ -64,24 +66,47 @@ std::string CVolumeScanner::RootRefusal(const std::string& root) const {
   return "";
 }
 
+std::string CVolumeScanner::VolumeRefusal(const std::string& drive,
+                                          const ExpectedVolume& expected) const {
+  const auto volume = drives_.ReadVolumeInfo(drive);
+  if (!volume || volume->SerialNo == expected.serialNo) return "";
+  return FillMessage(ScanReport::kOtherVolume, {drive, expected.name, expected.serialNo});
+}
+
+bool CVolumeScanner::StillThere(const std::optional<platform::FolderIdentity>& root,
+                                const std::string& serialNo) const {
+  if (drives_.Files().Identity(scanRoot_) != root) return false;
+  const auto volume = drives_.ReadVolumeInfo(scanRoot_.substr(0, 1));
+  return volume && volume->SerialNo == serialNo;
+}
+
 void CVolumeScanner::Scan() {
-  // Nothing is recorded or removed for a root that is not there.
-  if (std::string refusal = RootRefusal(scanRoot_); !refusal.empty()) {
+  // Nothing is recorded or removed for a root that is not there, nor for a
+  // drive that holds another volume than the one to rescan.
+  std::string refusal = RootRefusal(scanRoot_);
+  if (refusal.empty() && expected_) refusal = VolumeRefusal(scanRoot_.substr(0, 1), *expected_);
+  if (!refusal.empty()) {
     report_.Refuse(std::move(refusal));
     return;
   }
+  const auto rootIdentity = drives_.Files().Identity(scanRoot_);
   const int volId = discovery_.FindOrAddVolume(scanRoot_);
   if (volId == -1) {
     report_.Refuse(FillMessage(ScanReport::kNotThere, {scanRoot_}));
     return;
   }
+  const std::string serialNo = db_.GetVolumeSerial(volId);
 
   progress_.SetStatus(kSearching);
   discovery_.BeginWalk(scanRoot_, formats_);
   discovery_.MarkSubtreeDirty(scanRoot_, volId);
   discovery_.RecordMediaFolders(scanRoot_, volId);
-  // The root went away since it was looked at: the dirty bits, set in memory
-  // only, are dropped with the sweep that does not run.
+  // The root went away since it was looked at, or the disk was unplugged or
+  // swapped during the walk, so that what it missed says nothing of what the
+  // volume holds: nothing is removed. The dirty bits, set in memory only, are
+  // dropped with the sweep that does not run.
+  if (report_.Refusal().empty() && !StillThere(rootIdentity, serialNo))
+    report_.Refuse(FillMessage(ScanReport::kNotThere, {scanRoot_}));
   if (!report_.Refusal().empty()) return;
   discovery_.SweepSubtree(scanRoot_, volId);
 
@@ -91,4 +116,6 @@ void CVolumeScanner::Scan() {
   tags_.Run(scanRoot_, localRoot.starts_with('/') ? localRoot : "", volId, discovery_.Index());
   db_.Commit();
   tagPhaseTime_ = std::chrono::steady_clock::now() - tagPhaseStart;
+  // Files the reader could not reach are read again by the next scan.
+  if (!StillThere(rootIdentity, serialNo)) report_.Refuse(FillMessage(ScanReport::kNotThere, {scanRoot_}));
 }

@@ -4,9 +4,11 @@
 // progress. Prepare on the user-interface thread, then Run on the worker.
 
 #include <chrono>
+#include <optional>
 #include <string>
 
 #include "base/WorkerProgress.h"
+#include "platform/FileSystem.h"
 #include "scan/DiscoveryScan.h"
 #include "scan/ScanReport.h"
 #include "scan/TagScan.h"
@@ -23,13 +25,21 @@ class CVolumeScanner {
  public:
   static constexpr const char* kSearching = "Searching for Media files...";
 
+  // The volume a rescan expects to find in the root's drive.
+  struct ExpectedVolume {
+    std::string serialNo;
+    std::string name;
+  };
+
   CVolumeScanner(MediaDB& db, CDriveServices& drives, TagReader& reader,
                  platform::MessageBox& messages);
 
   // kind: 5 for a CD, 3 for a disk folder (recorded only: the volume's type
   // comes from its drive). root: a normalised folder with its drive. Files
   // of other formats under the root are removed as if they had vanished.
-  void Prepare(int kind, const std::string& root, AudioFormats formats = AudioFormats::Classic);
+  // With an expected volume, a drive that holds another one is not scanned.
+  void Prepare(int kind, const std::string& root, AudioFormats formats = AudioFormats::Classic,
+               std::optional<ExpectedVolume> expected = std::nullopt);
 
   // How many files the catalogue holds under a normalised root that a scan
   // with these formats would remove for their format alone. Reads the drive's
@@ -42,6 +52,9 @@ class CVolumeScanner {
   // Why a normalised root cannot be scanned now, "" when it can: its drive or
   // its folder is not there, or it holds system files. Any thread.
   std::string RootRefusal(const std::string& root) const;
+  // Why a drive cannot be rescanned for the expected volume, "" when it
+  // holds that volume (or none: the root is then not there). Any thread.
+  std::string VolumeRefusal(const std::string& drive, const ExpectedVolume& expected) const;
 
   WorkerProgress& Progress() { return progress_; }
   // What the last scan has to tell once it is done.
@@ -55,6 +68,8 @@ class CVolumeScanner {
 
  private:
   void Scan();
+  // Whether the root is still the folder the scan began on, on the same volume.
+  bool StillThere(const std::optional<platform::FolderIdentity>& root, const std::string& serialNo) const;
 
   MediaDB& db_;
   CDriveServices& drives_;
@@ -64,6 +79,7 @@ class CVolumeScanner {
   TagScan tags_;
   std::string scanRoot_;
   AudioFormats formats_ = AudioFormats::Classic;
+  std::optional<ExpectedVolume> expected_;
   int requestedKind_ = 0;
   bool completed_ = false;  // written by the worker before done
   std::chrono::steady_clock::duration tagPhaseTime_{};

@@ -15,6 +15,14 @@
 #include "scan/Paths.h"
 #include "scan/ScanReport.h"
 
+namespace {
+
+// Whether a name of an audio type matches "*.mp3" (or another ending): a
+// file named just "mp3" is of that type but does not.
+bool HasAudioEnding(const std::string& audioName) { return audioName.find('.') != std::string::npos; }
+
+}  // namespace
+
 DiscoveryScan::DiscoveryScan(MediaDB& db, CDriveServices& drives, WorkerProgress& progress,
                              ScanReport& report)
     : db_(db), drives_(drives), progress_(progress), report_(report) {}
@@ -94,39 +102,90 @@ int DiscoveryScan::Visit(const std::string& folder, const std::string& listed) {
     else if (entry.IsFile() && GetFileType(entry.name, formats_) != kNotMedia)
       names.push_back(entry.name);
   }
-  wayDown_.push_back({folder, -1});
-  int count = names.empty() ? 0 : RecordFiles(listed, names);
+  wayDown_.push_back({folder, listed, -1});
+  // A folder holds audio when a name ends in ".mp3" (or another ending); a
+  // file named just "mp3" is recorded only in a folder that is recorded anyway.
+  const bool holdsAudio = std::any_of(names.begin(), names.end(), HasAudioEnding);
+  int count = holdsAudio ? RecordFiles(listed, names) : 0;
   for (const std::string& name : subfolders)
     count += Visit(NormalizeFolder(folder + name), SubfolderPath(listed, name));
+  if (!holdsAudio && !names.empty() && wayDown_.back().pathId != -1) count += RecordFiles(listed, names);
   wayDown_.pop_back();
   return count;
 }
 
 // The folder at the end of the way down, with its audio files.
 int DiscoveryScan::RecordFiles(const std::string& listed, const std::vector<std::string>& names) {
-  // A folder that gains no row needs no transaction; one that does gains its
-  // rows in one, shared with the folders around it.
-  const bool adds = WayDownAddsRows(names);
-  if (adds) adding_.Open(db_);
+  const std::vector<Sighting> files = LookAt(listed, names);
+  // A folder that changes no row needs no transaction; one that does changes
+  // them in one, shared with the folders around it.
+  const bool writes = WayDownAddsFolders() || std::any_of(files.begin(), files.end(), [](const Sighting& file) {
+                        return file.stampChanged || (file.fileId == -1 && file.facts);
+                      });
+  if (writes) adding_.Open(db_);
   const int pathId = RecordWayDown();
-  // The Linux path serves all of the folder's new files.
-  const std::string& folder = wayDown_.back().folder;
-  const std::string localFolder = listed.starts_with('/') ? listed : "";
-  for (const std::string& name : names) {
-    const std::string localPath = localFolder.empty() ? "" : localFolder + name;
-    const int fileId = FindOrAddFile(MakeFullPath("", folder, name), pathId, volId_, localPath);
-    if (fileId != -1) index_.SetFileDirtyBit(fileId, 0);
-  }
-  if (adds) adding_.Added(db_, names.size());
+  for (const Sighting& file : files) Record(file, pathId);
+  if (writes) adding_.Added(db_, names.size());
   return static_cast<int>(names.size());
 }
 
-bool DiscoveryScan::WayDownAddsRows(const std::vector<std::string>& names) const {
-  for (const Visited& visited : wayDown_)
-    if (visited.pathId == -1 && index_.FindPath(GetFolderPart(visited.folder)) == -1) return true;
-  const int known = index_.FindPath(GetFolderPart(wayDown_.back().folder));
-  return std::any_of(names.begin(), names.end(),
-                     [&](const std::string& name) { return index_.FindFile(known, name) == -1; });
+// One look at each file: what it is now, and whether it changed since its
+// tags were read.
+std::vector<DiscoveryScan::Sighting> DiscoveryScan::LookAt(const std::string& listed,
+                                                           const std::vector<std::string>& names) const {
+  const std::string& folder = wayDown_.back().folder;
+  const int knownFolder = index_.FindPath(GetFolderPart(folder));
+  // The Linux path serves all of the folder's files.
+  const bool local = listed.starts_with('/');
+  std::vector<Sighting> files;
+  files.reserve(names.size());
+  for (const std::string& name : names) {
+    Sighting file;
+    file.name = name;
+    file.path = local ? listed + name : MakeFullPath("", folder, name);
+    file.fileId = knownFolder == -1 ? -1 : index_.FindFile(knownFolder, name);
+    file.facts = drives_.Files().Stat(file.path);
+    if (file.facts && file.fileId != -1) {
+      const FileStamp now{file.facts->modifiedNs, file.facts->size};
+      file.stampChanged = index_.StampDiffers(file.fileId, now);
+      // A file read before stamps were kept gains one without being read again.
+      file.readAgain = file.stampChanged && index_.HasStamp(file.fileId);
+    }
+    files.push_back(std::move(file));
+  }
+  return files;
+}
+
+void DiscoveryScan::Record(const Sighting& file, int pathId) {
+  if (file.fileId == -1) {
+    if (!file.facts) return;  // it went away since the folder was listed
+    auto record = CDriveServices::FileRecordOf(*file.facts);
+    record->VolID = volId_;
+    record->PathID = pathId;
+    db_.AddFile(*record);
+    report_.FileAdded();
+    index_.AddFile({record->FileID, pathId, record->FileName, record->ScanState, record->DirtyBit, {}});
+    const FileStamp stamp{file.facts->modifiedNs, file.facts->size};
+    db_.SetFileStamp(record->FileID, stamp);
+    index_.SetFileStamp(record->FileID, stamp);
+    return;
+  }
+  // A file seen again stays, even one that could not be looked at just now.
+  index_.SetFileDirtyBit(file.fileId, 0);
+  if (!file.stampChanged) return;
+  const FileStamp stamp{file.facts->modifiedNs, file.facts->size};
+  db_.SetFileStamp(file.fileId, stamp);
+  index_.SetFileStamp(file.fileId, stamp);
+  if (file.readAgain && index_.FileScanState(file.fileId) != 0) {
+    db_.SetFileScanState(file.fileId, 0);
+    index_.SetFileScanState(file.fileId, 0);
+  }
+}
+
+bool DiscoveryScan::WayDownAddsFolders() const {
+  return std::any_of(wayDown_.begin(), wayDown_.end(), [&](const Visited& visited) {
+    return visited.pathId == -1 && index_.FindPath(GetFolderPart(visited.folder)) == -1;
+  });
 }
 
 int DiscoveryScan::RecordWayDown() {
@@ -158,15 +217,27 @@ void DiscoveryScan::KeepUnlisted(const std::string& folder, platform::ListingSta
 }
 
 // A folder that could not be listed is kept, and so is a root that is not
-// there; a folder gone from a folder that could be listed is gone.
+// there; a folder is gone only when its parent, listed again, no longer
+// holds it. (A disk that went away takes the parent with it: the volume is
+// checked again before anything is removed.)
 bool DiscoveryScan::KeepsUnlisted(const std::string& folder, platform::ListingStatus status) {
-  if (status == platform::ListingStatus::Unreadable) {
-    report_.FolderNotRead(folder);
+  const bool missing = status == platform::ListingStatus::Missing;
+  if (missing && folder == root_) {
+    report_.Refuse(FillMessage(ScanReport::kNotThere, {folder}));
     return true;
   }
-  if (folder != root_) return false;
-  report_.Refuse(FillMessage(ScanReport::kNotThere, {folder}));
+  if (missing && GoneFromParent(folder)) return false;
+  report_.FolderNotRead(folder);
   return true;
+}
+
+bool DiscoveryScan::GoneFromParent(const std::string& folder) const {
+  if (wayDown_.empty()) return false;
+  const platform::Listing parent = drives_.Files().List(wayDown_.back().listed, "*.*");
+  if (!parent.Listed()) return false;
+  const std::string name = GetFolderName(folder);
+  return std::none_of(parent.entries.begin(), parent.entries.end(),
+                      [&](const platform::DirEntry& entry) { return entry.name == name; });
 }
 
 void DiscoveryScan::KeepStoredSubtree(const std::string& folder) {
@@ -229,14 +300,12 @@ int DiscoveryScan::FindOrAddFile(const std::string& fullPath, int pathId, int vo
                                  const std::string& localPath) {
   const int found = index_.FindFile(pathId, GetFileNamePart(fullPath));
   if (found != -1) return found;
-  auto file = drives_.MakeFileRecord(localPath.empty() ? fullPath : localPath);
-  if (!file) return -1;
-  file->VolID = volId;
-  file->PathID = pathId;
-  db_.AddFile(*file);
-  report_.FileAdded();
-  index_.AddFile({file->FileID, pathId, file->FileName, file->ScanState, file->DirtyBit});
-  return file->FileID;
+  Sighting file;
+  file.facts = drives_.Files().Stat(localPath.empty() ? fullPath : localPath);
+  if (!file.facts) return -1;
+  volId_ = volId;
+  Record(file, pathId);
+  return index_.FindFile(pathId, file.facts->name);
 }
 
 void DiscoveryScan::SweepSubtree(const std::string& root, int volId) {

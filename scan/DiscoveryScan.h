@@ -6,7 +6,9 @@
 //
 // Only regular files are recorded. A folder that cannot be listed is never
 // taken for an empty one: its rows and those of everything stored below it
-// are kept as they are. The walk stays below the root: it never enters the
+// are kept as they are, unless its parent, listed again, no longer holds it.
+// A file seen again whose modification time or size differs from when its
+// tags were read is set to be read again. The walk stays below the root: it never enters the
 // folders above it nor those that are off limits, and enters every folder
 // once, however many links lead to it.
 //
@@ -19,6 +21,7 @@
 // the progress line (folders searched) and the report.
 
 #include <cstdint>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -51,7 +54,7 @@ class DiscoveryScan {
   void MarkSubtreeDirty(const std::string& root, int volId);
 
   // Walks the root's folders, recording each folder with audio files in it or
-  // below it, and its audio files (one transaction a folder that gains rows);
+  // below it, and its audio files (new rows go in batched transactions);
   // returns the number of audio files recorded. A folder reached twice
   // (through links) is entered once. Stops descending once cancelled.
   int RecordMediaFolders(const std::string& root, int volId);
@@ -78,16 +81,31 @@ class DiscoveryScan {
   // turns up in it or below it.
   struct Visited {
     std::string folder;
+    std::string listed;
     int pathId = -1;
+  };
+  // An audio file of the folder being visited, as a look at it found it.
+  struct Sighting {
+    std::string name;
+    std::string path;  // to look at it by: its Linux path when known
+    int fileId = -1;   // -1: not recorded yet
+    std::optional<platform::FileFacts> facts;  // none: it went away meanwhile
+    bool stampChanged = false;  // a new stamp is to be kept
+    bool readAgain = false;     // changed since its tags were read
   };
 
   // folder is the normalised drive path, listed the path to list it by.
   int Visit(const std::string& folder, const std::string& listed);
   int RecordFiles(const std::string& listed, const std::vector<std::string>& names);
+  std::vector<Sighting> LookAt(const std::string& listed, const std::vector<std::string>& names) const;
+  void Record(const Sighting& file, int pathId);
+  // Whether a folder that could not be listed is gone: its parent, listed
+  // again, no longer holds it.
+  bool GoneFromParent(const std::string& folder) const;
   // Records the folders of the way down that are not recorded yet, top down;
   // the PathID of the last one (-1 when the way is empty).
   int RecordWayDown();
-  bool WayDownAddsRows(const std::vector<std::string>& names) const;
+  bool WayDownAddsFolders() const;
   IdList SubtreeOf(const std::string& root, int volId);
   // The files the index holds for the folders.
   IdList FilesOf(const IdList& paths) const;

@@ -16,21 +16,24 @@ ScanCommands::ScanCommands(CVolumeScanner& scanner, CDriveServices& drives, CApp
                            platform::FolderPicker& picker, WorkerDialogHost& dialogs)
     : scanner_(scanner), drives_(drives), settings_(settings), picker_(picker), dialogs_(dialogs) {}
 
-void ScanCommands::ScanVolume(int kind, const std::string& root) {
+bool ScanCommands::ScanVolume(int kind, const std::string& root,
+                              std::optional<CVolumeScanner::ExpectedVolume> expected) {
   const std::string folder = CanonicalFolder(root);
   // A root that cannot be scanned is said so at once, and nothing changes.
   if (const std::string refusal = scanner_.RootRefusal(folder); !refusal.empty()) {
     drives_.Messages().Show(refusal, platform::Buttons::Ok, platform::Icon::Information);
-    return;
+    return false;
   }
+  if (expected && !HoldsExpected(folder.substr(0, 1), *expected)) return false;
   const AudioFormats formats = Formats();
-  if (!MayRemoveLeftOut(folder, formats)) return;
-  scanner_.Prepare(kind, folder, formats);
+  if (!MayRemoveLeftOut(folder, formats)) return true;
+  scanner_.Prepare(kind, folder, formats, std::move(expected));
   dialogs_.RunWorkerDialog(CScanDlg::kCaption, [this](WorkerDialogView& view, platform::MessageBox& messages) {
     return std::make_unique<CScanDlg>(scanner_, messages, view);
   });
   if (libraryChanged_) libraryChanged_();
   ReportScan();
+  return scanner_.Report().Refusal().empty();
 }
 
 void ScanCommands::ReportScan() const {
@@ -52,6 +55,14 @@ bool ScanCommands::MayRemoveLeftOut(const std::string& folder, AudioFormats form
 
 std::string ScanCommands::CanonicalFolder(const std::string& root) const {
   return NormalizeFolder(drives_.CanonicalPath(root));
+}
+
+bool ScanCommands::HoldsExpected(const std::string& drive,
+                                 const CVolumeScanner::ExpectedVolume& expected) {
+  const std::string refusal = scanner_.VolumeRefusal(drive, expected);
+  if (refusal.empty()) return true;
+  drives_.Messages().Show(refusal, platform::Buttons::Ok, platform::Icon::Information);
+  return false;
 }
 
 void ScanCommands::AddCd() {

@@ -5,13 +5,14 @@
 // User-interface thread only.
 
 #include <functional>
+#include <optional>
 #include <string>
 
+#include "scan/CVolumeScanner.h"
 #include "scan/Paths.h"
 
 class CAppSettings;
 class CDriveServices;
-class CVolumeScanner;
 class WorkerDialogHost;
 
 namespace platform {
@@ -44,7 +45,14 @@ class ScanCommands {
   // root that is not there or holds system files is not scanned: a message
   // says why. A scan that would remove files for their format alone (the
   // setting for every audio format was turned off) asks first.
-  void ScanVolume(int kind, const std::string& root);
+  // With an expected volume, a drive that holds another one is not scanned.
+  // False when the scan was refused (the message said why) or the root went
+  // away during it.
+  bool ScanVolume(int kind, const std::string& root,
+                  std::optional<CVolumeScanner::ExpectedVolume> expected = std::nullopt);
+  // False, once the message said so, when the drive holds another volume
+  // than the one expected.
+  bool HoldsExpected(const std::string& drive, const CVolumeScanner::ExpectedVolume& expected);
   void AddCd();
   void AddHd();
   // Add HD with the folder already chosen (a drive path), as the console does.

@@ -22,6 +22,8 @@ class ScanReport {
  public:
   static constexpr const char* kNotThere = "The folder %s is not there. Its entries were kept.";
   static constexpr const char* kSystemFolder = "The folder %s holds system files and is not scanned.";
+  static constexpr const char* kOtherVolume =
+      "Drive %s: holds another volume, not \"%s\" (serial %s). Nothing was scanned.";
 
   // Forgets the last scan; skipped files count when they are of the formats.
   void Clear(AudioFormats formats = AudioFormats::Classic);

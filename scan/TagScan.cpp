@@ -136,11 +136,17 @@ void TagScan::Run(const std::string& root, const std::string& localRoot, int vol
         record.PathID = static_cast<int>(pathId);
         record.VolID = volId;
         record.FileName = index.FileName(fileId);
+        bool unreadable = false;
         ScanFileTags(record, [&](CMediaFile& file) {
           const CMediaFile read = readAhead.Take(taken++);
-          if (ReadNothing(read)) report_.FileUnreadable();
+          unreadable = ReadNothing(read);
           CopyTagsAndProperties(read, file);
         });
+        if (unreadable) {
+          report_.FileUnreadable();
+          // A disk unplugged meanwhile, or a file being written: tried again next time.
+          db_.SetFileStamp(fileId, FileStamp::Unread());
+        }
         index.SetFileScanState(fileId, kStored);
         progress_.SetOverall(CountOfTotal(static_cast<std::int64_t>(taken), total, "file", "files"));
       }

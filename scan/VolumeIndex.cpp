@@ -52,6 +52,18 @@ VolumeIndex::FileSlot* VolumeIndex::Slot(int fileId) {
 
 std::string_view VolumeIndex::FileName(int fileId) const { return NameOf(*Slot(fileId)); }
 
+std::uint64_t VolumeIndex::Digest(const FileStamp& stamp) {
+  if (!stamp.Known()) return kNoStamp;
+  std::uint64_t mixed = static_cast<std::uint64_t>(stamp.modifiedNs) * 0x9E3779B97F4A7C15ull;
+  mixed ^= static_cast<std::uint64_t>(stamp.size) + 0x632BE59BD9B4E019ull + (mixed << 6) + (mixed >> 2);
+  mixed ^= mixed >> 31;
+  return mixed == kNoStamp ? 1 : mixed;
+}
+
+void VolumeIndex::SetFileStamp(int fileId, const FileStamp& stamp) {
+  if (FileSlot* slot = Slot(fileId)) slot->stamp = Digest(stamp);
+}
+
 void VolumeIndex::SetFileScanState(int fileId, int state) {
   if (FileSlot* slot = Slot(fileId)) slot->scanState = static_cast<std::int8_t>(std::clamp(state, -128, 127));
 }
@@ -73,6 +85,7 @@ void VolumeIndex::AddPath(const PathRow& row) {
 
 void VolumeIndex::AddFile(const FileRow& row) {
   FileSlot slot;
+  slot.stamp = Digest(row.Stamp);
   slot.id = row.FileID;
   slot.pathId = row.PathID;
   slot.nameAt = static_cast<std::uint32_t>(names_.size());

@@ -35,6 +35,12 @@ class VolumeIndex {
   int FileScanState(int fileId) const { return Slot(fileId)->scanState; }
   int FileDirtyBit(int fileId) const { return Slot(fileId)->dirty; }
   void SetFileScanState(int fileId, int state);
+  // Whether the file's stamp is known, and whether it differs from this one
+  // (files of the same stamp digest alike; a change that keeps the digest is
+  // as likely as two random 64-bit numbers meeting).
+  bool HasStamp(int fileId) const { return Slot(fileId)->stamp != kNoStamp; }
+  bool StampDiffers(int fileId, const FileStamp& stamp) const { return Slot(fileId)->stamp != Digest(stamp); }
+  void SetFileStamp(int fileId, const FileStamp& stamp);
   // The folder's files, in the order the catalogue keeps them.
   const std::vector<int>& FilesOf(int pathId) const;
   // Every folder of the volume, in the order the catalogue keeps them.
@@ -67,9 +73,13 @@ class VolumeIndex {
     std::int32_t storedDirty = 0;
     std::vector<int> files;
   };
-  // 16 bytes a file. Names are at most 255 bytes on Linux file systems; scan
+  static constexpr std::uint64_t kNoStamp = 0;
+  static std::uint64_t Digest(const FileStamp& stamp);
+
+  // 24 bytes a file. Names are at most 255 bytes on Linux file systems; scan
   // states are small numbers (kept within a byte).
   struct FileSlot {
+    std::uint64_t stamp = kNoStamp;
     std::int32_t id = 0;
     std::int32_t pathId = 0;
     std::uint32_t nameAt = 0;

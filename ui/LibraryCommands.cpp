@@ -45,31 +45,46 @@ bool LibraryCommands::RemovePlayList(int playListId) {
   return true;
 }
 
-void LibraryCommands::RescanVolume(int volId, ScanCommands& scans) {
-  const int volType = db_.GetVolumeType(volId);
-  if (volType == platform::kDriveCdRom) {
-    const std::string& drive = settings_.cdDrive;
-    if (drives_.WaitForVolume(drive, db_.GetVolumeSerial(volId), kInsertCorrectCd) == -1) return;
-    scans.ScanVolume(platform::kDriveCdRom, MakeFullPath(drive, "\\", ""));
-  } else if (volType == platform::kDriveFixed) {
-    // The roots are read before the first scan changes the catalogue.
-    const std::string drive = db_.GetVolumeDrive(volId);
-    std::vector<std::string> roots;
-    for (std::int32_t pathId : db_.GetVolumeRootPathIds(volId))
-      roots.push_back(MakeFullPath(drive, db_.GetPathFullPath(static_cast<int>(pathId)), ""));
-    for (const std::string& root : roots) scans.ScanVolume(platform::kDriveFixed, root);
-  }
+namespace {
+
+CVolumeScanner::ExpectedVolume Expected(const CMediaVolume& volume) {
+  return {volume.SerialNo, volume.DisplayName.empty() ? volume.Name : volume.DisplayName};
 }
 
-void LibraryCommands::RescanFolder(int pathId, ScanCommands& scans) {
+}  // namespace
+
+bool LibraryCommands::RescanVolume(int volId, ScanCommands& scans) {
+  const auto volume = db_.GetVolume(volId);
+  if (!volume) return true;
+  if (volume->VolType == platform::kDriveCdRom) {
+    const std::string& drive = settings_.cdDrive;
+    if (drives_.WaitForVolume(drive, volume->SerialNo, kInsertCorrectCd) == -1) return true;
+    return scans.ScanVolume(platform::kDriveCdRom, MakeFullPath(drive, "\\", ""), Expected(*volume));
+  }
+  if (volume->VolType != platform::kDriveFixed) return true;
+  // The roots are read before the first scan changes the catalogue.
+  const std::string& drive = volume->DrvLtr;
+  std::vector<std::string> roots;
+  for (std::int32_t pathId : db_.GetVolumeRootPathIds(volId))
+    roots.push_back(MakeFullPath(drive, db_.GetPathFullPath(static_cast<int>(pathId)), ""));
+  // Another disk in the drive holds none of the roots: said once.
+  if (!scans.HoldsExpected(drive.substr(0, 1), Expected(*volume))) return false;
+  bool scanned = true;
+  for (const std::string& root : roots)
+    scanned = scans.ScanVolume(platform::kDriveFixed, root, Expected(*volume)) && scanned;
+  return scanned;
+}
+
+bool LibraryCommands::RescanFolder(int pathId, ScanCommands& scans) {
   const auto volume = db_.GetVolume(db_.GetPathVolume(pathId));
-  if (!volume) return;
+  if (!volume) return true;
   const bool cd = volume->VolType == platform::kDriveCdRom;
   if (cd && drives_.WaitForVolume(settings_.cdDrive, volume->SerialNo,
                                   FillMessage(kInsertNamedCd, {volume->DisplayName})) == -1)
-    return;
+    return true;
   const std::string& drive = cd ? settings_.cdDrive : volume->DrvLtr;
-  scans.ScanVolume(volume->VolType, MakeFullPath(drive, db_.GetPathFullPath(pathId), ""));
+  return scans.ScanVolume(volume->VolType, MakeFullPath(drive, db_.GetPathFullPath(pathId), ""),
+                          Expected(*volume));
 }
 
 bool LibraryCommands::EditVolume(int volId, VolumeInfoView& view) {

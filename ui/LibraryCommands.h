@@ -29,9 +29,12 @@ class LibraryCommands {
   bool RemovePlayList(int playListId);
 
   // Through the scan entry point, which tells the library when each scan
-  // ends. A disk volume is rescanned root folder by root folder.
-  void RescanVolume(int volId, ScanCommands& scans);
-  void RescanFolder(int pathId, ScanCommands& scans);
+  // ends. A disk volume is rescanned root folder by root folder; a drive
+  // that holds another volume is not scanned. False when a scan was refused
+  // or its volume went away (a message said so); a disc prompt cancelled is
+  // no failure.
+  bool RescanVolume(int volId, ScanCommands& scans);
+  bool RescanFolder(int pathId, ScanCommands& scans);
 
   // "Vol Info / Edit": true when Update was pressed and the edits stored.
   bool EditVolume(int volId, VolumeInfoView& view);

@@ -161,9 +161,21 @@ TEST_F(LibraryTreeTest, RescanAsksForTheDiscAndScansThroughTheEntryPoint) {
                      "The folder D:\\Audio\\ is not there. Its entries were kept."}));
   EXPECT_EQ(Count("MediaPaths WHERE VolID=" + std::to_string(disk)), "5");
 
+  // Another disk in drive D: nothing is scanned, nothing of the volume goes.
   drives.AddFixed('D', folder.MakeFolder("d"));
   folder.MakeFolder("d/Music");
   folder.MakeFolder("d/Audio");
+  folder.WriteFile("d/.windows-serial", "2");
+  const std::string volumes = Count("MediaVolumes");
+  libraryTree.OnContextMenu(Node(ItemValue(NodeKind::Volume, disk)));
+  libraryTree.OnContextMenu(Node(music));
+  const Strings refused = messages.Texts();
+  EXPECT_EQ(Strings(refused.end() - 2, refused.end()),
+            Strings(2, "Drive D: holds another volume, not \"Music\" (serial 1). Nothing was scanned."));
+  EXPECT_EQ(Count("MediaPaths WHERE VolID=" + std::to_string(disk)), "5");
+  EXPECT_EQ(Count("MediaVolumes"), volumes);
+
+  folder.WriteFile("d/.windows-serial", "1");
   folder.MakeFolder("disc/Disc/Side A");
   libraryTree.OnContextMenu(Node(ItemValue(NodeKind::Volume, disk)));
   libraryTree.OnContextMenu(Node(2));
