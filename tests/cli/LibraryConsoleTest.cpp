@@ -69,6 +69,18 @@ TEST_F(LibraryConsoleTest, EditsAndRemovalsChangeTheCatalogueOnlyWhenConfirmed) 
             "Display Name: home\nVolume Name: home\nDescription: Home disk\n");
   EXPECT_EQ(Query("SELECT DisplayName, Description FROM MediaVolumes;"), "home=Home disk;");
 
+  // Another disk in the drive: nothing is scanned and no volume is added.
+  std::string serial = Query("SELECT SerialNo FROM MediaVolumes;");
+  serial.pop_back();
+  folder.WriteFile("home/.windows-serial", "1234ABCD");
+  for (const char* rescan : {"rescan volume 1", "rescan folder 3"}) {
+    const Outcome other = Run(rescan);
+    EXPECT_EQ(other.status, 1);
+    EXPECT_EQ(other.out, "Drive C: holds another volume, not \"home\" (serial " + serial + "). Nothing was scanned.\n");
+  }
+  EXPECT_EQ(Query("SELECT count(*) FROM MediaVolumes;"), "1;");
+  fs::remove(home + "/.windows-serial");
+
   fs::remove(home + "/Music/Rock/a.mp3");
   EXPECT_EQ(Run("rescan folder 3").out, "Scan Complete.\n");
   EXPECT_EQ(Query("SELECT FileName FROM MediaFiles;"), "b.ogg;");

@@ -1,9 +1,11 @@
 #pragma once
 // The real file system, except that chosen folders cannot be listed: an I/O
-// error, which permission bits cannot show when tests run as root.
+// error, which permission bits cannot show when tests run as root. A test
+// may also act just before a folder is listed (unplug its disk, say).
 
-#include <set>
+#include <functional>
 #include <mutex>
+#include <set>
 #include <string>
 
 #include "platform/LinuxFileSystem.h"
@@ -25,7 +27,11 @@ class FailingListings : public platform::LinuxFileSystem {
     failing_.clear();
   }
 
+  // Called with the folder's Linux path before each listing.
+  std::function<void(const std::string&)> beforeList;
+
   platform::Listing List(const std::string& folder, const std::string& pattern) const override {
+    if (beforeList) beforeList(LocalPath(folder));
     bool fails;
     {
       std::lock_guard lock(mutex_);
