@@ -47,6 +47,7 @@ void DiscoveryScan::BeginWalk(const std::string& root, AudioFormats formats) {
   // them (to "/", say) does not lead the walk out of the root.
   const platform::FileSystem& files = drives_.Files();
   const auto rootIdentity = files.Identity(root);
+  if (rootIdentity) offLimits_.KeepWalkOutOfSystemMounts(rootIdentity->device);
   for (const std::string& folder : platform::FolderAndItsParents(files.LocalPath(root))) {
     const auto identity = files.Identity(folder);
     if (identity && identity != rootIdentity) enteredFolders_.insert({identity->device, identity->inode});

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/LinuxPaths.h"
+#include "platform/MountTable.h"
 #include "scan/CDriveServices.h"
 
 OffLimitsFolders::OffLimitsFolders(const CDriveServices& drives) : files_(&drives.Files()) {
@@ -16,6 +17,19 @@ OffLimitsFolders::OffLimitsFolders(const CDriveServices& drives) : files_(&drive
   const std::string table = drives.TableFolder();
   if (const auto identity = table.empty() ? std::nullopt : files_->Identity(table))
     folders_.push_back(*identity);
+}
+
+void OffLimitsFolders::KeepWalkOutOfSystemMounts(std::uint64_t rootDevice) {
+  if (!files_) return;
+  const char* const kRuntime = "/run";
+  if (const auto identity = files_->Identity(kRuntime)) folders_.push_back(*identity);
+  std::vector<std::string> systemFolders = platform::SystemFolders();
+  systemFolders.emplace_back(kRuntime);
+  for (const platform::Mount& mount : platform::ReadMountTable()) {
+    if (mount.device == rootDevice) continue;
+    for (const std::string& folder : systemFolders)
+      if (platform::IsSameOrBelow(mount.mountPoint, folder)) devices_.push_back(mount.device);
+  }
 }
 
 bool OffLimitsFolders::Holds(const platform::FolderIdentity& folder) const {

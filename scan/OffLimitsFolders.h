@@ -5,6 +5,10 @@
 // and /dev, which hold the system's own files. Where one of those three is a
 // file system of its own, everything on that file system is off limits too,
 // so a link into /proc/self/fd is caught as well as one to /proc.
+//
+// A walk also keeps out of /run and of every file system mounted below /dev,
+// /proc, /sys or /run (/dev/shm, /run/user/1000), but for the one it walks:
+// a disk mounted at /run/media/NAME can be scanned from its own root.
 
 #include <string>
 #include <vector>
@@ -19,6 +23,9 @@ class OffLimitsFolders {
   explicit OffLimitsFolders(const CDriveServices& drives);
 
   bool Holds(const platform::FolderIdentity& folder) const;
+
+  // Adds what a walk on the root's file system keeps out of besides.
+  void KeepWalkOutOfSystemMounts(std::uint64_t rootDevice);
 
   // Whether a Linux folder, or any folder its path passes through, is off
   // limits.

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
 #include <filesystem>
@@ -142,11 +143,21 @@ TEST_F(ScanTest, TheWalkStaysBelowTheRootAndOutOfTheDrivesAndSystemFolders) {
   testDrives.AddFixed('F', folder.Path() + "/f");
   const std::string music = folder.Path() + "/c/Music/";
   // Only "linked" leads somewhere new; "/" and the program folder lie above the root.
+  // Audio in /dev/shm, a file system of its own below /dev.
+  const std::string shm = "/dev/shm/vantrelle-test-" + std::to_string(getpid());
+  std::vector<std::string> system;
+  if (fs::is_directory("/dev/shm")) {
+    system.push_back(shm);
+    fs::create_directories(shm);
+    fs::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/id3v1.mp3", shm + "/s.mp3");
+    fs::create_directory_symlink(shm, music + "shm");
+  }
   const std::pair<std::string, const char*> links[] = {
       {folder.Path() + "/elsewhere", "linked"}, {"/", "machine"}, {folder.Path(), "program"},
       {folder.Path() + "/drives", "drives"}, {"/proc", "proc"}, {"/proc/self/fd", "fd"}};
   for (const auto& [target, name] : links) fs::create_directory_symlink(target, music + name);
   Scan(3, "C:\\Music\\");
+  for (const std::string& made : system) fs::remove_all(made);
   std::vector<std::string> paths;
   for (const auto& [path, id] : CataloguedFolders()) paths.push_back(path);
   EXPECT_EQ(paths, (std::vector<std::string>{"\\Music\\", "\\Music\\A\\", "\\Music\\linked\\"}));
