@@ -20,7 +20,7 @@
 #include "cli/PlayListPlayCommand.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
-#include "platform/ProgramFolder.h"
+#include "platform/DataFolder.h"
 #include "platform/mci/GstMediaControl.h"
 #include "playback/DeferredMediaControl.h"
 
@@ -33,9 +33,13 @@ constexpr int kCatalogueRefused = 3;
 constexpr int kCatalogueInUse = 4;
 
 int RunSession(ConsoleCommand& command, AnswerPolicy policy) {
-  const std::string programFolder = platform::ProgramFolder();
-  platform::LinuxDriveTable::CreateDefaultIfMissing(programFolder);
-  platform::LinuxDriveTable drives(programFolder);
+  const platform::DataFolder data = platform::FindDataFolder();
+  if (!data.error.empty()) {
+    std::fprintf(stderr, "vantrelle-cli: %s\n", data.error.c_str());
+    return kCatalogueFailed;
+  }
+  platform::LinuxDriveTable::CreateDefaultIfMissing(data.path);
+  platform::LinuxDriveTable drives(data.path);
   platform::LinuxFileSystem files(drives);
   ConsoleMessageBox messages(policy, stdin, stdout, isatty(STDIN_FILENO) == 1);
   // GStreamer starts only when a command plays something.
@@ -43,7 +47,7 @@ int RunSession(ConsoleCommand& command, AnswerPolicy policy) {
     return std::make_unique<platform::mci::GstMediaControl>(platform::mci::AudioOutput::System,
                                                             files);
   });
-  CLibraryApp app(programFolder, PlatformServices{drives, files, messages, media});
+  CLibraryApp app(data.path, PlatformServices{drives, files, messages, media});
 
   try {
     switch (app.Start()) {

@@ -74,5 +74,6 @@ int OptionsCommand::Run(CLibraryApp& app, std::FILE* out) {
   std::fprintf(out, "Cache Path: %s\n", OneLine(settings.cacheFolder).c_str());
   std::fprintf(out, "CD Drive: %s\n", OneLine(settings.cdDrive).c_str());
   std::fprintf(out, "Catalogue every audio format: %s\n", settings.allFormats ? "yes" : "no");
+  std::fprintf(out, "Catalogue: %s%s\n", settings.programFolder.c_str(), MediaDB::kFileName);
   return 0;
 }

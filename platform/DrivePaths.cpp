@@ -108,7 +108,8 @@ std::string ResolvePath(const DriveTable& drives, const std::string& path) {
   std::string local = root == "/" ? "" : root;
   // Most paths exist exactly as written: one look settles them.
   std::string exact = local;
-  for (const std::string& component : components) exact += "/" + component;
+  // Appended piece by piece: GCC 12 at -O3 warns falsely (-Wrestrict) about "/" + text.
+  for (const std::string& component : components) exact.append("/").append(component);
   if (!components.empty() && EntryExists(exact)) {
     if (path.ends_with('\\')) exact += "/";
     return exact;
@@ -118,7 +119,7 @@ std::string ResolvePath(const DriveTable& drives, const std::string& path) {
   for (const std::string& component : components) {
     std::optional<std::string> existing = stillExists ? ExistingName(local, component) : std::nullopt;
     stillExists = existing.has_value();
-    local += "/" + existing.value_or(component);
+    local.append("/").append(existing.value_or(component));
   }
   if (local.empty()) return "/";
   if (path.ends_with('\\') && !local.ends_with('/')) local += "/";

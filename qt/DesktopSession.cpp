@@ -7,7 +7,7 @@
 #include "catalogue/CppSQLite3Exception.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
-#include "platform/ProgramFolder.h"
+#include "platform/DataFolder.h"
 #include "platform/mci/GstMediaControl.h"
 #include "playback/DeferredMediaControl.h"
 #include "playback/PlayerThread.h"
@@ -55,17 +55,21 @@ void RunMainWindow(CLibraryApp& app, QtMessageBox& messages, bool refused) {
 }  // namespace
 
 int RunDesktop() {
-  const std::string programFolder = platform::ProgramFolder();
-  platform::LinuxDriveTable::CreateDefaultIfMissing(programFolder);
-  platform::LinuxDriveTable drives(programFolder);
-  platform::LinuxFileSystem files(drives);
   QtMessageBox messages;
+  const platform::DataFolder data = platform::FindDataFolder();
+  if (!data.error.empty()) {
+    messages.Show(data.error, platform::Buttons::Ok, platform::Icon::Error);
+    return kCatalogueFailed;
+  }
+  platform::LinuxDriveTable::CreateDefaultIfMissing(data.path);
+  platform::LinuxDriveTable drives(data.path);
+  platform::LinuxFileSystem files(drives);
   // GStreamer starts when something is first played.
   DeferredMediaControl media([&files] {
     return std::make_unique<platform::mci::GstMediaControl>(platform::mci::AudioOutput::System,
                                                             files);
   });
-  CLibraryApp app(programFolder, PlatformServices{drives, files, messages, media});
+  CLibraryApp app(data.path, PlatformServices{drives, files, messages, media});
 
   CLibraryApp::StartResult started{};
   try {

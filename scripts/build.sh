@@ -5,6 +5,6 @@ cd "$(dirname "$0")/.."
 build=${VANTRELLE_BUILD:-build}
 jobs=$(nproc 2>/dev/null || echo 2)
 if [ ! -f "$build/CMakeCache.txt" ]; then
-  cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo "$@" >/dev/null
+  cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVANTRELLE_WERROR=ON "$@" >/dev/null
 fi
 cmake --build "$build" -j "$jobs"

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that building, running and testing need.
+# Installs the Debian packages that building, running and testing need, and
+# any further packages named as arguments (the packaging tools, say).
 # Safe to run again: when everything is present it installs nothing and prints nothing.
 set -euo pipefail
 
@@ -12,6 +13,8 @@ packages=(
   gstreamer1.0-plugins-bad gstreamer1.0-libav gstreamer1.0-alsa
   libgtest-dev googletest libbenchmark-dev
   dbus-daemon dbus-bin
+  desktop-file-utils appstream
+  "$@"
 )
 
 missing=()

@@ -14,9 +14,11 @@ install_desktop_entry() {
   program=$(realpath "$1")
   data=${XDG_DATA_HOME:-$HOME/.local/share}
   mkdir -p "$data/applications" "$data/icons/hicolor/scalable/apps"
-  install -m 644 qt/resources/vantrelle.svg "$data/icons/hicolor/scalable/apps/vantrelle.svg"
-  entry=$(<qt/resources/vantrelle.desktop.in)
-  printf '%s\n' "${entry//@PROGRAM@/\"$program\"}" >"$data/applications/vantrelle.desktop"
+  install -m 644 qt/resources/vantrelle.svg "$data/icons/hicolor/scalable/apps/org.vantrelle.Vantrelle.svg"
+  entry=$(<dist/org.vantrelle.Vantrelle.desktop.in)
+  # The same name as the installed entry, so that this one stands in for it.
+  printf '%s\n' "${entry//@PROGRAM@/\"$program\"}" >"$data/applications/org.vantrelle.Vantrelle.desktop"
+  rm -f "$data/applications/vantrelle.desktop"  # the name the entry had before
   if command -v update-desktop-database >/dev/null; then
     update-desktop-database -q "$data/applications" || true
   fi

@@ -14,7 +14,8 @@ if [ "${1:-address}" = thread ]; then
   build=build-tsan
   targets=(vantrelle_scan_tests vantrelle_playlists_tests vantrelle_playback_tests vantrelle_mci_tests)
   if [ ! -f "$build/CMakeCache.txt" ]; then
-    cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVANTRELLE_SANITIZE=thread >/dev/null
+    cmake -S . -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=RelWithDebInfo -DVANTRELLE_WERROR=ON \
+      -DVANTRELLE_SANITIZE=thread >/dev/null
   fi
   cmake --build "$build" -j "$jobs" --target "${targets[@]}"
   export TSAN_OPTIONS="halt_on_error=1 second_deadlock_stack=1 suppressions=$PWD/tests/tsan.supp"

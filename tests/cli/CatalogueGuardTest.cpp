@@ -107,7 +107,7 @@ TEST_F(CatalogueGuardTest, KillsDuringTheFirstStartLeaveACatalogueTheNextStartUs
 
     const Outcome next = Run("options");
     ASSERT_EQ(next.status, 0) << "round " << round << ": " << next.err;
-    ASSERT_EQ(next.out, "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\n")
+    ASSERT_EQ(next.out, "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\n" + CatalogueLine())
         << "round " << round;
     ASSERT_EQ(Query("SELECT count(*) FROM Configs;"), "23;") << "round " << round;
   }

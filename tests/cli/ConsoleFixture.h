@@ -1,6 +1,7 @@
 #pragma once
 // Runs the real vantrelle-cli from a copy in a fresh program folder, as a user
-// would, and reads the catalogue it leaves behind.
+// would, and reads the catalogue it leaves behind: a portable copy, whose
+// catalogue lies beside it.
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -23,7 +24,11 @@ class ConsoleFixture : public ::testing::Test {
  protected:
   ConsoleFixture() {
     std::filesystem::copy_file(VANTRELLE_BIN_DIR "/vantrelle-cli", program + "/vantrelle-cli");
+    std::ofstream(program + "/vantrelle.portable").flush();
   }
+
+  // What `options` says of where the catalogue is.
+  std::string CatalogueLine() const { return "Catalogue: " + program + "/Quillora.db\n"; }
 
   static std::string ReadAll(const std::string& path) {
     std::ifstream in(path, std::ios::binary);

@@ -9,7 +9,7 @@ using ConsoleTest = ConsoleFixture;
 TEST_F(ConsoleTest, FirstRunCreatesTheCatalogueAndLaterRunsKeepTheOptions) {
   Outcome first = Run("options");
   EXPECT_EQ(first.status, 0) << first.err;
-  EXPECT_EQ(first.out, "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\n");
+  EXPECT_EQ(first.out, "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\n" + CatalogueLine());
   EXPECT_TRUE(fs::is_directory(home + "/QORCache"));
   EXPECT_TRUE(fs::is_symlink(program + "/drives/c:"));
   EXPECT_EQ(Query("SELECT ConfigID, Value FROM Configs WHERE ConfigID IN (1, 410, 605);"),
@@ -17,7 +17,8 @@ TEST_F(ConsoleTest, FirstRunCreatesTheCatalogueAndLaterRunsKeepTheOptions) {
 
   // A CD drive whose disc is a folder, added to the table by hand.
   fs::create_symlink(folder.MakeFolder("disc"), program + "/drives/e::");
-  const std::string options = "Cache Path: C:\\Cache\nCD Drive: E\nCatalogue every audio format: yes\n";
+  const std::string options =
+      "Cache Path: C:\\Cache\nCD Drive: E\nCatalogue every audio format: yes\n" + CatalogueLine();
   Outcome changed = Run("options --cache-path " + home + "/Cache --cd-drive e: --all-formats YES");
   EXPECT_EQ(changed.status, 0) << changed.err;
   EXPECT_EQ(changed.out, options);
