@@ -82,9 +82,12 @@ int RunConsole(int argc, char** argv) {
   CLI::App cli{"The console face of Vantrelle: catalogue, search and play music on disks and CDs.",
                "vantrelle-cli"};
   cli.footer(
-      "Exit status: 0 done (a cancelled question too); 1 a catalogue statement failed, or the\n"
-      "catalogue cannot be opened; 2 a wrong command line; 3 the catalogue is of another version;\n"
-      "4 another Vantrelle program is using the catalogue.");
+      "Exit status: 0 done (a cancelled question too); 1 a catalogue statement failed, the\n"
+      "catalogue cannot be opened, or a rescan found another disk or lost its disk; 2 a wrong\n"
+      "command line; 3 the catalogue is of another version; 4 another Vantrelle program is using\n"
+      "the catalogue.\n"
+      "The catalogue lives in $VANTRELLE_DATA, else beside the program when it holds Quillora.db\n"
+      "or vantrelle.portable, else in $XDG_DATA_HOME/vantrelle or ~/.local/share/vantrelle.");
   cli.require_subcommand(1);
   bool yes = false, no = false;
   auto* yesFlag = cli.add_flag("--yes", yes, "Answer every question with OK (or Retry)");
