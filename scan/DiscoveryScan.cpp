@@ -142,7 +142,6 @@ std::vector<DiscoveryScan::Sighting> DiscoveryScan::LookAt(const std::string& li
   files.reserve(names.size());
   for (const std::string& name : names) {
     Sighting file;
-    file.name = name;
     file.path = local ? listed + name : MakeFullPath("", folder, name);
     file.fileId = knownFolder == -1 ? -1 : index_.FindFile(knownFolder, name);
     file.facts = drives_.Files().Stat(file.path);

@@ -86,7 +86,6 @@ class DiscoveryScan {
   };
   // An audio file of the folder being visited, as a look at it found it.
   struct Sighting {
-    std::string name;
     std::string path;  // to look at it by: its Linux path when known
     int fileId = -1;   // -1: not recorded yet
     std::optional<platform::FileFacts> facts;  // none: it went away meanwhile
