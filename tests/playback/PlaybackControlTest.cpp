@@ -113,7 +113,8 @@ TEST_F(PlaybackTest, AFileThatDoesNotOpenIsReportedAndOneWithoutItsRowsIsNotTrie
   const std::string open = "open \"C:\\a.mp3\" type mpegvideo alias QL_MCI_DEV_1";
   EXPECT_EQ(media.Commands(),
             (Strings{open, open, "set QL_MCI_DEV_1 time format ms", "status QL_MCI_DEV_1 length"}));
-  EXPECT_EQ(messages.Texts(), Strings(2, kSorry));
+  // The box names the file and the media control's reason.
+  EXPECT_EQ(messages.Texts(), (Strings{kSorry + "\nC:\\a.mp3: error 275", kSorry + "\nC:\\a.mp3: error 296"}));
   EXPECT_EQ(messages.Shown()[0].buttons, platform::Buttons::Ok);
 
   // A file without its folder or volume row is not tried at all.
