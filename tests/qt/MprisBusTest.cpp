@@ -13,6 +13,9 @@
 #include <QDBusPendingCall>
 #include <QDBusVariant>
 #include <chrono>
+#include <cmath>
+#include <limits>
+#include <map>
 #include <cstdint>
 #include <fstream>
 
@@ -194,6 +197,80 @@ TEST_F(MprisBusTest, APlayListIsActivatedPlayedThroughPausedMovedAndStepped) {
   EXPECT_TRUE(Eventually([&] { return announced.statuses.contains(QStringLiteral("Stopped")); }));
   EXPECT_TRUE(announced.statuses.contains(QStringLiteral("Paused")));
   EXPECT_TRUE(messages.Shown().empty());
+}
+
+// Every property of every interface is read, one by one and all at once,
+// with and without an active play list; levels that are no number or out of
+// range are ignored. A property sent with the wrong signature would end the
+// program.
+TEST_F(MprisBusTest, EveryPropertyReadsWithItsTypeAndJunkLevelsAreIgnored) {
+  if (!QDBusConnection::sessionBus().isConnected()) GTEST_SKIP() << "no session bus: run under dbus-run-session";
+  ASSERT_TRUE(window->PublishOnSessionBus());
+  const QString playLists = QStringLiteral("org.mpris.MediaPlayer2.Playlists");
+  const std::map<QString, QStringList> properties{
+      {QStringLiteral("org.mpris.MediaPlayer2"),
+       {"Identity", "DesktopEntry", "CanQuit", "CanRaise", "HasTrackList", "SupportedUriSchemes",
+        "SupportedMimeTypes"}},
+      {kPlayer,
+       {"PlaybackStatus", "Metadata", "Position", "Volume", "Rate", "MinimumRate", "MaximumRate", "CanGoNext",
+        "CanGoPrevious", "CanPlay", "CanPause", "CanSeek", "CanControl"}},
+      {playLists, {"PlaylistCount", "Orderings", "ActivePlaylist"}},
+  };
+  auto readAll = [&] {
+    for (const auto& [interface, names] : properties) {
+      SCOPED_TRACE(interface.toStdString());
+      const QDBusMessage all = Call(kProperties, QStringLiteral("GetAll"), {interface});
+      ASSERT_EQ(all.arguments().size(), 1);
+      const auto values = qdbus_cast<QVariantMap>(all.arguments().front().value<QDBusArgument>());
+      for (const QString& name : names) {
+        EXPECT_TRUE(values.contains(name)) << name.toStdString();
+        EXPECT_EQ(Call(kProperties, QStringLiteral("Get"), {interface, name}).arguments().size(), 1)
+            << name.toStdString();
+      }
+    }
+  };
+  auto active = [&] {
+    const QDBusMessage reply = Call(kProperties, QStringLiteral("Get"), {playLists, QStringLiteral("ActivePlaylist")});
+    const auto argument = reply.arguments().value(0).value<QDBusVariant>().variant().value<QDBusArgument>();
+    EXPECT_EQ(argument.currentSignature(), QStringLiteral("(b(oss))"));
+    return qdbus_cast<MprisActivePlayList>(argument);
+  };
+  readAll();
+  const MprisActivePlayList none = active();
+  EXPECT_FALSE(none.valid);
+  EXPECT_EQ(none.playList.id.path(), QStringLiteral("/"));
+  EXPECT_TRUE(none.playList.name.isEmpty());
+
+  auto set = [&](const QString& name, const QVariant& value) {
+    QDBusMessage message = QDBusMessage::createMethodCall(kBus, kPath, kProperties, QStringLiteral("Set"));
+    message.setArguments({kPlayer, name, QVariant::fromValue(QDBusVariant(value))});
+    QDBusPendingCall pending = client.asyncCall(message, 10000);
+    EXPECT_TRUE(Eventually([&] { return pending.isFinished(); })) << name.toStdString();
+  };
+  set(QStringLiteral("Volume"), 0.5);
+  EXPECT_TRUE(Eventually([&] { return app.Settings().volume == 500; }));
+  for (double junk : {std::nan(""), HUGE_VAL, -HUGE_VAL, -0.25, 1.5}) {
+    set(QStringLiteral("Volume"), junk);
+    set(QStringLiteral("Rate"), junk);
+  }
+  set(QStringLiteral("Position"), qlonglong{-1});  // read-only: refused
+  Call(kPlayer, QStringLiteral("Seek"), {std::numeric_limits<qlonglong>::max()});
+  Call(kPlayer, QStringLiteral("Seek"), {std::numeric_limits<qlonglong>::min()});
+  EXPECT_EQ(Property(QStringLiteral("Volume")).toDouble(), 0.5);
+  EXPECT_EQ(app.Settings().volume, 500);
+  EXPECT_EQ(Property(QStringLiteral("Rate")).toDouble(), 1.0);
+
+  const QDBusMessage lists = Call(playLists, QStringLiteral("GetPlaylists"), {0u, 10u, QStringLiteral("UserDefined"), false});
+  const auto stored = qdbus_cast<QList<MprisPlayList>>(lists.arguments().value(0).value<QDBusArgument>());
+  ASSERT_EQ(stored.size(), 1);
+  Call(playLists, QStringLiteral("ActivatePlaylist"), {QVariant::fromValue(stored.front().id)});
+  ASSERT_TRUE(Eventually([&] { return Status() == QStringLiteral("Playing"); }));
+  readAll();
+  const MprisActivePlayList evening = active();
+  EXPECT_TRUE(evening.valid);
+  EXPECT_EQ(evening.playList.name, QStringLiteral("Evening"));
+  EXPECT_EQ(evening.playList.id, stored.front().id);
+  EXPECT_EQ(Property(QStringLiteral("Volume")).toDouble(), 0.5);
 }
 
 }  // namespace

@@ -10,6 +10,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <fstream>
+#include <sstream>
 #include <string>
 
 namespace testing_support {
@@ -41,6 +43,20 @@ class HeldFile {
   HeldFile& operator=(const HeldFile&) = delete;
 
   bool Held() const { return held_; }
+  // Whether an open of the file waits now: the kernel then lists the lease
+  // as being broken.
+  bool Awaited() const {
+    std::ifstream locks("/proc/locks");
+    for (std::string line; std::getline(locks, line);) {
+      std::istringstream fields(line);
+      std::string number, kind, state, type;
+      pid_t pid = 0;
+      if (fields >> number >> kind >> state >> type >> pid && kind == "LEASE" && state == "BREAKING" &&
+          pid == child_)
+        return true;
+    }
+    return false;
+  }
   void Release() {
     if (child_ <= 0) return;
     ::kill(child_, SIGKILL);

@@ -223,19 +223,20 @@ TEST(GstMediaControl, SpecialFilesAreRefusedUnopenedAndWedgedOpensEnd) {
   fs::copy_file(kFixtures + "id3v2.mp3", held);
   testing_support::HeldFile holder(held);
   ASSERT_TRUE(holder.Held());
+  // Given up while it waits.
+  std::uint32_t waited = 0;
+  patient.NumberNextOpen(1);
+  std::thread waiting([&] { waited = open(patient, held); });
+  EXPECT_TRUE(Eventually([&] { return holder.Awaited(); }));
+  patient.AbandonOpensThrough(1);
+  waiting.join();
+  EXPECT_EQ(waited, kMciOpenAbandoned);
   GstMediaControl hasty(AudioOutput::Silent, nullptr, std::chrono::milliseconds(300));
   EXPECT_EQ(open(hasty, held), kMciOpenTimedOut);
   EXPECT_TRUE(hasty.mciGetErrorString(kMciOpenTimedOut, text, sizeof text));
   EXPECT_STREQ(text, "did not open within 0.3 seconds");
   EXPECT_EQ(hasty.mciSendString("status a length", nullptr, 0), kMciUnknownAlias);
 
-  // Given up while it waits (or before it starts: either way at once).
-  std::uint32_t waited = 0;
-  patient.NumberNextOpen(1);
-  std::thread waiting([&] { waited = open(patient, held); });
-  patient.AbandonOpensThrough(1);
-  waiting.join();
-  EXPECT_EQ(waited, kMciOpenAbandoned);
   // Giving up an open sent earlier leaves a later one alone.
   patient.NumberNextOpen(2);
   EXPECT_EQ(open(patient, kFixtures + "vorbis.ogg"), 0u);
