@@ -17,7 +17,12 @@ QtCoverLoader::QtCoverLoader(const platform::FileSystem& files, QObject* parent)
   pool_.setMaxThreadCount(1);  // one disk read at a time, in the order asked
 }
 
-QtCoverLoader::~QtCoverLoader() { pool_.waitForDone(); }
+// Reads not yet started are dropped: only the one under way is waited for,
+// so closing never waits for a queue of slow discs.
+QtCoverLoader::~QtCoverLoader() {
+  pool_.clear();
+  pool_.waitForDone();
+}
 
 QImage QtCoverLoader::Decode(const std::string& bytes) {
   QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));

@@ -8,7 +8,7 @@
 // A picture whose header gives more than kMaxDimension pixels on a side is
 // not decoded; bytes that do not decode give a null image, as no picture
 // does. Requests and Loaded on the user-interface thread only; the
-// destructor waits for the read under way.
+// destructor drops the queued reads and waits only for the one under way.
 
 #include <QImage>
 #include <QObject>
