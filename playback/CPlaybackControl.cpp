@@ -69,19 +69,26 @@ int CPlaybackControl::PlayFile(int fileId) {
 }
 
 std::string CPlaybackControl::PresentPath(int fileId) const {
+  const auto locate = LocateLater(fileId);
+  return locate ? locate() : "";
+}
+
+std::function<std::string()> CPlaybackControl::LocateLater(int fileId) const {
   const auto file = db_.GetFile(fileId);
-  if (!file) return "";
+  if (!file) return nullptr;
   const auto folder = db_.GetPath(file->PathID);
   const auto volume = db_.GetVolume(file->VolID);
-  if (!folder || !volume) return "";
-  std::string drive = volume->DrvLtr;
-  if (volume->VolType == platform::kDriveCdRom) {
-    drive = settings_.cdDrive;
-    if (!drives_.IsDriveReady(drive)) return "";
-    const auto inDrive = drives_.ReadVolumeInfo(drive);
-    if (!inDrive || inDrive->SerialNo != volume->SerialNo) return "";
+  if (!folder || !volume) return nullptr;
+  if (volume->VolType != platform::kDriveCdRom) {
+    return [path = MakeFullPath(volume->DrvLtr, folder->FullPath, file->FileName)] { return path; };
   }
-  return MakeFullPath(drive, folder->FullPath, file->FileName);
+  const std::string drive = settings_.cdDrive;
+  return [&drives = drives_, drive, serial = volume->SerialNo,
+          path = MakeFullPath(drive, folder->FullPath, file->FileName)]() -> std::string {
+    if (!drives.IsDriveReady(drive)) return "";
+    const auto inDrive = drives.ReadVolumeInfo(drive);
+    return inDrive && inDrive->SerialNo == serial ? path : "";
+  };
 }
 
 bool CPlaybackControl::WaitForDisc(const std::string& drive, const CMediaVolume& volume) const {

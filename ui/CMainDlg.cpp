@@ -327,7 +327,8 @@ NowPlayingStrip CMainDlg::DescribeStatus(const PlayerStatus& status) {
   if (status.fileId != describedFileId_) {
     describedFileId_ = status.fileId;
     std::tie(song_, artist_) = parts_.list.SongAndArtist(status.fileId);
-    coverPath_ = parts_.playback.PresentPath(status.fileId);
+    // The file plays, so it lies where it was opened: no disc to read here.
+    coverPath_ = status.fileId == parts_.playback.CurrentFileId() ? parts_.playback.CurrentPath() : "";
   }
   strip.open = true;
   strip.song = song_;

@@ -59,6 +59,22 @@ void QtCoverLoader::Request(int fileId, const std::string& path) {
   });
 }
 
+void QtCoverLoader::RequestLocated(int fileId, std::function<std::string()> locate) {
+  pool_.start([this, finder = finder_, fileId, locate = std::move(locate)] {
+    const std::string path = locate();
+    const QImage image = path.empty() ? QImage() : Decode(finder->Find(path).bytes);
+    QMetaObject::invokeMethod(
+        this,
+        [this, key = Key{fileId, path}, image] {
+          if (key.second.empty())
+            emit Loaded(key.first, QString(), image);
+          else
+            Store(key, image);
+        },
+        Qt::QueuedConnection);
+  });
+}
+
 void QtCoverLoader::Store(const Key& key, const QImage& image) {
   reading_.erase(key);
   cache_.emplace_back(key, image);

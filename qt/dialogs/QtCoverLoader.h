@@ -15,6 +15,7 @@
 #include <QString>
 #include <QThreadPool>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <set>
 #include <string>
@@ -41,6 +42,10 @@ class QtCoverLoader : public QObject {
   // The file's cover: Loaded follows, from the cache or once read. A request
   // for a file already being read is not read twice.
   void Request(int fileId, const std::string& path);
+  // The same for a path that locate finds on the reader thread; Loaded then
+  // carries that path ("" and a null image when the file is not at hand).
+  // Nothing is cached for a file not at hand.
+  void RequestLocated(int fileId, std::function<std::string()> locate);
 
   // The cached image (null: none) of a file, when there is one.
   const QImage* Cached(int fileId, const std::string& path) const;

@@ -190,4 +190,55 @@ TEST_F(CoverViewTest, FileInfoShowsTheCoverAndTheKindOfFile) {
   QTRY_VERIFY(cover->ShowsPicture());
 }
 
+// Finding a disc file may read the disc: File Info shows at once, says that
+// it checks, and the check runs on the loader's thread.
+TEST_F(CoverViewTest, FileInfoChecksTheDiscOffTheWindowsThread) {
+  temp.WriteFile("Disc/cover.jpg", Bytes(kFixtures + "art.jpg"));
+  std::ofstream(temp.Path() + "/Disc/song.flac", std::ios::binary) << Bytes(kFixtures + "lossless.flac");
+  std::mutex mutex;
+  std::condition_variable changed;
+  bool inDrive = false;
+  bool answered = false;
+  std::thread::id checkedOn;
+  FileInfoForm form;
+  form.fileId = 9;
+  form.locateCover = [&]() -> std::string {
+    std::unique_lock lock(mutex);
+    checkedOn = std::this_thread::get_id();
+    // Bounded, so that a check made on the window's thread fails rather than hangs.
+    changed.wait_for(lock, std::chrono::seconds(20), [&] { return answered; });
+    return inDrive ? temp.Path() + "/Disc/song.flac" : "";
+  };
+  QtFileInfoDialog dialog(nullptr, &loader);
+  dialog.Load(form);
+  auto* cover = dialog.findChild<QtCoverView*>();
+  ASSERT_NE(cover, nullptr);
+  EXPECT_EQ(cover->text(), QStringLiteral("Checking the disc\u2026"));
+  {
+    std::lock_guard lock(mutex);
+    inDrive = true;
+    answered = true;
+  }
+  changed.notify_all();
+  EXPECT_TRUE(Within20Seconds([&] {
+    QCoreApplication::processEvents();
+    return cover->ShowsPicture();
+  }));
+  EXPECT_TRUE(cover->text().isEmpty());
+  EXPECT_NE(checkedOn, std::this_thread::get_id());
+
+  // No disc: the note goes, and no picture comes.
+  {
+    std::lock_guard lock(mutex);
+    inDrive = false;
+  }
+  form.fileId = 10;
+  dialog.Load(form);
+  EXPECT_TRUE(Within20Seconds([&] {
+    QCoreApplication::processEvents();
+    return cover->text().isEmpty();
+  }));
+  EXPECT_FALSE(cover->ShowsPicture());
+}
+
 }  // namespace
