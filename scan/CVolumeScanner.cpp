@@ -5,6 +5,7 @@
 #include "base/MessageText.h"
 #include "catalogue/MediaDB.h"
 #include "platform/FileSystem.h"
+#include "platform/MessageBox.h"
 #include "scan/CDriveServices.h"
 #include "scan/OffLimitsFolders.h"
 #include "scan/Paths.h"
@@ -23,6 +24,7 @@ CVolumeScanner::CVolumeScanner(MediaDB& db, CDriveServices& drives, TagReader& r
                                platform::MessageBox& messages)
     : db_(db),
       drives_(drives),
+      messages_(messages),
       discovery_(db, drives, progress_, report_),
       tags_(db, reader, messages, progress_, report_, ReaderThreads()) {}
 
@@ -36,6 +38,7 @@ void CVolumeScanner::Prepare(int kind, const std::string& root, AudioFormats for
   requestedKind_ = kind;
   scanRoot_ = root;
   formats_ = formats;
+  leftOutQuestion_ = nullptr;
 }
 
 int CVolumeScanner::FilesLeftOut(const std::string& root, AudioFormats formats) {
@@ -65,6 +68,15 @@ std::string CVolumeScanner::RootRefusal(const std::string& root) const {
 }
 
 void CVolumeScanner::Scan() {
+  if (leftOutQuestion_) {
+    progress_.SetStatus(kCheckingDisc);
+    const int leftOut = FilesLeftOut(scanRoot_, formats_);
+    if (leftOut > 0 && messages_.Show(leftOutQuestion_(leftOut), platform::Buttons::OkCancel,
+                                      platform::Icon::Warning) != platform::Answer::Ok) {
+      progress_.cancel = true;
+      return;
+    }
+  }
   // Nothing is recorded or removed for a root that is not there.
   if (std::string refusal = RootRefusal(scanRoot_); !refusal.empty()) {
     report_.Refuse(std::move(refusal));

@@ -24,8 +24,15 @@ void ScanCommands::ScanVolume(int kind, const std::string& root) {
     return;
   }
   const AudioFormats formats = Formats();
-  if (!MayRemoveLeftOut(folder, formats)) return;
+  // A disc's serial is read by the scan's worker, never on the window's
+  // thread: a bad disc may take long to answer.
+  const bool disc = kind == platform::kDriveCdRom;
+  if (!disc && !MayRemoveLeftOut(folder, formats)) return;
   scanner_.Prepare(kind, folder, formats);
+  if (disc && formats != AudioFormats::Every)
+    scanner_.AskBeforeRemovingLeftOut([folder](int leftOut) {
+      return FillMessage(kRemovesOtherFormats, {std::to_string(leftOut), folder});
+    });
   dialogs_.RunWorkerDialog(CScanDlg::kCaption, [this](WorkerDialogView& view, platform::MessageBox& messages) {
     return std::make_unique<CScanDlg>(scanner_, messages, view);
   });
