@@ -19,7 +19,7 @@ CLibraryApp::CLibraryApp(std::string programFolder, PlatformServices services)
       list_(db_, playList_),
       commands_(db_, settings_, drives_),
       tree_(db_, commands_, list_) {
-  list_.LocateFilesWith([this](int fileId) { return playback_.PresentPath(fileId); });
+  list_.LocateFilesWith([this](int fileId) { return playback_.LocateLater(fileId); });
 }
 
 CLibraryApp::StartResult CLibraryApp::Start() {

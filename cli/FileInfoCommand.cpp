@@ -27,8 +27,9 @@ void PrintForm(std::FILE* out, const FileInfoForm& form) {
 
 // What the window's cover shows: the picture's source, or why there is none.
 std::string PictureLine(const platform::FileSystem& files, const FileInfoForm& form) {
-  if (form.coverPath.empty()) return "not at hand";
-  return CoverFinder(files).Find(form.coverPath).Describe();
+  const std::string path = form.locateCover ? form.locateCover() : form.coverPath;
+  if (path.empty()) return "not at hand";
+  return CoverFinder(files).Find(path).Describe();
 }
 
 }  // namespace

@@ -51,11 +51,7 @@ int PlayCommand::Run(CLibraryApp& app, std::FILE*) {
   if (app.Playback().PlayFile(fileId_) != 0) return 0;
 
   CMciPlayer& player = app.Player();
-  if (player.LastError() != 0) {
-    // The box has been printed; the reason helps on a machine without sound.
-    std::fprintf(stderr, "vantrelle-cli: %s\n", OneLine(player.GetErrorText()).c_str());
-    return 0;
-  }
+  if (player.LastError() != 0) return 0;  // the box, with the reason, has been printed
   WaitWhilePlaying(player, Limit(player));
   app.Playback().StopPlayback();
   return 0;

@@ -9,7 +9,7 @@ class CMciPlayer;
 // `play FILEID [--seconds N]`: Play on that file, disc prompt included; waits
 // N seconds, or to the end of the file, then Stop. A file that cannot be
 // played ends the command at once (status 0, as the desktop program carries
-// on after its box), with the media control's reason on standard error.
+// on after its box); the box names the file and the reason.
 class PlayCommand : public ConsoleCommand {
  public:
   explicit PlayCommand(CLI::App& parent);

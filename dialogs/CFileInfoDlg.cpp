@@ -46,7 +46,8 @@ FileInfoForm CFileInfoDlg::OpeningForm() const {
           hasButton ? rating : 0,
           InfoTitle(type),
           fileId,
-          coverPath};
+          coverPath,
+          locateCover};
 }
 
 int CFileInfoDlg::DoModal() {

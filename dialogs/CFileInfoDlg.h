@@ -7,6 +7,7 @@
 // Created on the caller's stack for one run; user-interface thread.
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "dialogs/DialogResult.h"
@@ -25,6 +26,9 @@ struct FileInfoForm {
   std::string infoTitle = "MPEG Info";  // the group's title: "FLAC Info", "Ogg Vorbis Info", ...
   int fileId = 0;
   std::string coverPath;  // the file's path for its cover picture; "" when it is not at hand
+  // When set, finds that path instead (coverPath is then ""): it may read a
+  // disc, so the view calls it off its own thread, showing that it checks.
+  std::function<std::string()> locateCover;
 };
 
 // The dialog's controls.
@@ -59,6 +63,7 @@ class CFileInfoDlg {
   std::int32_t type = 0;    // MediaFiles.Type
   std::int32_t fileId = 0;
   std::string coverPath;    // see FileInfoForm
+  std::function<std::string()> locateCover;
 
   // kDialogOk (Update) takes back title, artist, album and comment, and the
   // rating of the checked button or kNoRating; kDialogCancel changes nothing.

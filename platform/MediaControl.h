@@ -4,7 +4,8 @@
 // answered with 0 or a numeric error code, and a reply text where asked for.
 //
 // Used from one thread at a time: the user-interface thread, or the one thread
-// the desktop program hands the player's commands to.
+// the desktop program hands the player's commands to; AbandonOpensThrough
+// alone from any thread.
 
 #include <cstdint>
 
@@ -20,6 +21,12 @@ enum MediaControlError : std::uint32_t {
   kMciOutOfRange = 282,
   kMciAliasInUse = 289,
   kMciCannotDecode = 296,
+  // Ours: a path that is a folder, a pipe, a socket or a device.
+  kMciNotRegularFile = 320,
+  // Ours: the open did not finish within the media control's time limit.
+  kMciOpenTimedOut = 321,
+  // Ours: a later command gave up the open (AbandonOpensThrough).
+  kMciOpenAbandoned = 322,
 };
 
 class MediaControl {
@@ -33,6 +40,15 @@ class MediaControl {
   // Writes the text of an error number (at most size - 1 bytes, zero-terminated).
   // Returns false for a number it does not know, leaving an empty text.
   virtual bool mciGetErrorString(std::uint32_t code, char* text, unsigned size) = 0;
+
+  // Opens can be given up from another thread. The thread that sends the
+  // commands numbers the open it sends next (numbers rise from 1; an open
+  // left unnumbered is never given up). AbandonOpensThrough may be called
+  // from any thread: every open numbered up to `number` that waits now, or
+  // that is sent later, ends at once with kMciOpenAbandoned. A media
+  // control whose opens always return promptly may ignore both.
+  virtual void NumberNextOpen(std::uint64_t /*number*/) {}
+  virtual void AbandonOpensThrough(std::uint64_t /*number*/) {}
 };
 
 }  // namespace platform

@@ -33,10 +33,11 @@ std::int32_t CMciPlayer::StatusNumber(const char* item) {
   return static_cast<std::int32_t>(std::atoi(reply));
 }
 
-int CMciPlayer::Open(std::string path) {
+int CMciPlayer::Open(std::string path, std::uint64_t openNumber) {
   if (isOpen_) Close();
   // Built as a growable string: a long path must reach the device whole.
   const std::string command = "open \"" + path + "\" type mpegvideo alias " + alias_;
+  if (openNumber != 0) mci_.NumberNextOpen(openNumber);
   if (Send(command.c_str()) != 0) return static_cast<int>(lastError_);
   isOpen_ = true;
   SendToDevice("set", " time format ms");
@@ -45,6 +46,10 @@ int CMciPlayer::Open(std::string path) {
   if (volume_ != kFullVolume) SendVolume();
   lastError_ = lengthError;
   return static_cast<int>(lastError_);
+}
+
+void CMciPlayer::AbandonOpensThrough(std::uint64_t openNumber) {
+  mci_.AbandonOpensThrough(openNumber);
 }
 
 int CMciPlayer::Play(std::int32_t fromMs) {

@@ -9,7 +9,8 @@
 // and dropped: the player shows nothing itself.
 //
 // The media control must outlive the player. Used from one thread at a time:
-// the user-interface thread, or the player's own (PlayerThread).
+// the user-interface thread, or the player's own (PlayerThread); only
+// AbandonOpensThrough may come from another.
 
 #include <cstdint>
 #include <string>
@@ -38,7 +39,13 @@ class CMciPlayer {
   // that of the length query (a failed query leaves the device open with
   // length 0). When the open itself fails the device stays closed and
   // lengthMs keeps its old value.
-  int Open(std::string path);
+  //
+  // openNumber (from 1, rising) lets another thread give this open up with
+  // AbandonOpensThrough; it then fails with kMciOpenAbandoned.
+  int Open(std::string path, std::uint64_t openNumber = 0);
+  // Gives up the opens numbered up to openNumber, waiting now or sent later.
+  // The one call that may come from any thread.
+  void AbandonOpensThrough(std::uint64_t openNumber);
   int Play(std::int32_t fromMs);
   int Stop();
   // Plays from ten seconds past the current position, or from the end.

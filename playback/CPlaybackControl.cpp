@@ -4,6 +4,7 @@
 
 #include "catalogue/MediaDB.h"
 #include "platform/DriveTable.h"
+#include "platform/MediaControl.h"
 #include "platform/MessageBox.h"
 #include "playback/CMciPlayer.h"
 #include "playback/PlayerRunner.h"
@@ -26,8 +27,23 @@ int CPlaybackControl::OnStarted(StartedListener listener) {
   return lastListener_;
 }
 
+int CPlaybackControl::OnOpening(OpeningListener listener) {
+  opening_.emplace_back(++lastListener_, std::move(listener));
+  return lastListener_;
+}
+
 void CPlaybackControl::RemoveListener(int listener) {
   std::erase_if(started_, [listener](const auto& entry) { return entry.first == listener; });
+  std::erase_if(opening_, [listener](const auto& entry) { return entry.first == listener; });
+}
+
+void CPlaybackControl::OpeningChanged() {
+  const auto listeners = opening_;  // a listener may add or remove one
+  for (const auto& [id, listener] : listeners) listener();
+}
+
+void CPlaybackControl::AbandonOpen() {
+  if (lastOpen_ != 0) player_.AbandonOpensThrough(lastOpen_);
 }
 
 void CPlaybackControl::UseRunner(PlayerRunner* runner) { runner_ = runner; }
@@ -48,24 +64,31 @@ int CPlaybackControl::PlayFile(int fileId) {
     drive = settings_.cdDrive;
     if (!WaitForDisc(drive, *volume)) return kNotPlayed;
   }
-  OpenAndPlay(fileId, MakeFullPath(drive, folder->FullPath, file->FileName));
+  OpenAndPlay(fileId, MakeFullPath(drive, folder->FullPath, file->FileName), file->FileName);
   return 0;
 }
 
 std::string CPlaybackControl::PresentPath(int fileId) const {
+  const auto locate = LocateLater(fileId);
+  return locate ? locate() : "";
+}
+
+std::function<std::string()> CPlaybackControl::LocateLater(int fileId) const {
   const auto file = db_.GetFile(fileId);
-  if (!file) return "";
+  if (!file) return nullptr;
   const auto folder = db_.GetPath(file->PathID);
   const auto volume = db_.GetVolume(file->VolID);
-  if (!folder || !volume) return "";
-  std::string drive = volume->DrvLtr;
-  if (volume->VolType == platform::kDriveCdRom) {
-    drive = settings_.cdDrive;
-    if (!drives_.IsDriveReady(drive)) return "";
-    const auto inDrive = drives_.ReadVolumeInfo(drive);
-    if (!inDrive || inDrive->SerialNo != volume->SerialNo) return "";
+  if (!folder || !volume) return nullptr;
+  if (volume->VolType != platform::kDriveCdRom) {
+    return [path = MakeFullPath(volume->DrvLtr, folder->FullPath, file->FileName)] { return path; };
   }
-  return MakeFullPath(drive, folder->FullPath, file->FileName);
+  const std::string drive = settings_.cdDrive;
+  return [&drives = drives_, drive, serial = volume->SerialNo,
+          path = MakeFullPath(drive, folder->FullPath, file->FileName)]() -> std::string {
+    if (!drives.IsDriveReady(drive)) return "";
+    const auto inDrive = drives.ReadVolumeInfo(drive);
+    return inDrive && inDrive->SerialNo == serial ? path : "";
+  };
 }
 
 bool CPlaybackControl::WaitForDisc(const std::string& drive, const CMediaVolume& volume) const {
@@ -74,20 +97,45 @@ bool CPlaybackControl::WaitForDisc(const std::string& drive, const CMediaVolume&
 }
 
 // The outcome travels from the runner's thread to this one with the work.
-void CPlaybackControl::OpenAndPlay(int fileId, const std::string& fullPath) {
+// Each open bears a number, so that a later command can give it up while it
+// waits (a file that never opens must not hold up Stop, the next Play or Quit).
+void CPlaybackControl::OpenAndPlay(int fileId, const std::string& fullPath, const std::string& name) {
+  AbandonOpen();
   currentFileId_ = fileId;
   currentPath_ = fullPath;
   ++generation_;
-  auto opened = std::make_shared<bool>(false);
+  const std::uint64_t number = ++lastOpen_;
+  openingFileId_ = fileId;
+  openingName_ = name;
+  OpeningChanged();
+  struct Outcome {
+    int code = 0;
+    std::string reason;
+  };
+  auto outcome = std::make_shared<Outcome>();
   Runner().Run(
-      [fullPath, opened](CMciPlayer& player) {
-        *opened = player.Open(fullPath) == 0;
-        if (*opened) player.Play(0);
+      [fullPath, number, outcome](CMciPlayer& player) {
+        outcome->code = player.Open(fullPath, number);
+        if (outcome->code != 0) {
+          outcome->reason = player.GetErrorText();
+          return;
+        }
+        player.Play(0);
       },
-      [this, fileId, opened, generation = generation_] {
-        if (!*opened) {
+      [this, fileId, fullPath, number, outcome, generation = generation_] {
+        if (number == lastOpen_) {
+          openingFileId_ = 0;
+          OpeningChanged();
+        }
+        if (outcome->code != 0) {
           if (generation == generation_) currentFileId_ = 0;
-          drives_.Messages().Show(kCannotPlay, platform::Buttons::Ok, platform::Icon::None);
+          // Given up for a later command: the user moved on, nothing to say.
+          if (outcome->code == static_cast<int>(platform::kMciOpenAbandoned)) return;
+          const std::string reason = outcome->reason.empty()
+                                         ? "error " + std::to_string(outcome->code)
+                                         : outcome->reason;
+          drives_.Messages().Show(std::string(kCannotPlay) + "\n" + fullPath + ": " + reason,
+                                  platform::Buttons::Ok, platform::Icon::None);
           return;
         }
         const auto listeners = started_;  // a listener may add or remove one
@@ -96,6 +144,7 @@ void CPlaybackControl::OpenAndPlay(int fileId, const std::string& fullPath) {
 }
 
 int CPlaybackControl::StopPlayback() {
+  AbandonOpen();
   Runner().Run([](CMciPlayer& player) { player.Stop(); }, nullptr);
   return 0;
 }

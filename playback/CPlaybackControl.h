@@ -31,6 +31,8 @@ class CPlaybackControl {
  public:
   // Told of each file that opened and started playing, by FileID.
   using StartedListener = std::function<void(int fileId)>;
+  // Told when an open was handed to the player and when it ended, either way.
+  using OpeningListener = std::function<void()>;
 
   static constexpr int kNotPlayed = -1;
   static constexpr const char* kCannotPlay = "Sorry, unable to play media file.";
@@ -43,7 +45,8 @@ class CPlaybackControl {
   CPlaybackControl& operator=(const CPlaybackControl&) = delete;
 
   // Opens the file and plays it from the start; a file that does not open is
-  // reported with kCannotPlay and not played. Returns 0 once the file was
+  // reported with kCannotPlay and a line naming the file and the reason, and
+  // not played. An open still waiting is given up first (no report for it). Returns 0 once the file was
   // handed to the player, whether it played or not. Returns kNotPlayed, with
   // nothing sent to the player, when the disc prompt is cancelled or when the
   // file, its folder or its volume has no row (the catalogue changed under the
@@ -52,7 +55,14 @@ class CPlaybackControl {
   // The file's full path when its volume is at hand (a disc: in the CD drive
   // of the settings), "" otherwise or when it has no row. Never asks.
   std::string PresentPath(int fileId) const;
-  // Both return 0 whatever the player answered.
+  // The same in two steps, so that the disc need not be read on this
+  // thread: the rows are read now, and the function returned tells the path
+  // when called on any thread (for a disc it reads the drive's volume then,
+  // which may take as long as the drive does). Null when the file has no
+  // row. It uses the drive services, which must outlive it.
+  std::function<std::string()> LocateLater(int fileId) const;
+  // Both return 0 whatever the player answered. Stop gives up an open that
+  // still waits, so that it acts at once.
   int StopPlayback();
   int SkipForward();
 
@@ -65,13 +75,22 @@ class CPlaybackControl {
   // thread, after every command handed over before.
   void Poll(std::function<void(const PlayerStatus&)> answer);
 
+  // Gives up the open handed over last if it still waits; the commands after
+  // it then run at once. Call before the player's runner goes.
+  void AbandonOpen();
+  // The file whose open was handed over and has not ended yet (0: none), and
+  // its name.
+  int OpeningFileId() const { return openingFileId_; }
+  const std::string& OpeningName() const { return openingName_; }
+
   // The file handed over last (0 before any); its open may still run.
   int CurrentFileId() const { return currentFileId_; }
   // Its full drive path ("C:\Music\a.mp3"); "" when none.
   const std::string& CurrentPath() const { return currentPath_; }
   std::uint64_t Generation() const { return generation_; }
-  // Returns a number for RemoveListener.
+  // Return a number for RemoveListener.
   int OnStarted(StartedListener listener);
+  int OnOpening(OpeningListener listener);
   void RemoveListener(int listener);
   // The runner the player's commands go through from now on; null for the
   // one that runs them at once. It must outlive its use.
@@ -80,7 +99,8 @@ class CPlaybackControl {
  private:
   // Asks for the volume's disc until the drive holds it; false on Cancel.
   bool WaitForDisc(const std::string& drive, const CMediaVolume& volume) const;
-  void OpenAndPlay(int fileId, const std::string& fullPath);
+  void OpenAndPlay(int fileId, const std::string& fullPath, const std::string& name);
+  void OpeningChanged();
   PlayerRunner& Runner();
 
   MediaDB& db_;
@@ -93,5 +113,9 @@ class CPlaybackControl {
   std::string currentPath_;
   std::uint64_t generation_ = 0;
   std::vector<std::pair<int, StartedListener>> started_;
+  std::vector<std::pair<int, OpeningListener>> opening_;
+  std::uint64_t lastOpen_ = 0;  // the number of the open handed over last
+  int openingFileId_ = 0;
+  std::string openingName_;
   int lastListener_ = 0;
 };

@@ -23,6 +23,9 @@ platform::MediaControl* DeferredMediaControl::Control() {
   if (control_ == nullptr && !startFailure_) {
     try {
       control_ = factory_();
+      built_.store(control_.get());
+      if (const std::uint64_t through = abandonedThrough_.load(); through != 0)
+        control_->AbandonOpensThrough(through);
     } catch (const std::exception& failure) {
       startFailure_ = failure.what();
     }
@@ -49,4 +52,15 @@ bool DeferredMediaControl::mciGetErrorString(std::uint32_t code, char* text, uns
   const bool known = startFailure_ && code == platform::kMciNoAudioOutput;
   CopyText(known ? *startFailure_ : "", text, size);
   return known;
+}
+
+void DeferredMediaControl::NumberNextOpen(std::uint64_t number) {
+  if (platform::MediaControl* control = Control()) control->NumberNextOpen(number);
+}
+
+void DeferredMediaControl::AbandonOpensThrough(std::uint64_t number) {
+  std::uint64_t through = abandonedThrough_.load();
+  while (through < number && !abandonedThrough_.compare_exchange_weak(through, number)) {
+  }
+  if (platform::MediaControl* control = built_.load()) control->AbandonOpensThrough(number);
 }

@@ -6,8 +6,11 @@
 // When the factory throws std::exception, every later command is answered
 // with kMciNoAudioOutput and its error text gives the reason.
 //
-// Not thread-safe, like the media control it wraps.
+// Not thread-safe, like the media control it wraps, but for
+// AbandonOpensThrough.
 
+#include <atomic>
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -23,6 +26,9 @@ class DeferredMediaControl final : public platform::MediaControl {
 
   std::uint32_t mciSendString(const char* command, char* reply, unsigned size) override;
   bool mciGetErrorString(std::uint32_t code, char* text, unsigned size) override;
+  void NumberNextOpen(std::uint64_t number) override;
+  // Any thread; kept and handed on when the real one is built later.
+  void AbandonOpensThrough(std::uint64_t number) override;
 
   // Whether the real media control has been built.
   bool Started() const { return control_ != nullptr; }
@@ -34,4 +40,9 @@ class DeferredMediaControl final : public platform::MediaControl {
   Factory factory_;
   std::unique_ptr<platform::MediaControl> control_;
   std::optional<std::string> startFailure_;
+  // For AbandonOpensThrough from other threads: the control once built, and
+  // the highest number given up. Each side writes its own and then reads the
+  // other's, so at least one of them hands the number on.
+  std::atomic<platform::MediaControl*> built_{nullptr};
+  std::atomic<std::uint64_t> abandonedThrough_{0};
 };

@@ -38,9 +38,14 @@ void RunMainWindow(CLibraryApp& app, QtMessageBox& messages, bool refused) {
     QMetaObject::invokeMethod(qApp, std::move(done), Qt::QueuedConnection);
   });
   app.Playback().UseRunner(&player);
+  // An open that still waits is given up first, so that the thread's last
+  // command ends at once and quitting never waits for a file that hangs.
   struct InlineAgain {
     CPlaybackControl& playback;
-    ~InlineAgain() { playback.UseRunner(nullptr); }
+    ~InlineAgain() {
+      playback.AbandonOpen();
+      playback.UseRunner(nullptr);
+    }
   } inlineAgain{app.Playback()};
   window.Start();
   if (refused) {

@@ -6,8 +6,10 @@
 #include <QDBusMetaType>
 #include <QWidget>
 #include <algorithm>
+#include <limits>
 
 #include "qt/MprisAdaptors.h"
+#include "qt/SessionBus.h"
 #include "qt/dialogs/QtText.h"
 #include "ui/CRemoteControl.h"
 
@@ -79,6 +81,7 @@ MprisService::~MprisService() {
 }
 
 bool MprisService::Register() {
+  if (!HasSessionBusAddress()) return false;
   QDBusConnection bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return false;
   if (!bus.registerObject(QString::fromLatin1(kObjectPath), this, QDBusConnection::ExportAdaptors))
@@ -159,9 +162,13 @@ void MprisPlayerAdaptor::Stop() { service_.Remote().Stop(); }
 void MprisPlayerAdaptor::Next() { service_.Remote().Next(); }
 void MprisPlayerAdaptor::Previous() { service_.Remote().Previous(); }
 
+// The offset may be any 64-bit number: the sum is kept from overflowing.
 void MprisPlayerAdaptor::Seek(qlonglong offset) {
+  const qlonglong from = service_.Remote().PositionUs();
   service_.Remote().Seek(offset);
-  emit Seeked(std::max<qlonglong>(service_.Remote().PositionUs() + offset, 0));
+  qlonglong to = 0;
+  if (__builtin_add_overflow(from, offset, &to)) to = offset > 0 ? std::numeric_limits<qlonglong>::max() : 0;
+  emit Seeked(std::max<qlonglong>(to, 0));
 }
 
 void MprisPlayerAdaptor::SetPosition(const QDBusObjectPath& trackId, qlonglong position) {

@@ -16,9 +16,10 @@
 class CRemoteControl;
 class QWidget;
 
-// One entry of GetPlaylists: (oss) id, name, icon.
+// One entry of GetPlaylists: (oss) id, name, icon. The id is a valid object
+// path even for "no play list" ("/"): an empty one cannot be sent.
 struct MprisPlayList {
-  QDBusObjectPath id;
+  QDBusObjectPath id{QStringLiteral("/")};
   QString name;
   QString icon;
 };
@@ -46,7 +47,8 @@ class MprisService final : public QObject {
   ~MprisService() override;
 
   // Takes the bus name and exports the object; false, quietly, when there is
-  // no session bus or the name is held by another program.
+  // no session bus or the name is held by another program. Without a bus
+  // address (see SessionBus.h) the bus is never touched, so none is started.
   bool Register();
   // Announces the properties that changed since the last call.
   void AnnounceChanges();

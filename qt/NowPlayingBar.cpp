@@ -72,7 +72,7 @@ void NowPlayingBar::Show(const NowPlayingStrip& strip) {
   showing_ = true;
   pause_->setEnabled(strip.open);
   pause_->setText(strip.paused ? QStringLiteral("Resume") : QStringLiteral("Pause"));
-  song_->setText(strip.open ? SongAndArtist(strip) : QString());
+  song_->setText(strip.open ? SongAndArtist(strip) : ToQString(strip.opening));
   song_->setToolTip(song_->text());
   time_->setText(ToQString(strip.open ? strip.time : "0:00 / 0:00"));
   seek_->setEnabled(strip.open && strip.lengthMs > 0);

@@ -3,8 +3,10 @@
 #include <QIcon>
 
 #include "qt/DesktopSession.h"
+#include "qt/SessionBus.h"
 
 int main(int argc, char** argv) {
+  SettleSessionBusAddress();  // before anything could start a bus of its own
   QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("Vantrelle"));
   // Lets the desktop match the windows to the installed launcher and icon.

@@ -5,6 +5,7 @@
 #include "base/MessageText.h"
 #include "catalogue/MediaDB.h"
 #include "platform/FileSystem.h"
+#include "platform/MessageBox.h"
 #include "scan/CDriveServices.h"
 #include "scan/OffLimitsFolders.h"
 #include "scan/Paths.h"
@@ -23,6 +24,7 @@ CVolumeScanner::CVolumeScanner(MediaDB& db, CDriveServices& drives, TagReader& r
                                platform::MessageBox& messages)
     : db_(db),
       drives_(drives),
+      messages_(messages),
       discovery_(db, drives, progress_, report_),
       tags_(db, reader, messages, progress_, report_, ReaderThreads()) {}
 
@@ -38,6 +40,7 @@ void CVolumeScanner::Prepare(int kind, const std::string& root, AudioFormats for
   scanRoot_ = root;
   formats_ = formats;
   expected_ = std::move(expected);
+  leftOutQuestion_ = nullptr;
 }
 
 int CVolumeScanner::FilesLeftOut(const std::string& root, AudioFormats formats) {
@@ -81,6 +84,15 @@ bool CVolumeScanner::StillThere(const std::optional<platform::FolderIdentity>& r
 }
 
 void CVolumeScanner::Scan() {
+  if (leftOutQuestion_) {
+    progress_.SetStatus(kCheckingDisc);
+    const int leftOut = FilesLeftOut(scanRoot_, formats_);
+    if (leftOut > 0 && messages_.Show(leftOutQuestion_(leftOut), platform::Buttons::OkCancel,
+                                      platform::Icon::Warning) != platform::Answer::Ok) {
+      progress_.cancel = true;
+      return;
+    }
+  }
   // Nothing is recorded or removed for a root that is not there, nor for a
   // drive that holds another volume than the one to rescan.
   std::string refusal = RootRefusal(scanRoot_);

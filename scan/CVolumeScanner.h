@@ -4,6 +4,7 @@
 // progress. Prepare on the user-interface thread, then Run on the worker.
 
 #include <chrono>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -24,6 +25,10 @@ class MessageBox;
 class CVolumeScanner {
  public:
   static constexpr const char* kSearching = "Searching for Media files...";
+  static constexpr const char* kCheckingDisc = "Checking the disc\u2026";
+  // The question asked before files are removed for their format alone,
+  // given how many there are; see AskBeforeRemovingLeftOut.
+  using LeftOutQuestion = std::function<std::string(int leftOut)>;
 
   // The volume a rescan expects to find in the root's drive.
   struct ExpectedVolume {
@@ -43,8 +48,14 @@ class CVolumeScanner {
 
   // How many files the catalogue holds under a normalised root that a scan
   // with these formats would remove for their format alone. Reads the drive's
-  // volume and the catalogue; user-interface thread, before Prepare.
+  // volume and the catalogue: before Prepare, or on the worker.
   int FilesLeftOut(const std::string& root, AudioFormats formats);
+
+  // After Prepare: the scan itself first counts the files it would remove
+  // for their format (which reads the drive's volume, on the worker rather
+  // than the window's thread, saying "Checking the disc…") and, when there
+  // are any, asks this question with OK and Cancel; Cancel cancels the scan.
+  void AskBeforeRemovingLeftOut(LeftOutQuestion question) { leftOutQuestion_ = std::move(question); }
 
   // The scan itself; on the worker thread. Returns 0.
   int Run();
@@ -73,6 +84,8 @@ class CVolumeScanner {
 
   MediaDB& db_;
   CDriveServices& drives_;
+  platform::MessageBox& messages_;
+  LeftOutQuestion leftOutQuestion_;
   WorkerProgress progress_;
   ScanReport report_;
   DiscoveryScan discovery_;

@@ -24,10 +24,19 @@ bool ScanCommands::ScanVolume(int kind, const std::string& root,
     drives_.Messages().Show(refusal, platform::Buttons::Ok, platform::Icon::Information);
     return false;
   }
-  if (expected && !HoldsExpected(folder.substr(0, 1), *expected)) return false;
+  // A disc was checked by its prompt, and is checked again by the worker.
+  if (expected && kind != platform::kDriveCdRom && !HoldsExpected(folder.substr(0, 1), *expected))
+    return false;
   const AudioFormats formats = Formats();
-  if (!MayRemoveLeftOut(folder, formats)) return true;
+  // A disc's serial is read by the scan's worker, never on the window's
+  // thread: a bad disc may take long to answer.
+  const bool disc = kind == platform::kDriveCdRom;
+  if (!disc && !MayRemoveLeftOut(folder, formats)) return true;
   scanner_.Prepare(kind, folder, formats, std::move(expected));
+  if (disc && formats != AudioFormats::Every)
+    scanner_.AskBeforeRemovingLeftOut([folder](int leftOut) {
+      return FillMessage(kRemovesOtherFormats, {std::to_string(leftOut), folder});
+    });
   dialogs_.RunWorkerDialog(CScanDlg::kCaption, [this](WorkerDialogView& view, platform::MessageBox& messages) {
     return std::make_unique<CScanDlg>(scanner_, messages, view);
   });

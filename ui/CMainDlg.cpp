@@ -35,10 +35,12 @@ CMainDlg::CMainDlg(const MainWindowParts& parts, MainWindowView& view)
     view_.PollPlayer(true);
     PollNow();
   });
+  openingListener_ = parts_.playback.OnOpening([this] { view_.ShowNowPlaying(DescribeStatus(status_)); });
 }
 
 CMainDlg::~CMainDlg() {
   parts_.playback.RemoveListener(startedListener_);
+  parts_.playback.RemoveListener(openingListener_);
   parts_.scans.OnScanReported(nullptr);
   if (!panesBound_) return;
   parts_.tree.Unbind();
@@ -317,11 +319,16 @@ int CMainDlg::Volume() const { return parts_.settings.volume; }
 
 NowPlayingStrip CMainDlg::DescribeStatus(const PlayerStatus& status) {
   NowPlayingStrip strip;
+  if (parts_.playback.OpeningFileId() != 0) {
+    strip.opening = "Opening " + parts_.playback.OpeningName() + "\u2026";
+    return strip;
+  }
   if (status.mode == CMciPlayer::Mode::NotReady || status.fileId == 0) return strip;
   if (status.fileId != describedFileId_) {
     describedFileId_ = status.fileId;
     std::tie(song_, artist_) = parts_.list.SongAndArtist(status.fileId);
-    coverPath_ = parts_.playback.PresentPath(status.fileId);
+    // The file plays, so it lies where it was opened: no disc to read here.
+    coverPath_ = status.fileId == parts_.playback.CurrentFileId() ? parts_.playback.CurrentPath() : "";
   }
   strip.open = true;
   strip.song = song_;

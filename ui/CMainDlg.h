@@ -156,6 +156,7 @@ class CMainDlg {
   bool controlHeld_ = false;
   bool panesBound_ = false;
   int startedListener_ = 0;
+  int openingListener_ = 0;
   bool pollPending_ = false;
   PlayerStatus status_;
   std::function<void()> statusShown_;

@@ -183,7 +183,7 @@ bool CMediaList::EditFileInfo() {
   dialog.rating = file->Rating;
   dialog.type = file->Type;
   dialog.fileId = file->FileID;
-  if (presentPath_) dialog.coverPath = presentPath_(file->FileID);
+  if (locate_) dialog.locateCover = locate_(file->FileID);
   if (dialog.DoModal() != kDialogOk) return false;
 
   TakeEdit(file->Title, file->id3Title, dialog.title);

@@ -62,11 +62,11 @@ class CMediaList {
   // Every other operation needs the controls bound first. Adds grid lines,
   // full-row selection and column dragging to the list's style.
   void Bind(const MediaListControls& controls);
-  // How File Info finds a file for its cover: the file's full path when its
-  // volume is at hand, "" otherwise; it must never ask for a disc.
-  void LocateFilesWith(std::function<std::string(int fileId)> presentPath) {
-    presentPath_ = std::move(presentPath);
-  }
+  // How File Info finds a file for its cover: read on this thread, it gives
+  // a function that any thread may call for the file's full path when its
+  // volume is at hand ("" otherwise); it must never ask for a disc.
+  using Locator = std::function<std::string()>;
+  void LocateFilesWith(std::function<Locator(int fileId)> locate) { locate_ = std::move(locate); }
   // Lets go of the controls; the binder calls it before they go away.
   void Unbind() { controls_.reset(); }
   // The six columns, each at least as wide as its heading; the rating's as
@@ -119,7 +119,7 @@ class CMediaList {
   MediaDB& db_;
   CPlayListModel& playList_;
   std::optional<MediaListControls> controls_;
-  std::function<std::string(int)> presentPath_;
+  std::function<Locator(int)> locate_;
   std::optional<std::string> shownSearch_;
   int sortColumn_ = -1;  // none: the catalogue's order
   bool sortAscending_ = true;

@@ -1,6 +1,7 @@
 #include "ui/CRemoteControl.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "catalogue/MediaDB.h"
 #include "platform/FileSystem.h"
@@ -77,8 +78,11 @@ double CRemoteControl::Volume() const {
   return static_cast<double>(window_.Volume()) / CAppSettings::kFullVolume;
 }
 
+// A level that is no number, or lies outside 0 to 1, is ignored: a remote's
+// slip must neither mute the player nor reach the settings.
 void CRemoteControl::SetVolume(double volume) {
-  window_.OnVolume(static_cast<int>(std::clamp(volume, 0.0, 1.0) * CAppSettings::kFullVolume + 0.5));
+  if (!std::isfinite(volume) || volume < 0.0 || volume > 1.0) return;
+  window_.OnVolume(static_cast<int>(volume * CAppSettings::kFullVolume + 0.5));
 }
 
 // Resumes a pause; otherwise plays the row of the play list that played

@@ -43,7 +43,7 @@ class CRemoteControl {
   std::int64_t PositionUs() const;
   bool CanGoNext() const;
   bool CanGoPrevious() const;
-  // 0.0 to 1.0.
+  // 0.0 to 1.0; SetVolume ignores anything else (NaN and infinities too).
   double Volume() const;
   void SetVolume(double volume);
 

@@ -41,6 +41,8 @@ struct NowPlayingStrip {
   bool paused = false;  // the button offers "resume" rather than "pause"
   int fileId = 0;
   std::string coverPath;  // the file's path for its cover when it is at hand, else ""
+  // "Opening NAME…" while a file's open is waited for, else "".
+  std::string opening;
 };
 
 struct WindowMessage {

@@ -2,10 +2,11 @@
 
 #include <gst/gst.h>
 
-#include <filesystem>
+#include <utility>
 #include <stdexcept>
 #include <string_view>
 
+#include "platform/mci/DeviceOpener.h"
 #include "platform/mci/DeviceTable.h"
 #include "platform/mci/MciCommand.h"
 #include "platform/mci/MciText.h"
@@ -58,15 +59,19 @@ std::uint32_t RunOnDevice(const MciCommand& command, PlaybinDevice& device, std:
 
 }  // namespace
 
-GstMediaControl::GstMediaControl(AudioOutput output, PathMapper toLocalPath)
+GstMediaControl::GstMediaControl(AudioOutput output, PathMapper toLocalPath,
+                                 std::chrono::milliseconds openLimit)
     : output_(output),
       toLocalPath_(std::move(toLocalPath)),
-      devices_(std::make_unique<DeviceTable>()) {
+      devices_(std::make_unique<DeviceTable>()),
+      opener_(std::make_unique<DeviceOpener>(openLimit)) {
   StartGStreamer();
 }
 
-GstMediaControl::GstMediaControl(AudioOutput output, const FileSystem& files)
-    : GstMediaControl(output, [&files](const std::string& path) { return files.LocalPath(path); }) {}
+GstMediaControl::GstMediaControl(AudioOutput output, const FileSystem& files,
+                                 std::chrono::milliseconds openLimit)
+    : GstMediaControl(
+          output, [&files](const std::string& path) { return files.LocalPath(path); }, openLimit) {}
 
 GstMediaControl::~GstMediaControl() = default;
 
@@ -79,6 +84,10 @@ std::uint32_t GstMediaControl::mciSendString(const char* command, char* reply, u
 }
 
 bool GstMediaControl::mciGetErrorString(std::uint32_t code, char* text, unsigned size) {
+  if (code == kMciOpenTimedOut) {
+    CopyTruncated(OpenTimedOutText(opener_->Limit()), text, size);
+    return true;
+  }
   const auto wording = MciErrorText(code);
   CopyTruncated(wording.value_or(""), text, size);
   return wording.has_value();
@@ -103,15 +112,15 @@ std::uint32_t GstMediaControl::Run(std::string_view text, std::string& reply) {
   return RunOnDevice(*command, *device, reply);
 }
 
+void GstMediaControl::AbandonOpensThrough(std::uint64_t number) { opener_->AbandonThrough(number); }
+
 std::uint32_t GstMediaControl::Open(const std::string& path, const std::string& alias) {
+  const std::uint64_t number = std::exchange(nextOpen_, 0);
   if (devices_->Contains(alias)) return kMciAliasInUse;
   const std::string file = LocalFile(path);
-  std::error_code ignored;
-  const auto status = std::filesystem::status(file, ignored);
-  if (file.empty() || !std::filesystem::exists(status)) return kMciFileNotFound;
-  if (std::filesystem::is_directory(status)) return kMciCannotDecode;
+  if (file.empty()) return kMciFileNotFound;
   std::uint32_t error = kMciNoError;
-  auto device = PlaybinDevice::Open(file, output_, error);
+  auto device = opener_->Open(file, output_, number, error);
   if (!device) return error;
   devices_->Add(alias, std::move(device));
   return kMciNoError;

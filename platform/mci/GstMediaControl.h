@@ -9,8 +9,11 @@
 // GStreamer's own threads, and reaching the end is noticed at the next command.
 //
 // Not thread-safe: use one object from one thread (the user-interface thread, or
-// the player's own thread).
+// the player's own thread); AbandonOpensThrough alone may come from any thread.
+// An open (stat included) runs on a thread of its own and is waited for at most
+// the open limit; a folder, pipe, socket or device is refused unopened.
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -22,6 +25,7 @@
 
 namespace platform::mci {
 
+class DeviceOpener;
 class DeviceTable;
 
 enum class AudioOutput {
@@ -35,11 +39,16 @@ class GstMediaControl final : public MediaControl {
   // or to "" when it has none. Paths starting with "/" are used as they are.
   using PathMapper = std::function<std::string(const std::string&)>;
 
+  // How long an open may take before it is given up as wedged.
+  static constexpr std::chrono::milliseconds kOpenLimit{10000};
+
   // Starts GStreamer if it is not running yet; throws std::runtime_error when
   // it cannot be started.
-  GstMediaControl(AudioOutput output, PathMapper toLocalPath);
+  GstMediaControl(AudioOutput output, PathMapper toLocalPath,
+                  std::chrono::milliseconds openLimit = kOpenLimit);
   // Maps paths with files.LocalPath; files must outlive this object.
-  GstMediaControl(AudioOutput output, const FileSystem& files);
+  GstMediaControl(AudioOutput output, const FileSystem& files,
+                  std::chrono::milliseconds openLimit = kOpenLimit);
   // Closes every open device.
   ~GstMediaControl() override;
 
@@ -47,7 +56,10 @@ class GstMediaControl final : public MediaControl {
   GstMediaControl& operator=(const GstMediaControl&) = delete;
 
   std::uint32_t mciSendString(const char* command, char* reply, unsigned size) override;
+  // The text of kMciOpenTimedOut names the time limit.
   bool mciGetErrorString(std::uint32_t code, char* text, unsigned size) override;
+  void NumberNextOpen(std::uint64_t number) override { nextOpen_ = number; }
+  void AbandonOpensThrough(std::uint64_t number) override;
 
  private:
   std::uint32_t Run(std::string_view command, std::string& reply);
@@ -57,6 +69,8 @@ class GstMediaControl final : public MediaControl {
   AudioOutput output_;
   PathMapper toLocalPath_;
   std::unique_ptr<DeviceTable> devices_;
+  std::unique_ptr<DeviceOpener> opener_;
+  std::uint64_t nextOpen_ = 0;
 };
 
 }  // namespace platform::mci

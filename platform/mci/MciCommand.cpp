@@ -56,12 +56,44 @@ std::optional<std::uint64_t> ParseMilliseconds(std::string_view digits) {
 
 using Tokens = std::vector<std::string>;
 
-std::optional<MciCommand> ParseOpen(const Tokens& t) {
-  // open PATH type mpegvideo alias A
-  if (t.size() != 6 || !SameWord(t[2], "type") || !SameWord(t[3], "mpegvideo") ||
-      !SameWord(t[4], "alias") || t[1].empty())
+std::string_view TrimBlanks(std::string_view text) {
+  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && IsBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
+
+// open "PATH" type mpegvideo alias A, read from its fixed tail: a file name
+// may hold double quotes and blanks, so the path is whatever lies between
+// the first quote after "open" and the last one before the tail. A path
+// without quotes is one token.
+std::optional<MciCommand> ParseOpen(std::string_view text) {
+  text = TrimBlanks(text);
+  const auto tokens = SplitTokens(text);  // the head and tail hold no quotes
+  std::size_t tailStart = text.size();
+  for (int blanksToSkip = 4; blanksToSkip > 0; --blanksToSkip) {
+    while (tailStart > 0 && !IsBlank(text[tailStart - 1])) --tailStart;
+    if (blanksToSkip > 1)
+      while (tailStart > 0 && IsBlank(text[tailStart - 1])) --tailStart;
+  }
+  if (tailStart == 0) return std::nullopt;
+  auto tail = SplitTokens(text.substr(tailStart));
+  if (!tail || tail->size() != 4 || !SameWord((*tail)[0], "type") ||
+      !SameWord((*tail)[1], "mpegvideo") || !SameWord((*tail)[2], "alias"))
     return std::nullopt;
-  return MciCommand{MciVerb::Open, t[5], t[1], 0};
+  std::string_view head = TrimBlanks(text.substr(0, tailStart));
+  if (head.size() < 4 || !SameWord(head.substr(0, 4), "open")) return std::nullopt;
+  std::string_view path = head.substr(4);
+  if (path.empty() || !IsBlank(path.front())) return std::nullopt;
+  path = TrimBlanks(path);
+  if (path.size() >= 2 && path.front() == '"' && path.back() == '"') {
+    path = path.substr(1, path.size() - 2);
+  } else {
+    // Unquoted: one token, no quote anywhere.
+    if (!tokens || tokens->size() != 6) return std::nullopt;
+    if (path.find('"') != std::string_view::npos) return std::nullopt;
+  }
+  if (path.empty()) return std::nullopt;
+  return MciCommand{MciVerb::Open, (*tail)[3], std::string(path), 0};
 }
 
 std::optional<MciCommand> ParseSet(const Tokens& t) {
@@ -123,11 +155,13 @@ std::optional<MciCommand> ParseClose(const Tokens& t) {
 }  // namespace
 
 std::optional<MciCommand> ParseMciCommand(std::string_view text) {
+  const std::string_view start = TrimBlanks(text);
+  if (start.size() >= 5 && SameWord(start.substr(0, 4), "open") && IsBlank(start[4]))
+    return ParseOpen(start);
   auto tokens = SplitTokens(text);
   if (!tokens || tokens->empty()) return std::nullopt;
   const Tokens& t = *tokens;
   const std::string& verb = t[0];
-  if (SameWord(verb, "open")) return ParseOpen(t);
   if (SameWord(verb, "set")) return ParseSet(t);
   if (SameWord(verb, "status")) return ParseStatus(t);
   if (SameWord(verb, "play")) return ParsePlay(t);

@@ -25,9 +25,23 @@ std::optional<std::string_view> MciErrorText(std::uint32_t code) {
       return "That name is already in use by another open media file.";
     case kMciCannotDecode:
       return "The file cannot be played: its format is unknown or the file is damaged.";
+    case kMciNotRegularFile:
+      return "not a regular file";
+    case kMciOpenTimedOut:
+      return "did not open in time";
+    case kMciOpenAbandoned:
+      return "the open was given up for a later command";
     default:
       return std::nullopt;
   }
+}
+
+std::string OpenTimedOutText(std::chrono::milliseconds limit) {
+  const long long ms = limit.count();
+  if (ms % 1000 == 0)
+    return "did not open within " + std::to_string(ms / 1000) + (ms == 1000 ? " second" : " seconds");
+  return "did not open within " + std::to_string(ms / 1000) + "." + std::to_string(ms % 1000 / 100) +
+         " seconds";
 }
 
 void CopyTruncated(std::string_view text, char* out, unsigned size) {

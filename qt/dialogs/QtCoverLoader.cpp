@@ -17,7 +17,12 @@ QtCoverLoader::QtCoverLoader(const platform::FileSystem& files, QObject* parent)
   pool_.setMaxThreadCount(1);  // one disk read at a time, in the order asked
 }
 
-QtCoverLoader::~QtCoverLoader() { pool_.waitForDone(); }
+// Reads not yet started are dropped: only the one under way is waited for,
+// so closing never waits for a queue of slow discs.
+QtCoverLoader::~QtCoverLoader() {
+  pool_.clear();
+  pool_.waitForDone();
+}
 
 QImage QtCoverLoader::Decode(const std::string& bytes) {
   QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
@@ -51,6 +56,22 @@ void QtCoverLoader::Request(int fileId, const std::string& path) {
   pool_.start([this, finder = finder_, key] {
     const QImage image = Decode(finder->Find(key.second).bytes);
     QMetaObject::invokeMethod(this, [this, key, image] { Store(key, image); }, Qt::QueuedConnection);
+  });
+}
+
+void QtCoverLoader::RequestLocated(int fileId, std::function<std::string()> locate) {
+  pool_.start([this, finder = finder_, fileId, locate = std::move(locate)] {
+    const std::string path = locate();
+    const QImage image = path.empty() ? QImage() : Decode(finder->Find(path).bytes);
+    QMetaObject::invokeMethod(
+        this,
+        [this, key = Key{fileId, path}, image] {
+          if (key.second.empty())
+            emit Loaded(key.first, QString(), image);
+          else
+            Store(key, image);
+        },
+        Qt::QueuedConnection);
   });
 }
 

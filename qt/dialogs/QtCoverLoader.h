@@ -8,13 +8,14 @@
 // A picture whose header gives more than kMaxDimension pixels on a side is
 // not decoded; bytes that do not decode give a null image, as no picture
 // does. Requests and Loaded on the user-interface thread only; the
-// destructor waits for the read under way.
+// destructor drops the queued reads and waits only for the one under way.
 
 #include <QImage>
 #include <QObject>
 #include <QString>
 #include <QThreadPool>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <set>
 #include <string>
@@ -41,6 +42,10 @@ class QtCoverLoader : public QObject {
   // The file's cover: Loaded follows, from the cache or once read. A request
   // for a file already being read is not read twice.
   void Request(int fileId, const std::string& path);
+  // The same for a path that locate finds on the reader thread; Loaded then
+  // carries that path ("" and a null image when the file is not at hand).
+  // Nothing is cached for a file not at hand.
+  void RequestLocated(int fileId, std::function<std::string()> locate);
 
   // The cached image (null: none) of a file, when there is one.
   const QImage* Cached(int fileId, const std::string& path) const;

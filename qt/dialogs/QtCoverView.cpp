@@ -15,7 +15,18 @@ QtCoverView::QtCoverView(QtCoverLoader& loader, int edge, QWidget* parent)
 void QtCoverView::ShowNothing() {
   fileId_ = 0;
   path_.clear();
+  locating_ = false;
   clear();
+}
+
+void QtCoverView::ShowCoverLocated(int fileId, std::function<std::string()> locate) {
+  ShowNothing();
+  if (!locate) return;
+  fileId_ = fileId;
+  locating_ = true;
+  setWordWrap(true);
+  setText(QStringLiteral("Checking the disc\u2026"));
+  loader_.RequestLocated(fileId, std::move(locate));
 }
 
 void QtCoverView::ShowCoverOf(int fileId, const std::string& path) {
@@ -29,6 +40,12 @@ void QtCoverView::ShowCoverOf(int fileId, const std::string& path) {
 bool QtCoverView::ShowsPicture() const { return !pixmap().isNull(); }
 
 void QtCoverView::OnLoaded(int fileId, const QString& path, const QImage& image) {
-  if (fileId != fileId_ || path != path_ || image.isNull()) return;
+  if (fileId != fileId_ || (!locating_ && path != path_)) return;
+  if (locating_) {
+    locating_ = false;
+    path_ = path;
+    clear();
+  }
+  if (image.isNull()) return;
   setPixmap(QPixmap::fromImage(image.scaled(edge_, edge_, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
 }

@@ -10,6 +10,7 @@
 // one is ignored. User-interface thread only.
 
 #include <QLabel>
+#include <functional>
 #include <string>
 
 class QtCoverLoader;
@@ -22,6 +23,9 @@ class QtCoverView : public QLabel {
   QtCoverView(QtCoverLoader& loader, int edge, QWidget* parent = nullptr);
 
   void ShowCoverOf(int fileId, const std::string& path);
+  // The path is found by locate on the loader's thread (it may read a disc);
+  // meanwhile the square says "Checking the disc…".
+  void ShowCoverLocated(int fileId, std::function<std::string()> locate);
   void ShowNothing();
   bool ShowsPicture() const;
 
@@ -32,4 +36,5 @@ class QtCoverView : public QLabel {
   int edge_;
   int fileId_ = 0;
   QString path_;
+  bool locating_ = false;  // the path comes with the picture
 };

@@ -100,7 +100,10 @@ void QtFileInfoDialog::Load(const FileInfoForm& form) {
   for (std::size_t i = 0; i < info.size(); ++i) mpegInfo_[i]->setText(ToQString(*info[i]));
   info_->setTitle(ToQString(form.infoTitle));
   rating_->SetRating(form.checkedRating);
-  if (cover_) cover_->ShowCoverOf(form.fileId, form.coverPath);
+  if (cover_ && form.locateCover)
+    cover_->ShowCoverLocated(form.fileId, form.locateCover);
+  else if (cover_)
+    cover_->ShowCoverOf(form.fileId, form.coverPath);
 }
 
 void QtFileInfoDialog::Store(FileInfoForm& form) const {

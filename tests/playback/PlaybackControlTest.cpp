@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "app/CLibraryApp.h"
 #include "playback/CPlaybackControl.h"
 #include "tests/support/CatalogueRows.h"
@@ -83,11 +85,21 @@ TEST_F(PlaybackTest, ACdFilePlaysFromTheCdDriveOnceTheRightDiscIsIn) {
 // What File Info reads the cover from: never a prompt, nothing for an absent disc.
 TEST_F(PlaybackTest, APresentPathIsGivenOnlyForTheRightDiscAndNeverAsks) {
   const int cdFile = AddCdFile();
+  // Located later: the rows are read now, the drive when asked, on any thread.
+  const auto later = app->Playback().LocateLater(cdFile);
+  ASSERT_TRUE(later);
+  EXPECT_FALSE(app->Playback().LocateLater(999));
   EXPECT_EQ(app->Playback().PresentPath(cdFile), "");  // the drive is empty
+  std::string located = "unset";
+  std::thread([&] { located = later(); }).join();
+  EXPECT_EQ(located, "");
   drives.InsertDisc('E', Disc("other", 2));
   EXPECT_EQ(app->Playback().PresentPath(cdFile), "");
   drives.InsertDisc('E', Disc("right", kSerial));
   EXPECT_EQ(app->Playback().PresentPath(cdFile), "E:\\Jazz\\a.mp3");
+  app->Db().ExecuteChange("DELETE FROM MediaFiles;");
+  std::thread([&] { located = later(); }).join();
+  EXPECT_EQ(located, "E:\\Jazz\\a.mp3");
   EXPECT_EQ(app->Playback().PresentPath(AddFile(kDriveFixed, "C", "\\Music\\", "b.flac")), "C:\\Music\\b.flac");
   EXPECT_EQ(app->Playback().PresentPath(999), "");
   EXPECT_TRUE(messages.Shown().empty());
@@ -113,7 +125,8 @@ TEST_F(PlaybackTest, AFileThatDoesNotOpenIsReportedAndOneWithoutItsRowsIsNotTrie
   const std::string open = "open \"C:\\a.mp3\" type mpegvideo alias QL_MCI_DEV_1";
   EXPECT_EQ(media.Commands(),
             (Strings{open, open, "set QL_MCI_DEV_1 time format ms", "status QL_MCI_DEV_1 length"}));
-  EXPECT_EQ(messages.Texts(), Strings(2, kSorry));
+  // The box names the file and the media control's reason.
+  EXPECT_EQ(messages.Texts(), (Strings{kSorry + "\nC:\\a.mp3: error 275", kSorry + "\nC:\\a.mp3: error 296"}));
   EXPECT_EQ(messages.Shown()[0].buttons, platform::Buttons::Ok);
 
   // A file without its folder or volume row is not tried at all.

@@ -12,7 +12,15 @@
 #include <QDBusObjectPath>
 #include <QDBusPendingCall>
 #include <QDBusVariant>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QDBusConnectionInterface>
 #include <chrono>
+#include <filesystem>
+#include <cmath>
+#include <limits>
+#include <map>
 #include <cstdint>
 #include <fstream>
 
@@ -23,7 +31,9 @@
 #include "qt/MprisService.h"
 #include "tests/qt/DesktopDialogSet.h"
 #include "tests/support/CatalogueRows.h"
+#include "tests/support/HeldFile.h"
 #include "tests/support/ProgramFolder.h"
+#include "tests/support/RecordingMediaControl.h"
 
 namespace {
 
@@ -55,10 +65,11 @@ void WriteWave(const std::string& path) {
   out << std::string(bytes, '\0');
 }
 
-// Turns the event loop until the condition holds; false after fifteen seconds.
+// Turns the event loop until the condition holds; false after fifteen seconds
+// (or the time given).
 template <class Condition>
-bool Eventually(Condition condition) {
-  const auto deadline = std::chrono::steady_clock::now() + 15s;
+bool Eventually(Condition condition, std::chrono::milliseconds within = 15s) {
+  const auto deadline = std::chrono::steady_clock::now() + within;
   while (!condition()) {
     if (std::chrono::steady_clock::now() > deadline) return false;
     QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
@@ -194,6 +205,141 @@ TEST_F(MprisBusTest, APlayListIsActivatedPlayedThroughPausedMovedAndStepped) {
   EXPECT_TRUE(Eventually([&] { return announced.statuses.contains(QStringLiteral("Stopped")); }));
   EXPECT_TRUE(announced.statuses.contains(QStringLiteral("Paused")));
   EXPECT_TRUE(messages.Shown().empty());
+}
+
+// Every property of every interface is read, one by one and all at once,
+// with and without an active play list; levels that are no number or out of
+// range are ignored. A property sent with the wrong signature would end the
+// program.
+TEST_F(MprisBusTest, EveryPropertyReadsWithItsTypeAndJunkLevelsAreIgnored) {
+  if (!QDBusConnection::sessionBus().isConnected()) GTEST_SKIP() << "no session bus: run under dbus-run-session";
+  ASSERT_TRUE(window->PublishOnSessionBus());
+  const QString playLists = QStringLiteral("org.mpris.MediaPlayer2.Playlists");
+  const std::map<QString, QStringList> properties{
+      {QStringLiteral("org.mpris.MediaPlayer2"),
+       {"Identity", "DesktopEntry", "CanQuit", "CanRaise", "HasTrackList", "SupportedUriSchemes",
+        "SupportedMimeTypes"}},
+      {kPlayer,
+       {"PlaybackStatus", "Metadata", "Position", "Volume", "Rate", "MinimumRate", "MaximumRate", "CanGoNext",
+        "CanGoPrevious", "CanPlay", "CanPause", "CanSeek", "CanControl"}},
+      {playLists, {"PlaylistCount", "Orderings", "ActivePlaylist"}},
+  };
+  auto readAll = [&] {
+    for (const auto& [interface, names] : properties) {
+      SCOPED_TRACE(interface.toStdString());
+      const QDBusMessage all = Call(kProperties, QStringLiteral("GetAll"), {interface});
+      ASSERT_EQ(all.arguments().size(), 1);
+      const auto values = qdbus_cast<QVariantMap>(all.arguments().front().value<QDBusArgument>());
+      for (const QString& name : names) {
+        EXPECT_TRUE(values.contains(name)) << name.toStdString();
+        EXPECT_EQ(Call(kProperties, QStringLiteral("Get"), {interface, name}).arguments().size(), 1)
+            << name.toStdString();
+      }
+    }
+  };
+  auto active = [&] {
+    const QDBusMessage reply = Call(kProperties, QStringLiteral("Get"), {playLists, QStringLiteral("ActivePlaylist")});
+    const auto argument = reply.arguments().value(0).value<QDBusVariant>().variant().value<QDBusArgument>();
+    EXPECT_EQ(argument.currentSignature(), QStringLiteral("(b(oss))"));
+    return qdbus_cast<MprisActivePlayList>(argument);
+  };
+  readAll();
+  const MprisActivePlayList none = active();
+  EXPECT_FALSE(none.valid);
+  EXPECT_EQ(none.playList.id.path(), QStringLiteral("/"));
+  EXPECT_TRUE(none.playList.name.isEmpty());
+
+  auto set = [&](const QString& name, const QVariant& value) {
+    QDBusMessage message = QDBusMessage::createMethodCall(kBus, kPath, kProperties, QStringLiteral("Set"));
+    message.setArguments({kPlayer, name, QVariant::fromValue(QDBusVariant(value))});
+    QDBusPendingCall pending = client.asyncCall(message, 10000);
+    EXPECT_TRUE(Eventually([&] { return pending.isFinished(); })) << name.toStdString();
+  };
+  set(QStringLiteral("Volume"), 0.5);
+  EXPECT_TRUE(Eventually([&] { return app.Settings().volume == 500; }));
+  for (double junk : {std::nan(""), HUGE_VAL, -HUGE_VAL, -0.25, 1.5}) {
+    set(QStringLiteral("Volume"), junk);
+    set(QStringLiteral("Rate"), junk);
+  }
+  set(QStringLiteral("Position"), qlonglong{-1});  // read-only: refused
+  Call(kPlayer, QStringLiteral("Seek"), {std::numeric_limits<qlonglong>::max()});
+  Call(kPlayer, QStringLiteral("Seek"), {std::numeric_limits<qlonglong>::min()});
+  EXPECT_EQ(Property(QStringLiteral("Volume")).toDouble(), 0.5);
+  EXPECT_EQ(app.Settings().volume, 500);
+  EXPECT_EQ(Property(QStringLiteral("Rate")).toDouble(), 1.0);
+
+  const QDBusMessage lists = Call(playLists, QStringLiteral("GetPlaylists"), {0u, 10u, QStringLiteral("UserDefined"), false});
+  const auto stored = qdbus_cast<QList<MprisPlayList>>(lists.arguments().value(0).value<QDBusArgument>());
+  ASSERT_EQ(stored.size(), 1);
+  Call(playLists, QStringLiteral("ActivatePlaylist"), {QVariant::fromValue(stored.front().id)});
+  ASSERT_TRUE(Eventually([&] { return Status() == QStringLiteral("Playing"); }));
+  readAll();
+  const MprisActivePlayList evening = active();
+  EXPECT_TRUE(evening.valid);
+  EXPECT_EQ(evening.playList.name, QStringLiteral("Evening"));
+  EXPECT_EQ(evening.playList.id, stored.front().id);
+  EXPECT_EQ(Property(QStringLiteral("Volume")).toDouble(), 0.5);
+}
+
+// The real program, copied into a program folder of its own, is asked over
+// the bus to play a file whose open hangs in the kernel, then to quit: it
+// ends at once, leaving the open behind.
+TEST(RealProgram, QuitsOverTheBusWhileAnOpenHangs) {
+  if (!QDBusConnection::sessionBus().isConnected()) GTEST_SKIP() << "no session bus: run under dbus-run-session";
+  testing_support::ProgramFolder place;
+  const std::string program = place.folder.Path() + "/vantrelle";
+  std::filesystem::copy_file(VANTRELLE_BIN_DIR "/vantrelle", program);
+  place.drives.AddFixed('C', place.folder.MakeFolder("c"));
+  std::filesystem::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/id3v2.mp3", place.folder.Path() + "/c/held.mp3");
+  {
+    testing_support::RecordingMediaControl unused;
+    CLibraryApp app{place.folder.Path() + "/", PlatformServices{place.table, place.files, place.messages, unused}};
+    app.Start();
+    const int pathId = testing_support::StoreFolder(app.Db(), testing_support::StoreVolume(app.Db(), 3, "C", ""), "\\");
+    CPlayList list;
+    list.Name = "Stuck";
+    list.FileIDs = std::to_string(testing_support::StoreFile(app.Db(), pathId, "held.mp3"));
+    app.Db().AddPlayList(list);
+    app.Exit();
+  }
+  testing_support::HeldFile holder(place.folder.Path() + "/c/held.mp3");
+  ASSERT_TRUE(holder.Held());
+
+  const pid_t child = ::fork();
+  if (child == 0) {
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    ::execl(program.c_str(), program.c_str(), static_cast<char*>(nullptr));
+    ::_exit(127);
+  }
+  ASSERT_GT(child, 0);
+  int status = -1;
+  auto ended = [&] { return ::waitpid(child, &status, WNOHANG) == child; };
+  QDBusConnection remote = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("real"));
+  auto call = [&](const QString& interface, const QString& method, const QVariantList& arguments = {}) {
+    QDBusMessage message = QDBusMessage::createMethodCall(kBus, kPath, interface, method);
+    message.setArguments(arguments);
+    QDBusPendingCall pending = remote.asyncCall(message, 10000);
+    EXPECT_TRUE(Eventually([&] { return pending.isFinished(); })) << method.toStdString();
+    return pending.reply();
+  };
+  EXPECT_TRUE(Eventually([&] { return ended() || remote.interface()->isServiceRegistered(kBus).value(); }));
+  const QString playLists = QStringLiteral("org.mpris.MediaPlayer2.Playlists");
+  const QDBusMessage lists = call(playLists, QStringLiteral("GetPlaylists"), {0u, 10u, QStringLiteral("UserDefined"), false});
+  const auto stored = qdbus_cast<QList<MprisPlayList>>(lists.arguments().value(0).value<QDBusArgument>());
+  EXPECT_EQ(stored.size(), 1);
+  if (stored.size() == 1) call(playLists, QStringLiteral("ActivatePlaylist"), {QVariant::fromValue(stored.front().id)});
+  EXPECT_TRUE(Eventually([&] { return holder.Awaited(); }));  // the program's open waits now
+
+  // A program that waited for its open to be given up by the time limit
+  // would end only after the limit: half of it is ample for one that does not.
+  call(QStringLiteral("org.mpris.MediaPlayer2"), QStringLiteral("Quit"));
+  const bool quit = Eventually(ended, platform::mci::GstMediaControl::kOpenLimit / 2);
+  EXPECT_TRUE(quit);
+  if (!quit) {
+    ::kill(child, SIGKILL);
+    ::waitpid(child, &status, 0);
+  }
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
 }
 
 }  // namespace

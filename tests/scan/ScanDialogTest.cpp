@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "platform/FolderPicker.h"
 #include "scan/ScanCommands.h"
 #include "settings/CAppSettings.h"
@@ -131,6 +133,43 @@ TEST_F(ScanCommandsTest, AddCdPromptsForADiscAndFindsKnownDiscsAgain) {
   EXPECT_EQ(db.GetPath(db.GetVolumeRootPathIds(jazzVol).at(0))->FullPath, "\\");
   EXPECT_EQ(CataloguedFiles().size(), 2u);
   EXPECT_EQ(rebuilds, 3);
+}
+
+// Whether a rescan of a disc would remove files for their format is found
+// out by the scan's worker, which reads the disc: the window's thread never
+// waits on the drive. Cancel keeps the files.
+TEST_F(ScanCommandsTest, AddCdChecksTheDiscOnTheWorkerBeforeRemovingOtherFormats) {
+  const std::string jazz = folder.MakeFolder("discs/jazz");
+  LabelDisc(jazz, "Jazz 1", 0x12345678);
+  Put("discs/jazz/a.mp3", "id3v1.mp3");
+  Put("discs/jazz/b.flac", "lossless.flac");
+  testDrives.InsertDisc('E', jazz);
+  settings.allFormats = true;
+  commands.AddCd();
+  ASSERT_EQ(CataloguedFiles().size(), 2u);
+
+  settings.allFormats = false;
+  std::vector<std::thread::id> askedOn;
+  std::string statusWhenAsked;
+  messages.OnShow([&](const testing_support::ShownMessage& m) {
+    if (m.buttons != platform::Buttons::OkCancel) return;
+    askedOn.push_back(std::this_thread::get_id());
+    statusWhenAsked = scanner.Progress().Status();
+  });
+  messages.Script({Answer::Cancel});
+  commands.AddCd();
+  ASSERT_EQ(askedOn.size(), 1u);
+  EXPECT_NE(askedOn.front(), std::this_thread::get_id());
+  EXPECT_EQ(statusWhenAsked, "Checking the disc\u2026");
+  EXPECT_EQ(messages.Texts().back().rfind("The catalogue holds 1 FLAC, Musepack, Opus or M4A files under E:\\", 0), 0u)
+      << messages.Texts().back();
+  EXPECT_EQ(reports.back(), "Scan cancelled.");
+  EXPECT_EQ(CataloguedFiles().size(), 2u);
+
+  messages.Script({Answer::Ok});
+  commands.AddCd();
+  EXPECT_EQ(askedOn.size(), 2u);
+  EXPECT_EQ(CataloguedFiles().size(), 1u);
 }
 
 TEST_F(ScanCommandsTest, AddHdScansThePickedFolderAndStartsThereNextTime) {

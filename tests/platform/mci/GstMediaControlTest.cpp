@@ -2,12 +2,18 @@
 
 #include <gtest/gtest.h>
 
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
 #include <chrono>
 #include <cstring>
 #include <filesystem>
 #include <string>
 #include <thread>
 
+#include "tests/support/HeldFile.h"
 #include "tests/support/TempFolder.h"
 
 namespace platform::mci {
@@ -172,11 +178,71 @@ TEST(GstMediaControl, DrivePathsAreMappedAliasesIgnoreCaseAndUnplayableFilesLeav
 
   // Files that cannot be played leave the alias free.
   EXPECT_EQ(mci.Open(music.Path() + "/missing.mp3", "a"), 275u);
-  for (const std::string& path : {music.MakeFolder("album.mp3"), music.WriteFile("notes.mp3", "just words\n"),
+  EXPECT_EQ(mci.Open(music.MakeFolder("album.mp3"), "a"), kMciNotRegularFile);
+  for (const std::string& path : {music.WriteFile("notes.mp3", "just words\n"),
                                   kFixtures + "empty.mp3", kFixtures + "truncated.flac"})
     EXPECT_EQ(mci.Open(path, "a"), 296u) << path;
   EXPECT_EQ(mci.Send("status a length").code, 263u);
   EXPECT_EQ(mci.Open(kFixtures + "lossless.flac", "a"), 0u);
+}
+
+// Opens that would never return are refused before they start (a pipe, a
+// socket, a device: the open limit here is an hour, so only a refusal can
+// answer) or given up: after the limit, or at once for a later command.
+TEST(GstMediaControl, SpecialFilesAreRefusedUnopenedAndWedgedOpensEnd) {
+  testing_support::TempFolder music;
+  const std::string pipe = music.Path() + "/pipe.mp3";
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  const std::string socketPath = music.Path() + "/socket.mp3";
+  const int sock = ::socket(AF_UNIX, SOCK_STREAM, 0);
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  socketPath.copy(address.sun_path, sizeof address.sun_path - 1);
+  ASSERT_EQ(::bind(sock, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
+  fs::create_symlink(pipe, music.Path() + "/link to pipe.mp3");
+  fs::create_symlink(kFixtures + "vorbis.ogg", music.Path() + "/link.ogg");
+  fs::copy_file(kFixtures + "id3v2.mp3", music.Path() + R"(/say "hi" now.mp3)");
+
+  GstMediaControl patient(AudioOutput::Silent, nullptr, std::chrono::hours(1));
+  auto open = [](GstMediaControl& mci, const std::string& file) {
+    const std::string command = "open \"" + file + "\" type mpegvideo alias a";
+    return mci.mciSendString(command.c_str(), nullptr, 0);
+  };
+  for (const std::string& path : {pipe, socketPath, music.Path() + "/link to pipe.mp3", std::string("/dev/null")})
+    EXPECT_EQ(open(patient, path), kMciNotRegularFile) << path;
+  ::close(sock);
+  char text[100];
+  EXPECT_TRUE(patient.mciGetErrorString(kMciNotRegularFile, text, sizeof text));
+  EXPECT_STREQ(text, "not a regular file");
+  EXPECT_EQ(open(patient, music.Path() + "/link.ogg"), 0u);
+  EXPECT_EQ(patient.mciSendString("close a", nullptr, 0), 0u);
+  EXPECT_EQ(open(patient, music.Path() + R"(/say "hi" now.mp3)"), 0u);
+  EXPECT_EQ(patient.mciSendString("close a", nullptr, 0), 0u);
+
+  const std::string held = music.Path() + "/held.mp3";
+  fs::copy_file(kFixtures + "id3v2.mp3", held);
+  testing_support::HeldFile holder(held);
+  ASSERT_TRUE(holder.Held());
+  // Given up while it waits.
+  std::uint32_t waited = 0;
+  patient.NumberNextOpen(1);
+  std::thread waiting([&] { waited = open(patient, held); });
+  EXPECT_TRUE(Eventually([&] { return holder.Awaited(); }));
+  patient.AbandonOpensThrough(1);
+  waiting.join();
+  EXPECT_EQ(waited, kMciOpenAbandoned);
+  GstMediaControl hasty(AudioOutput::Silent, nullptr, std::chrono::milliseconds(300));
+  EXPECT_EQ(open(hasty, held), kMciOpenTimedOut);
+  EXPECT_TRUE(hasty.mciGetErrorString(kMciOpenTimedOut, text, sizeof text));
+  EXPECT_STREQ(text, "did not open within 0.3 seconds");
+  EXPECT_EQ(hasty.mciSendString("status a length", nullptr, 0), kMciUnknownAlias);
+
+  // Giving up an open sent earlier leaves a later one alone.
+  patient.NumberNextOpen(2);
+  EXPECT_EQ(open(patient, kFixtures + "vorbis.ogg"), 0u);
+  EXPECT_EQ(patient.mciSendString("close a", nullptr, 0), 0u);
+  patient.NumberNextOpen(1);
+  EXPECT_EQ(open(patient, kFixtures + "vorbis.ogg"), kMciOpenAbandoned);
 }
 
 TEST(GstMediaControl, UnknownAliasesAndJunkAreRefusedAndRepliesAreCutToTheBuffer) {

@@ -28,6 +28,19 @@ TEST(MciCommand, OpenTakesAQuotedPathWholeAndKeywordsIgnoreCase) {
             std::numeric_limits<std::uint64_t>::max());
 }
 
+// The path is read between the first quote and the one before the fixed
+// tail, so quotes and blanks in a file name come through as they are.
+TEST(MciCommand, OpenReadsAPathHoldingQuotesByItsTail) {
+  auto c = ParseMciCommand(R"(open "C:\Music\The "Best" of\say "hi".mp3" type mpegvideo alias QL_MCI_DEV_1)");
+  ASSERT_TRUE(c);
+  EXPECT_EQ(c->path, R"(C:\Music\The "Best" of\say "hi".mp3)");
+  EXPECT_EQ(c->alias, "QL_MCI_DEV_1");
+  EXPECT_EQ(ParseMciCommand(R"(open """ type mpegvideo alias a)")->path, "\"");
+  EXPECT_EQ(ParseMciCommand(R"(open "a type mpegvideo alias b" type mpegvideo alias c)")->path,
+            "a type mpegvideo alias b");
+  EXPECT_EQ(ParseMciCommand(R"(open "x" type mpegvideo alias c)")->alias, "c");
+}
+
 TEST(MciCommand, AnythingElseIsRejected) {
   for (const char* junk : {
            "", "   ", "pause", "pause a b", "resume", "seek a 5", "seek a to", "seek a to -1",
@@ -37,7 +50,9 @@ TEST(MciCommand, AnythingElseIsRejected) {
            "set a time format frames", "set a time format", "open x type waveaudio alias a",
            "open x type mpegvideo alias", "open x type mpegvideo alias a extra",
            R"(open "unterminated type mpegvideo alias a)", R"(open "a"b type mpegvideo alias a)",
-           R"(open a"b type mpegvideo alias a)", R"(open "" type mpegvideo alias a)"}) {
+           R"(open a"b type mpegvideo alias a)", R"(open "" type mpegvideo alias a)",
+           R"(open "x" type mpegvideo alias a"b)", R"(open "x"type mpegvideo alias a)",
+           R"(opening "x" type mpegvideo alias a)", "open", R"(open " type mpegvideo alias a)"}) {
     EXPECT_FALSE(ParseMciCommand(junk)) << junk;
   }
 }

@@ -2,8 +2,19 @@
 
 #include <QGroupBox>
 #include <QTest>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+#include <vector>
+#include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <thread>
 
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
@@ -49,6 +60,99 @@ TEST_F(CoverViewTest, DecodingTakesPicturesAndRefusesTheRest) {
   EXPECT_TRUE(QtCoverLoader::Decode(BmpHeaders(20000, 20000)).isNull());  // 1.2 GB of pixels
 }
 
+// The real file system, but reading one path waits until the test lets it
+// go, as a dead share would; every path asked for is counted.
+class SlowDisk final : public platform::FileSystem {
+ public:
+  SlowDisk(const platform::FileSystem& files, std::string slow) : files_(files), slow_(std::move(slow)) {}
+  void LetGo() {
+    std::lock_guard lock(mutex_);
+    goOn_ = true;
+    changed_.notify_all();
+  }
+  bool Reading(const std::string& path) const { return Asked(path) > 0; }
+  int Asked(const std::string& path) const {
+    std::lock_guard lock(mutex_);
+    return static_cast<int>(std::count(asked_.begin(), asked_.end(), path));
+  }
+
+  std::string LocalPath(const std::string& path) const override {
+    std::unique_lock lock(mutex_);
+    asked_.push_back(path);
+    if (path == slow_) changed_.wait(lock, [this] { return goOn_; });
+    return files_.LocalPath(path);
+  }
+  platform::Listing List(const std::string& folder, const std::string& pattern) const override {
+    return files_.List(folder, pattern);
+  }
+  bool AnyFileMatches(const std::string& folder, const std::string& pattern) const override {
+    return files_.AnyFileMatches(folder, pattern);
+  }
+  std::optional<platform::FolderIdentity> Identity(const std::string& folder) const override {
+    return files_.Identity(folder);
+  }
+  std::optional<platform::FileFacts> Stat(const std::string& path) const override { return files_.Stat(path); }
+  bool Exists(const std::string& path) const override { return files_.Exists(path); }
+  bool CreateFolder(const std::string&) override { return false; }
+  bool Remove(const std::string&) override { return false; }
+  platform::CopyResult CopyNoOverwrite(const std::string&, const std::string&) override {
+    return platform::CopyResult::Failed("read only");
+  }
+
+ private:
+  const platform::FileSystem& files_;
+  std::string slow_;
+  mutable std::mutex mutex_;
+  mutable std::condition_variable changed_;
+  mutable std::vector<std::string> asked_;
+  bool goOn_ = false;
+};
+
+// Whether a thread of this process sleeps (waits on a lock or a condition).
+bool Sleeping(pid_t thread) {
+  std::ifstream stat("/proc/self/task/" + std::to_string(thread) + "/stat");
+  std::string line;
+  std::getline(stat, line);
+  const auto close = line.rfind(')');
+  return close != std::string::npos && close + 2 < line.size() && line[close + 2] == 'S';
+}
+
+template <class Condition>
+bool Within20Seconds(Condition condition) {
+  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+  while (!condition())
+    if (std::chrono::steady_clock::now() > deadline) return false;
+    else std::this_thread::yield();
+  return true;
+}
+
+// Going away, the loader drops the reads it has not started and waits only
+// for the one under way.
+TEST_F(CoverViewTest, GoingAwayDropsQueuedReadsAndWaitsOnlyForTheOneUnderWay) {
+  const std::string first = kFixtures + "pictured-id3v2.mp3";
+  const std::string second = kFixtures + "pictured-Tone.M4A";
+  SlowDisk disk(files, first);
+  auto going = std::make_unique<QtCoverLoader>(disk);
+  going->Request(1, first);
+  going->Request(2, second);
+  going->Request(3, second);
+  ASSERT_TRUE(Within20Seconds([&] { return disk.Reading(first); }));
+  std::atomic<pid_t> closer = 0;
+  std::atomic<bool> gone = false;
+  std::thread closing([&] {
+    closer = ::gettid();
+    going.reset();
+    gone = true;
+  });
+  // Let the read under way go on once the closing thread waits for it.
+  EXPECT_TRUE(Within20Seconds([&] { return closer != 0 && (gone || Sleeping(closer)); }));
+  EXPECT_FALSE(gone);
+  disk.LetGo();
+  EXPECT_TRUE(Within20Seconds([&] { return gone.load(); }));
+  closing.join();
+  EXPECT_EQ(disk.Asked(second), 0);
+}
+
 TEST_F(CoverViewTest, ShowsTheLastFileAskedForOnceReadAndNothingWithoutAPicture) {
   QtCoverView view(loader, 64);
   const std::string pictured = kFixtures + "pictured-Tone.M4A";
@@ -84,6 +188,57 @@ TEST_F(CoverViewTest, FileInfoShowsTheCoverAndTheKindOfFile) {
   auto* cover = dialog.findChild<QtCoverView*>();
   ASSERT_NE(cover, nullptr);
   QTRY_VERIFY(cover->ShowsPicture());
+}
+
+// Finding a disc file may read the disc: File Info shows at once, says that
+// it checks, and the check runs on the loader's thread.
+TEST_F(CoverViewTest, FileInfoChecksTheDiscOffTheWindowsThread) {
+  temp.WriteFile("Disc/cover.jpg", Bytes(kFixtures + "art.jpg"));
+  std::ofstream(temp.Path() + "/Disc/song.flac", std::ios::binary) << Bytes(kFixtures + "lossless.flac");
+  std::mutex mutex;
+  std::condition_variable changed;
+  bool inDrive = false;
+  bool answered = false;
+  std::thread::id checkedOn;
+  FileInfoForm form;
+  form.fileId = 9;
+  form.locateCover = [&]() -> std::string {
+    std::unique_lock lock(mutex);
+    checkedOn = std::this_thread::get_id();
+    // Bounded, so that a check made on the window's thread fails rather than hangs.
+    changed.wait_for(lock, std::chrono::seconds(20), [&] { return answered; });
+    return inDrive ? temp.Path() + "/Disc/song.flac" : "";
+  };
+  QtFileInfoDialog dialog(nullptr, &loader);
+  dialog.Load(form);
+  auto* cover = dialog.findChild<QtCoverView*>();
+  ASSERT_NE(cover, nullptr);
+  EXPECT_EQ(cover->text(), QStringLiteral("Checking the disc\u2026"));
+  {
+    std::lock_guard lock(mutex);
+    inDrive = true;
+    answered = true;
+  }
+  changed.notify_all();
+  EXPECT_TRUE(Within20Seconds([&] {
+    QCoreApplication::processEvents();
+    return cover->ShowsPicture();
+  }));
+  EXPECT_TRUE(cover->text().isEmpty());
+  EXPECT_NE(checkedOn, std::this_thread::get_id());
+
+  // No disc: the note goes, and no picture comes.
+  {
+    std::lock_guard lock(mutex);
+    inDrive = false;
+  }
+  form.fileId = 10;
+  dialog.Load(form);
+  EXPECT_TRUE(Within20Seconds([&] {
+    QCoreApplication::processEvents();
+    return cover->text().isEmpty();
+  }));
+  EXPECT_FALSE(cover->ShowsPicture());
 }
 
 }  // namespace

@@ -40,7 +40,7 @@ std::vector<bool> Checked(const QWidget& dialog) {
 
 FileInfoForm SongForm(int rating) {
   return {"song.mp3", "Caf\xe9", "Artist", "Album", "Comment", "Length:  4:05",
-          "Bit Rate: 192 kb/s", "Sample Rate: 44100 Hz", "Channels: 2", rating, "MPEG Info", 0, ""};
+          "Bit Rate: 192 kb/s", "Sample Rate: 44100 Hz", "Channels: 2", rating, "MPEG Info", 0, "", {}};
 }
 
 TEST(FileInfoDialog, ShowsTheFormHandsBackTheEditsAndCancelChangesNothing) {
