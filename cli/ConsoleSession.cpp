@@ -55,6 +55,9 @@ int RunSession(ConsoleCommand& command, AnswerPolicy policy) {
       case CLibraryApp::StartResult::InUse:
         std::fprintf(stderr, "%s\n", app.InUseMessage().c_str());
         return kCatalogueInUse;
+      case CLibraryApp::StartResult::Forbidden:
+        std::fprintf(stderr, "vantrelle-cli: %s\n", app.ForbiddenMessage().c_str());
+        return kCatalogueFailed;
     }
   } catch (const CppSQLite3Exception& failure) {
     std::fprintf(stderr, "vantrelle-cli: cannot open the catalogue: %s\n", failure.Message());
@@ -78,8 +81,9 @@ int RunConsole(int argc, char** argv) {
   CLI::App cli{"The console face of Vantrelle: catalogue, search and play music on disks and CDs.",
                "vantrelle-cli"};
   cli.footer(
-      "Exit status: 0 done (a cancelled question too); 1 a catalogue statement failed, or the\n"
-      "catalogue cannot be opened; 2 a wrong command line; 3 the catalogue is of another version;\n"
+      "Exit status: 0 done (a cancelled question too); 1 a catalogue statement failed, the\n"
+      "catalogue cannot be opened or must not be used where it lies, or it is read-only and the\n"
+      "command would change it; 2 a wrong command line; 3 the catalogue is of another version;\n"
       "4 another Vantrelle program is using the catalogue.");
   cli.require_subcommand(1);
   bool yes = false, no = false;

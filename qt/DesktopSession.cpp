@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "app/CLibraryApp.h"
+#include "catalogue/CatalogueFailure.h"
 #include "catalogue/CppSQLite3Exception.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
@@ -60,6 +61,15 @@ int RunDesktop() {
   platform::LinuxDriveTable drives(programFolder);
   platform::LinuxFileSystem files(drives);
   QtMessageBox messages;
+  // A failed statement ends the program: the user is told before it goes.
+  NoticeCatalogueFailuresWith([&messages](const std::string& text) {
+    const std::string prefix = "vantrelle: ";
+    const std::string shown = text.rfind(prefix, 0) == 0 ? text.substr(prefix.size()) : text;
+    messages.Show("Vantrelle has to end: " + shown, platform::Buttons::Ok, platform::Icon::Error);
+  });
+  struct NoNoticeAfter {
+    ~NoNoticeAfter() { NoticeCatalogueFailuresWith({}); }
+  } noNoticeAfter;
   // GStreamer starts when something is first played.
   DeferredMediaControl media([&files] {
     return std::make_unique<platform::mci::GstMediaControl>(platform::mci::AudioOutput::System,
@@ -78,6 +88,10 @@ int RunDesktop() {
   if (started == CLibraryApp::StartResult::InUse) {
     messages.Show(app.InUseMessage(), platform::Buttons::Ok, platform::Icon::Error);
     return kCatalogueInUse;
+  }
+  if (started == CLibraryApp::StartResult::Forbidden) {
+    messages.Show(app.ForbiddenMessage(), platform::Buttons::Ok, platform::Icon::Error);
+    return kCatalogueFailed;
   }
   RunMainWindow(app, messages, started == CLibraryApp::StartResult::Refused);
   messages.SetParent(nullptr);
