@@ -58,13 +58,12 @@ std::string CPlaybackControl::PresentPath(int fileId) const {
   const auto folder = db_.GetPath(file->PathID);
   const auto volume = db_.GetVolume(file->VolID);
   if (!folder || !volume) return "";
-  std::string drive = volume->DrvLtr;
-  if (volume->VolType == platform::kDriveCdRom) {
-    drive = settings_.cdDrive;
-    if (!drives_.IsDriveReady(drive)) return "";
-    const auto inDrive = drives_.ReadVolumeInfo(drive);
-    if (!inDrive || inDrive->SerialNo != volume->SerialNo) return "";
-  }
+  // A disc is looked for in the CD drive of the settings; a disk on its own
+  // letter, which may hold another disk now (or none: unplugged, unmounted).
+  const std::string drive = volume->VolType == platform::kDriveCdRom ? settings_.cdDrive : volume->DrvLtr;
+  if (!drives_.IsDriveReady(drive)) return "";
+  const auto inDrive = drives_.ReadVolumeInfo(drive);
+  if (!inDrive || inDrive->SerialNo != volume->SerialNo) return "";
   return MakeFullPath(drive, folder->FullPath, file->FileName);
 }
 
