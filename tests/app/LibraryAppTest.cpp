@@ -83,27 +83,6 @@ TEST_F(LibraryAppTest, LaterStartsInsertNothingAndExitWritesOnlyWhenASettingChan
   EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 23);
 }
 
-// What both programs start with: a catalogue with a second name is neither
-// opened nor changed, whichever name is used.
-TEST_F(LibraryAppTest, ACatalogueWithASecondNameIsRefusedBeforeItIsOpened) {
-  NewApp()->Start();
-  const std::string path = folder.Path() + "/Quillora.db";
-  testing_support::TempFolder elsewhere;
-  fs::create_hard_link(path, elsewhere.Path() + "/Quillora.db");
-  const auto written = fs::last_write_time(path);
-  auto app = NewApp();
-  EXPECT_EQ(app->Start(), CLibraryApp::StartResult::Forbidden);
-  EXPECT_EQ(app->ForbiddenMessage().rfind("The catalogue " + path + " has 2 hard links.", 0), 0u)
-      << app->ForbiddenMessage();
-  app->Settings().mainLeft = 41;
-  app.reset();
-  EXPECT_EQ(fs::last_write_time(path), written);
-  EXPECT_FALSE(fs::exists(path + "-wal"));
-
-  fs::remove(elsewhere.Path() + "/Quillora.db");
-  EXPECT_EQ(NewApp()->Start(), CLibraryApp::StartResult::Ready);
-}
-
 // The holder is named only when it is a Vantrelle program: a lock held by
 // some other process (a file system's daemon, a backup tool) has no
 // program's number to give.
