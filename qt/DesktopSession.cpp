@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "app/CLibraryApp.h"
-#include "catalogue/CatalogueFailure.h"
 #include "catalogue/CppSQLite3Exception.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
@@ -62,13 +61,9 @@ int RunDesktop() {
   platform::LinuxFileSystem files(drives);
   QtMessageBox messages;
   // A failed statement ends the program: the user is told before it goes.
-  NoticeCatalogueFailuresWith([&messages](const std::string& text) {
-    const std::string prefix = "vantrelle: ";
-    const std::string shown = text.rfind(prefix, 0) == 0 ? text.substr(prefix.size()) : text;
-    messages.Show("Vantrelle has to end: " + shown, platform::Buttons::Ok, platform::Icon::Error);
-  });
+  ShowCatalogueFailuresIn(&messages);
   struct NoNoticeAfter {
-    ~NoNoticeAfter() { NoticeCatalogueFailuresWith({}); }
+    ~NoNoticeAfter() { ShowCatalogueFailuresIn(nullptr); }
   } noNoticeAfter;
   // GStreamer starts when something is first played.
   DeferredMediaControl media([&files] {
