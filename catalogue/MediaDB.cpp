@@ -1,6 +1,7 @@
 #include "catalogue/MediaDB.h"
 
 #include <sqlite3.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -133,6 +134,14 @@ void MediaDB::OpenReadable(const std::string& path, bool writeAheadLog) {
 // program that ended without closing it left both files of its write-ahead
 // log, whose last commits a plain reader sees without making anything.
 void MediaDB::OpenForReadingOnly(const std::string& path) {
+  // A rollback journal left by a program that ended mid-change: the file
+  // holds half a change until someone who may write it rolls that back.
+  struct stat journal {};
+  if (stat((path + "-journal").c_str(), &journal) == 0 && journal.st_size > 0)
+    throw CppSQLite3Exception(SQLITE_READONLY,
+                              (path + " was left in the middle of a change, which only a user who "
+                                      "may write it can take back")
+                                  .c_str());
   if (Exists(path + "-wal") && Exists(path + "-shm")) {
     try {
       db_.OpenReadOnly(path.c_str());
