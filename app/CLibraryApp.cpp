@@ -25,9 +25,10 @@ CLibraryApp::CLibraryApp(std::string programFolder, PlatformServices services)
 CLibraryApp::StartResult CLibraryApp::Start() {
   lock_ = std::make_unique<platform::CatalogueLock>(settings_.programFolder + MediaDB::kFileName);
   if (lock_->GetState() == platform::CatalogueLock::State::InUse) return StartResult::InUse;
+  if (lock_->GetState() == platform::CatalogueLock::State::Refused) return StartResult::Forbidden;
 
-  const bool created =
-      db_.Open(settings_.programFolder, [this] { WriteFirstRunSettings(); }) == 1;
+  const bool created = db_.Open(settings_.programFolder, [this] { WriteFirstRunSettings(); },
+                                !lock_->SharedFileSystem()) == 1;
   opened_ = true;
   if (!created) WriteMissingSettingRows();
   settings_.Load();
@@ -41,10 +42,14 @@ CLibraryApp::StartResult CLibraryApp::Start() {
 }
 
 std::string CLibraryApp::InUseMessage() const {
+  const int holder = lock_ ? lock_->HolderPid() : 0;
+  if (holder <= 0) return kCatalogueInUseBySomeone;
   char message[128];
-  std::snprintf(message, sizeof message, kCatalogueInUse, lock_ ? lock_->HolderPid() : 0);
+  std::snprintf(message, sizeof message, kCatalogueInUse, holder);
   return message;
 }
+
+std::string CLibraryApp::ForbiddenMessage() const { return lock_ ? lock_->Refusal() : ""; }
 
 // Runs inside the transaction that creates the tables.
 void CLibraryApp::WriteFirstRunSettings() {

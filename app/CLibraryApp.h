@@ -44,8 +44,11 @@ class CLibraryApp {
 
   static constexpr const char* kCatalogueInUse =
       "The catalogue is in use by another Vantrelle program (process %d).";
+  // When the holder cannot be told (a lock taken through a file system daemon).
+  static constexpr const char* kCatalogueInUseBySomeone =
+      "The catalogue is in use by another Vantrelle program.";
 
-  enum class StartResult { Ready, Refused, InUse };
+  enum class StartResult { Ready, Refused, InUse, Forbidden };
 
   // programFolder: the Linux folder that holds (or will hold) the catalogue.
   CLibraryApp(std::string programFolder, PlatformServices services);
@@ -57,11 +60,15 @@ class CLibraryApp {
   // loads the settings and tests the catalogue version. Refused means the
   // version message was shown: the caller ends the run, through Exit. InUse
   // means another program holds the catalogue (InUseMessage says which);
-  // nothing was opened and the caller ends the run without Exit.
+  // nothing was opened and the caller ends the run without Exit. Forbidden
+  // means the file must not be used as it lies (a second hard link to it, a
+  // file system that cannot keep two programs apart): ForbiddenMessage says
+  // why, and the caller ends the run without Exit.
   // A catalogue file that cannot be opened is thrown as CppSQLite3Exception;
   // a failing statement ends the process with status 1.
   StartResult Start();
   std::string InUseMessage() const;
+  std::string ForbiddenMessage() const;
 
   // Saves the settings in one transaction when one changed and the catalogue
   // can be written.

@@ -39,6 +39,10 @@ void CppSQLite3Database::OpenImmutable(const char* path) {
                           nullptr));
 }
 
+void CppSQLite3Database::OpenReadOnly(const char* path) {
+  Connect(sqlite3_open_v2(path, &connection_, SQLITE_OPEN_READONLY, nullptr));
+}
+
 bool CppSQLite3Database::IsReadOnly() const {
   return connection_ && sqlite3_db_readonly(connection_, "main") == 1;
 }

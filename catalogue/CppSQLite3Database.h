@@ -33,6 +33,8 @@ class CppSQLite3Database {
   // it without locks or a write-ahead index (for a catalogue on read-only
   // storage, whose write-ahead index cannot be made); throws on failure.
   void OpenImmutable(const char* path);
+  // Opens an existing file for reading only, with SQLite's usual locking.
+  void OpenReadOnly(const char* path);
   bool IsReadOnly() const;
   // Whether a transaction begun with BEGIN is open.
   bool InTransaction() const;

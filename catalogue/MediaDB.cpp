@@ -1,6 +1,7 @@
 #include "catalogue/MediaDB.h"
 
 #include <sqlite3.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -38,6 +39,15 @@ constexpr TableDefinition kTables[] = {
 // Write-ahead logging makes a commit per folder cheap while a committed
 // transaction still survives a killed process.
 constexpr const char* kJournalSettings = "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;";
+// Where the write-ahead index cannot be shared (network and FUSE file
+// systems), a rollback journal. A catalogue left in write-ahead mode is
+// turned over in exclusive locking mode, in which SQLite reads its log
+// without the shared index.
+constexpr const char* kRollbackJournal =
+    "PRAGMA locking_mode=EXCLUSIVE; PRAGMA journal_mode=DELETE; PRAGMA locking_mode=NORMAL;";
+constexpr const char* kRollbackJournalSettings = "PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL;";
+
+constexpr const char* kReadOnly = "The catalogue is read-only.";
 
 // The catalogue's own additions beside the five tables: what the statements
 // look rows up by, and the file stamps (a catalogue made without them gains
@@ -56,19 +66,38 @@ bool Holds(const std::vector<std::string>& names, const char* name) {
   return std::find(names.begin(), names.end(), name) != names.end();
 }
 
+bool Exists(const std::string& path) { return access(path.c_str(), F_OK) == 0; }
+
+// Whether the user (the real one, as access() asks) may change the file and
+// make its journal beside it. A missing file is to be made.
+bool UserMayWrite(const std::string& path, const std::string& folder) {
+  if (!Exists(path)) return true;
+  return access(path.c_str(), W_OK) == 0 && access(folder.empty() ? "." : folder.c_str(), W_OK) == 0;
+}
+
 }  // namespace
 
-int MediaDB::Open(const std::string& programFolder, const std::function<void()>& fillNewCatalogue) {
+int MediaDB::Open(const std::string& programFolder, const std::function<void()>& fillNewCatalogue,
+                  bool writeAheadLog) {
   searchTexts_.Clear();
   searchTextsChanges_ = -1;
-  OpenReadable(programFolder + kFileName);
+  path_ = programFolder + kFileName;
+  if (UserMayWrite(path_, programFolder))
+    OpenReadable(path_, writeAheadLog);
+  else
+    OpenForReadingOnly(path_);
   folded_search::Register(db_.Handle());
   const std::vector<std::string> present = TableNames();
   const bool created = present.empty();
-  if (IsReadOnly()) return 0;  // nothing can be created; reading is all there is
-  ExecuteChange(kJournalSettings);
   const bool complete = std::all_of(std::begin(kTables), std::end(kTables),
                                     [&](const TableDefinition& t) { return Holds(present, t.name); });
+  if (IsReadOnly()) {  // nothing can be created or added; reading is all there is
+    if (!complete)
+      throw CppSQLite3Exception(SQLITE_READONLY,
+                                (path_ + " is read-only and holds no whole catalogue").c_str());
+    return 0;
+  }
+  ExecuteChange(writeAheadLog ? kJournalSettings : kRollbackJournalSettings);
   if (!complete || idMarks_.AnyMarkMissing()) {
     Begin();
     CreateMissingTables(present);
@@ -81,24 +110,71 @@ int MediaDB::Open(const std::string& programFolder, const std::function<void()>&
   return created ? 1 : 0;
 }
 
-void MediaDB::OpenReadable(const std::string& path) {
+void MediaDB::OpenReadable(const std::string& path, bool writeAheadLog) {
   db_.Open(path.c_str());
-  for (bool immutable = false;; immutable = true) {
+  try {
+    // Before the first read, which would open the write-ahead index.
+    if (!writeAheadLog) {
+      db_.ExecuteStatement(kRollbackJournal);
+      // The index a write-ahead run left is of no use now, and nobody else
+      // holds the catalogue.
+      const CppSQLite3ResultSet mode = db_.ExecuteQuery("PRAGMA journal_mode;");
+      if (mode.FieldText(0) && std::string(mode.FieldText(0)) == "delete") unlink((path + "-shm").c_str());
+    }
+    db_.ExecuteQuery("SELECT count(*) FROM sqlite_master;");
+  } catch (const CppSQLite3Exception& failure) {
+    const int code = failure.Code() & 0xff;
+    const std::string reason = db_.ErrorMessage();
+    db_.Close();
+    if (code == SQLITE_NOTADB)
+      throw CppSQLite3Exception(code, (path + " is not a catalogue (" + reason + ")").c_str());
+    throw CppSQLite3Exception(code, (path + ": " + reason).c_str());
+  }
+}
+
+// Reading must leave nothing behind: a write-ahead index made here could not
+// be removed from a folder the user may not write, and one made beside a
+// file the user may not write would keep that file's mode and stop its owner's
+// next changes. So the catalogue is read as it stands (immutable), unless a
+// program that ended without closing it left both files of its write-ahead
+// log, whose last commits a plain reader sees without making anything.
+void MediaDB::OpenForReadingOnly(const std::string& path) {
+  // A rollback journal left by a program that ended mid-change: the file
+  // holds half a change until someone who may write it rolls that back.
+  struct stat journal {};
+  if (stat((path + "-journal").c_str(), &journal) == 0 && journal.st_size > 0)
+    throw CppSQLite3Exception(SQLITE_READONLY,
+                              (path + " was left in the middle of a change, which only a user who "
+                                      "may write it can take back")
+                                  .c_str());
+  if (Exists(path + "-wal") && Exists(path + "-shm")) {
     try {
+      db_.OpenReadOnly(path.c_str());
       db_.ExecuteQuery("SELECT count(*) FROM sqlite_master;");
       return;
-    } catch (const CppSQLite3Exception& failure) {
-      const int code = failure.Code() & 0xff;
-      const std::string reason = db_.ErrorMessage();
+    } catch (const CppSQLite3Exception&) {
       db_.Close();
-      if (code == SQLITE_NOTADB)
-        throw CppSQLite3Exception(code, (path + " is not a catalogue (" + reason + ")").c_str());
-      // A catalogue on read-only storage, whose write-ahead index cannot be made.
-      if (code != SQLITE_CANTOPEN || immutable || access(path.c_str(), W_OK) == 0)
-        throw CppSQLite3Exception(code, (path + ": " + reason).c_str());
-      db_.OpenImmutable(path.c_str());
     }
   }
+  db_.OpenImmutable(path.c_str());
+  try {
+    db_.ExecuteQuery("SELECT count(*) FROM sqlite_master;");
+  } catch (const CppSQLite3Exception& failure) {
+    const std::string reason = db_.ErrorMessage();
+    db_.Close();
+    throw CppSQLite3Exception(failure.Code() & 0xff, (path + ": " + reason).c_str());
+  }
+}
+
+std::string MediaDB::ReadOnlyMessage() const {
+  return std::string(kReadOnly) + " Nothing was changed in " + path_ + ".";
+}
+
+void MediaDB::EndOnReadOnly() const { EndOnCatalogueFailure(ReadOnlyMessage()); }
+
+void MediaDB::EndOnFailure(const CppSQLite3Exception& failure) const {
+  if ((failure.Code() & 0xff) == SQLITE_READONLY && db_.IsReadOnly()) EndOnReadOnly();
+  EndOnCatalogueFailure(failure, db_.ErrorMessage());
 }
 
 std::vector<std::string> MediaDB::TableNames() {
@@ -122,7 +198,7 @@ int MediaDB::ExecuteChange(const char* sql) {
     db_.ExecuteStatement(sql);
     return static_cast<int>(db_.LastInsertId());
   } catch (const CppSQLite3Exception& failure) {
-    EndOnCatalogueFailure(failure, db_.ErrorMessage());
+    EndOnFailure(failure);
   }
 }
 
@@ -132,7 +208,7 @@ int MediaDB::ExecutePreparedChange(const char* sql,
     db_.ExecutePrepared(sql, values);
     return static_cast<int>(db_.LastInsertId());
   } catch (const CppSQLite3Exception& failure) {
-    EndOnCatalogueFailure(failure, db_.ErrorMessage());
+    EndOnFailure(failure);
   }
 }
 
@@ -140,7 +216,7 @@ void MediaDB::RunQuery(const char* sql, CppSQLite3ResultSet& result) {
   try {
     result = db_.ExecuteQuery(sql);
   } catch (const CppSQLite3Exception& failure) {
-    EndOnCatalogueFailure(failure, db_.ErrorMessage());
+    EndOnFailure(failure);
   }
 }
 

@@ -25,6 +25,7 @@
 using IdList = std::vector<std::int32_t>;
 
 class CaseFold;
+class CppSQLite3Exception;
 
 class MediaDB {
  public:
@@ -40,11 +41,21 @@ class MediaDB {
   // tables are created and fillNewCatalogue runs, all in one transaction, so
   // a process killed meanwhile leaves a file that is still new. Tables a file
   // lacks are created too. Returns 1 for a new catalogue, 0 otherwise.
-  // A catalogue on read-only storage is opened for reading.
+  // A catalogue the user may read but not change (the file, or the folder
+  // that must take its journal) is opened for reading, in a way that makes
+  // no file beside it; nothing is written at start-up then. Without
+  // writeAheadLog (a network or FUSE file system, whose shared memory other
+  // machines cannot see) the catalogue keeps a rollback journal instead.
   // A file that cannot be opened, or is not a catalogue, is thrown as
   // CppSQLite3Exception.
-  int Open(const std::string& programFolder, const std::function<void()>& fillNewCatalogue = {});
+  int Open(const std::string& programFolder, const std::function<void()>& fillNewCatalogue = {},
+           bool writeAheadLog = true);
   bool IsReadOnly() const { return db_.IsReadOnly(); }
+  // The catalogue file's path, once opened.
+  const std::string& Path() const { return path_; }
+  // What a change to a catalogue opened for reading ends with: "The
+  // catalogue is read-only." and the file's path.
+  std::string ReadOnlyMessage() const;
   bool InTransaction() const { return db_.InTransaction(); }
 
   int ExecuteChange(const char* sql);
@@ -149,7 +160,11 @@ class MediaDB {
 
   // The names of the tables the file holds; throws when it is not a database.
   std::vector<std::string> TableNames();
-  void OpenReadable(const std::string& path);
+  void OpenReadable(const std::string& path, bool writeAheadLog);
+  void OpenForReadingOnly(const std::string& path);
+  // Ends the process: a change was tried on a catalogue opened for reading.
+  [[noreturn]] void EndOnReadOnly() const;
+  [[noreturn]] void EndOnFailure(const CppSQLite3Exception& failure) const;
   // Creates those of the five tables that the file lacks.
   void CreateMissingTables(const std::vector<std::string>& present);
 
@@ -174,6 +189,7 @@ class MediaDB {
   void KeepSearchTextsCurrent(const CaseFold& fold);
 
   CppSQLite3Database db_;
+  std::string path_;
   IdMarks idMarks_;
   SearchTexts searchTexts_;
   // What the catalogue was when the search texts were read: this

@@ -26,9 +26,10 @@ class ConsoleCommand {
   virtual int Run(CLibraryApp& app, std::FILE* out) = 0;
 };
 
-// A FOLDER argument as a drive path: a drive path ("C:\Music") is taken as it
-// is; a Linux path is put on a drive letter. Throws UsageError when no drive
-// of the table holds it.
+// A FOLDER argument as a drive path: a drive path ("C:\Music") is taken in
+// its one spelling, ".." resolved; a Linux path is put on a drive letter.
+// Throws UsageError when no drive of the table holds it, or when its ".."
+// climb above the drive's root.
 std::string FolderArgument(CLibraryApp& app, const std::string& argument);
 
 // A text as the terminal may show it: bytes that are not UTF-8 are shown as

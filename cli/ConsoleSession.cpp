@@ -59,6 +59,9 @@ int RunSession(ConsoleCommand& command, AnswerPolicy policy) {
       case CLibraryApp::StartResult::InUse:
         std::fprintf(stderr, "%s\n", app.InUseMessage().c_str());
         return kCatalogueInUse;
+      case CLibraryApp::StartResult::Forbidden:
+        std::fprintf(stderr, "vantrelle-cli: %s\n", app.ForbiddenMessage().c_str());
+        return kCatalogueFailed;
     }
   } catch (const CppSQLite3Exception& failure) {
     std::fprintf(stderr, "vantrelle-cli: cannot open the catalogue: %s\n", failure.Message());
@@ -83,7 +86,8 @@ int RunConsole(int argc, char** argv) {
                "vantrelle-cli"};
   cli.footer(
       "Exit status: 0 done (a cancelled question too); 1 a catalogue statement failed, the\n"
-      "catalogue cannot be opened, or a rescan found another disk or lost its disk; 2 a wrong\n"
+      "catalogue cannot be opened or must not be used where it lies, it is read-only and the\n"
+      "command would change it, or a rescan found another disk or lost its disk; 2 a wrong\n"
       "command line; 3 the catalogue is of another version; 4 another Vantrelle program is using\n"
       "the catalogue.\n"
       "The catalogue lives in $VANTRELLE_DATA, else beside the program when it holds Quillora.db\n"

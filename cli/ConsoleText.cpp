@@ -29,7 +29,12 @@ std::size_t Utf8SequenceLength(const std::string& text, std::size_t i) {
 }  // namespace
 
 std::string FolderArgument(CLibraryApp& app, const std::string& argument) {
-  if (IsDrivePath(argument)) return argument;
+  if (IsDrivePath(argument)) {
+    const std::string folder = app.Drives().FolderWithinDrive(argument);
+    if (folder.empty())
+      throw UsageError("the folder '" + argument + "' lies above the root of drive " + argument.substr(0, 2));
+    return folder;
+  }
   std::error_code error;
   const auto absolute = std::filesystem::absolute(argument, error);
   const std::string drivePath = error ? "" : app.Drives().ToDrivePath(absolute.lexically_normal().string());

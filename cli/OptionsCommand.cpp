@@ -63,6 +63,11 @@ std::string OptionsCommand::CdDriveLetter() const {
 }
 
 int OptionsCommand::Run(CLibraryApp& app, std::FILE* out) {
+  // OK would change settings that could never be stored.
+  if ((cachePath_ || cdDrive_ || allFormats_) && app.Db().IsReadOnly()) {
+    std::fprintf(stderr, "%s\n", app.Db().ReadOnlyMessage().c_str());
+    return 1;
+  }
   // Both arguments are checked before OK takes either.
   std::optional<std::string> cachePath;
   if (cachePath_) cachePath = FolderArgument(app, *cachePath_);

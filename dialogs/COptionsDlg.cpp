@@ -1,6 +1,8 @@
 #include "dialogs/COptionsDlg.h"
 
+#include "base/MessageText.h"
 #include "dialogs/CFolderDialog.h"
+#include "platform/MessageBox.h"
 #include "platform/DriveTable.h"
 #include "scan/CDriveServices.h"
 #include "settings/CAppSettings.h"
@@ -30,7 +32,13 @@ int COptionsDlg::DoModal() {
   const int result = view_.RunModal(form, [&] { Browse(form); });
   if (result != kDialogOk) return result;
   const bool selected = form.selectedDrive >= 0 && form.selectedDrive < static_cast<int>(form.drives.size());
-  settings_.cacheFolder = form.cachePath;
+  // The cache is emptied by "C": it must lie on its drive, in one spelling.
+  const std::string cacheFolder = drives_.FolderWithinDrive(form.cachePath);
+  if (cacheFolder.empty())
+    drives_.Messages().Show(FillMessage(kOutsideDrive, {form.cachePath, settings_.cacheFolder}),
+                            platform::Buttons::Ok, platform::Icon::Error);
+  else
+    settings_.cacheFolder = cacheFolder;
   settings_.cdDrive = selected ? form.drives[static_cast<std::size_t>(form.selectedDrive)].substr(0, 1) : "";
   settings_.allFormats = form.allFormats;
   return result;

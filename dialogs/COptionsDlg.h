@@ -38,6 +38,8 @@ class COptionsDlg {
  public:
   static constexpr const char* kCaption = "Options";
   static constexpr const char* kPickerTitle = "Select Folder";
+  static constexpr const char* kOutsideDrive =
+      "The cache folder %s lies above the root of its drive; the cache folder stays %s.";
   static constexpr const char* kAllFormats = "Catalogue every audio format";
   static constexpr const char* kAllFormatsTip =
       "Scans also record FLAC, Musepack, Opus and M4A files, besides MP3, Ogg Vorbis and WMA. "
@@ -48,9 +50,11 @@ class COptionsDlg {
   COptionsDlg(CAppSettings& settings, const CDriveServices& drives, platform::FolderPicker& picker,
               OptionsView& view);
 
-  // kDialogOk: the cache folder takes the edit's text as typed, the CD
-  // drive the first letter of the selected entry ("" for none) and the
-  // every-format setting the check box.
+  // kDialogOk: the cache folder takes the edit's text (a drive path in its
+  // one spelling, ".." resolved; one whose ".." climb above the drive's root
+  // is refused with a message and the folder stays), the CD drive the first
+  // letter of the selected entry ("" for none) and the every-format setting
+  // the check box.
   int DoModal();
 
  private:

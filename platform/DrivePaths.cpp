@@ -75,6 +75,17 @@ std::string JoinAsDrivePath(char letter, const std::vector<std::string>& compone
 
 }  // namespace
 
+bool ClimbsAboveRoot(const std::string& path) {
+  if (!IsDrivePath(path)) return false;
+  int depth = 0;
+  for (const std::string& component : SplitAtBackslashes(path.substr(2))) {
+    if (component == ".") continue;
+    depth += component == ".." ? -1 : 1;
+    if (depth < 0) return true;
+  }
+  return false;
+}
+
 std::string CanonicalDrivePath(const DriveTable& drives, const std::string& path) {
   if (!IsDrivePath(path)) return "";
   const char letter = UpperLetter(path);

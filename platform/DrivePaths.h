@@ -19,6 +19,10 @@ namespace platform {
 // "" when the drive has no root now, or the text is neither kind of path.
 std::string ResolvePath(const DriveTable& drives, const std::string& path);
 
+// Whether the ".." components of a drive path climb above its drive's root
+// ("C:\..", "C:\a\..\..\b"); taken from the text alone.
+bool ClimbsAboveRoot(const std::string& path);
+
 // One spelling for every drive path naming the same place: the letter in upper
 // case, "." and ".." taken away as text (never above the drive's root), and
 // each component that exists spelled as the file system stores it (as

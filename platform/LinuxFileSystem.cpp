@@ -110,9 +110,15 @@ bool LinuxFileSystem::Remove(const std::string& path) {
 CopyResult LinuxFileSystem::CopyNoOverwrite(const std::string& source, const std::string& target) {
   std::string from = LocalPath(source);
   if (from.empty()) return CopyResult::Failed(CopyFailureReason(CopyStep::OpenSource, ENOENT));
-  std::string to = LocalPath(target);
-  if (to.empty()) return CopyResult::Failed(CopyFailureReason(CopyStep::OpenTarget, ENOENT));
-  return CopyFileNoOverwrite(from, to);
+  // The target's folder is found as any path is, but its name is taken as
+  // written: a file whose name differs only in letter case is another file.
+  const std::size_t cut = target.find_last_of(target.starts_with('/') ? "/" : "\\");
+  if (cut == std::string::npos || cut + 1 == target.size())
+    return CopyResult::Failed(CopyFailureReason(CopyStep::OpenTarget, ENOENT));
+  std::string folder = LocalPath(target.substr(0, cut + 1));
+  if (folder.empty()) return CopyResult::Failed(CopyFailureReason(CopyStep::OpenTarget, ENOENT));
+  if (!folder.ends_with('/')) folder += '/';
+  return CopyFileNoOverwrite(from, folder + target.substr(cut + 1));
 }
 
 }  // namespace platform

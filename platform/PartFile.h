@@ -3,7 +3,9 @@
 // folder, ".NAME.vantrelle-part" (".NAME.2.vantrelle-part" and on when that
 // name is taken, say by a copy that was killed), that gets its final name
 // only when it is complete. An entry that is there already is never
-// replaced, followed or removed: only the file this object created is.
+// replaced or followed. Once the copy is done, the part files that killed
+// copies of the same name left are removed: regular files under those names
+// that no writer holds (the writer keeps a flock on its part file).
 // One thread at a time.
 
 #include <sys/types.h>
@@ -38,17 +40,21 @@ class PartFile {
   bool Close();
   // Gives the closed file its final name unless an entry of that name exists
   // (NameTaken). Renames without replacing; where the file system refuses
-  // that, links the final name and drops the temporary one.
+  // that, links the final name and drops the temporary one. Unless it
+  // failed, removes the leftovers of earlier copies of the name.
   Naming Publish();
 
  private:
   bool CreateExclusively(const std::string& name, mode_t mode);
+  Naming Name();
+  void RemoveLeftovers();
   Naming LinkFinalName();
   void DropTemporaryName();
 
   int folderFd_;
   std::string finalName_;
   std::string temporaryName_;  // empty once the file no longer has it
+  int attempt_ = 0;            // which of the temporary names it has
   UniqueFd fd_;
   int error_ = 0;
 };

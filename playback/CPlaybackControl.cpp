@@ -79,10 +79,9 @@ std::function<std::string()> CPlaybackControl::LocateLater(int fileId) const {
   const auto folder = db_.GetPath(file->PathID);
   const auto volume = db_.GetVolume(file->VolID);
   if (!folder || !volume) return nullptr;
-  if (volume->VolType != platform::kDriveCdRom) {
-    return [path = MakeFullPath(volume->DrvLtr, folder->FullPath, file->FileName)] { return path; };
-  }
-  const std::string drive = settings_.cdDrive;
+  // A disc is looked for in the CD drive of the settings; a disk on its own
+  // letter, which may hold another disk now (or none: unplugged, unmounted).
+  const std::string drive = volume->VolType == platform::kDriveCdRom ? settings_.cdDrive : volume->DrvLtr;
   return [&drives = drives_, drive, serial = volume->SerialNo,
           path = MakeFullPath(drive, folder->FullPath, file->FileName)]() -> std::string {
     if (!drives.IsDriveReady(drive)) return "";

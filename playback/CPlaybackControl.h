@@ -52,8 +52,9 @@ class CPlaybackControl {
   // file, its folder or its volume has no row (the catalogue changed under the
   // caller; there is nothing to play and nothing the user could fix).
   int PlayFile(int fileId);
-  // The file's full path when its volume is at hand (a disc: in the CD drive
-  // of the settings), "" otherwise or when it has no row. Never asks.
+  // The file's full path when its volume is at hand (a disc in the CD drive
+  // of the settings, a disk on its letter), "" otherwise or when it has no
+  // row. Never asks.
   std::string PresentPath(int fileId) const;
   // The same in two steps, so that the disc need not be read on this
   // thread: the rows are read now, and the function returned tells the path

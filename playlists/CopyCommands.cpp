@@ -1,5 +1,6 @@
 #include "playlists/CopyCommands.h"
 
+#include "base/MessageText.h"
 #include "platform/MessageBox.h"
 #include "playlists/CCopyDlg.h"
 #include "playlists/CPlayListModel.h"
@@ -15,7 +16,13 @@ CopyCommands::CopyCommands(CPlayListModel& model, MediaDB& db, const CDriveServi
 
 const CopySummary& CopyCommands::CopyFiles(const std::string& targetFolder, bool selectionOnly) {
   CopyJob& job = model_.Copy();
-  job.target = targetFolder;
+  job.target = drives_.FolderWithinDrive(targetFolder);
+  if (job.target.empty()) {
+    job.summary = CopySummary();
+    drives_.Messages().Show(FillMessage(kOutsideDrive, {targetFolder}), platform::Buttons::Ok,
+                            platform::Icon::Error);
+    return job.summary;
+  }
   job.selectionOnly = selectionOnly;
   job.state.SetStatus("");
   // The rows are read here, on the user-interface thread that owns the list;
@@ -34,5 +41,12 @@ void CopyCommands::ClearCache() {
   if (drives_.Messages().Show(kClearCacheQuestion, platform::Buttons::OkCancel,
                               platform::Icon::Information) != platform::Answer::Ok)
     return;
-  drives_.DeleteFilesInFolder(NormalizeFolder(settings_.cacheFolder));
+  // A cache folder stored as typed by earlier versions may climb out of its drive.
+  const std::string folder = drives_.FolderWithinDrive(settings_.cacheFolder);
+  if (folder.empty() && !settings_.cacheFolder.empty()) {
+    drives_.Messages().Show(FillMessage(kOutsideDrive, {settings_.cacheFolder}), platform::Buttons::Ok,
+                            platform::Icon::Error);
+    return;
+  }
+  drives_.DeleteFilesInFolder(NormalizeFolder(folder));
 }

@@ -61,6 +61,11 @@ void RunMainWindow(CLibraryApp& app, QtMessageBox& messages, bool refused) {
 
 int RunDesktop() {
   QtMessageBox messages;
+  // A failed statement ends the program: the user is told before it goes.
+  ShowCatalogueFailuresIn(&messages);
+  struct NoNoticeAfter {
+    ~NoNoticeAfter() { ShowCatalogueFailuresIn(nullptr); }
+  } noNoticeAfter;
   const platform::DataFolder data = platform::FindDataFolder();
   if (!data.error.empty()) {
     messages.Show(data.error, platform::Buttons::Ok, platform::Icon::Error);
@@ -87,6 +92,10 @@ int RunDesktop() {
   if (started == CLibraryApp::StartResult::InUse) {
     messages.Show(app.InUseMessage(), platform::Buttons::Ok, platform::Icon::Error);
     return kCatalogueInUse;
+  }
+  if (started == CLibraryApp::StartResult::Forbidden) {
+    messages.Show(app.ForbiddenMessage(), platform::Buttons::Ok, platform::Icon::Error);
+    return kCatalogueFailed;
   }
   RunMainWindow(app, messages, started == CLibraryApp::StartResult::Refused);
   messages.SetParent(nullptr);

@@ -105,4 +105,9 @@ std::string CDriveServices::CanonicalPath(const std::string& drivePath) const {
   return canonical.empty() ? drivePath : canonical;
 }
 
+std::string CDriveServices::FolderWithinDrive(const std::string& folder) const {
+  if (platform::ClimbsAboveRoot(folder)) return "";
+  return CanonicalPath(folder);
+}
+
 std::string CDriveServices::TableFolder() const { return drives_.TableFolder(); }

@@ -60,6 +60,11 @@ class CDriveServices {
   // path as given when it has none.
   std::string CanonicalPath(const std::string& drivePath) const;
 
+  // A folder to write into or empty (the cache, a copy target): a drive path
+  // in its one spelling, "" when its ".." climb above the drive's root (the
+  // folder would lie outside the drive). Any other text comes back as it is.
+  std::string FolderWithinDrive(const std::string& folder) const;
+
   // The Linux folder holding the drive table, "" when there is none.
   std::string TableFolder() const;
 

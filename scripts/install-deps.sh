@@ -13,6 +13,7 @@ packages=(
   gstreamer1.0-plugins-bad gstreamer1.0-libav gstreamer1.0-alsa
   libgtest-dev googletest libbenchmark-dev
   dbus-daemon dbus-bin
+  bindfs
   desktop-file-utils appstream
   "$@"
 )

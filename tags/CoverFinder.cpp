@@ -12,6 +12,7 @@
 #include <taglib/vorbisfile.h>
 #include <taglib/xiphcomment.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <memory>
@@ -21,6 +22,7 @@
 #include "base/AsciiCase.h"
 #include "platform/FileSystem.h"
 #include "tags/AudioFile.h"
+#include "tags/PictureSize.h"
 
 namespace {
 
@@ -97,12 +99,9 @@ Candidates EmbeddedPictures(tags::FileKind kind, TagLib::File& file) {
   return found;
 }
 
-bool Acceptable(const TagLib::ByteVector& bytes) {
-  return bytes.size() <= CoverFinder::kMaxPictureBytes &&
-         CoverFinder::LooksLikePicture(std::string(bytes.data(), bytes.size()));
-}
-
-std::optional<CoverPicture> Embedded(const std::string& localPath) {
+// The embedded picture to show; none, with tooLarge set when a picture was
+// passed over for its size.
+std::optional<CoverPicture> Embedded(const std::string& localPath, bool& tooLarge) {
   const tags::FileKind kind = tags::KindFromName(localPath);
   if (kind == tags::FileKind::Unknown) return std::nullopt;
   const tags::OpenedAudio file = tags::OpenAs(kind, localPath, false);
@@ -110,7 +109,13 @@ std::optional<CoverPicture> Embedded(const std::string& localPath) {
   const Candidates found = EmbeddedPictures(kind, *file);
   const Candidate* chosen = nullptr;
   for (const Candidate& candidate : found) {
-    if (!Acceptable(candidate.bytes)) continue;
+    // Only the first bytes are looked at before the size is known to be fine.
+    const std::string start(candidate.bytes.data(), std::min<std::size_t>(candidate.bytes.size(), 64 * 1024));
+    if (!CoverFinder::LooksLikePicture(start)) continue;
+    if (candidate.bytes.size() > CoverFinder::kMaxPictureBytes || !CoverFinder::SmallEnough(start)) {
+      tooLarge = true;
+      continue;
+    }
     if (!chosen || (candidate.front && !chosen->front)) chosen = &candidate;
   }
   if (!chosen) return std::nullopt;
@@ -150,7 +155,7 @@ std::optional<CoverPicture> InFolder(const std::string& localPath) {
   const std::filesystem::path folder = std::filesystem::path(localPath).parent_path();
   for (const std::filesystem::path& candidate : FolderCandidates(folder)) {
     std::optional<std::string> bytes = ReadSmallFile(candidate);
-    if (bytes && CoverFinder::LooksLikePicture(*bytes))
+    if (bytes && CoverFinder::LooksLikePicture(*bytes) && CoverFinder::SmallEnough(*bytes))
       return CoverPicture{CoverPicture::Source::FolderFile, candidate.filename().string(), std::move(*bytes)};
   }
   return std::nullopt;
@@ -163,12 +168,19 @@ bool StartsWith(const std::string& bytes, std::string_view start, std::size_t at
 }  // namespace
 
 std::string CoverPicture::Describe() const {
+  const std::string note = embeddedTooLarge ? " (embedded picture too large)" : "";
   switch (source) {
     case Source::Embedded: return "embedded";
-    case Source::FolderFile: return fileName;
+    case Source::FolderFile: return fileName + note;
     case Source::None: break;
   }
-  return "none";
+  return "none" + note;
+}
+
+bool CoverFinder::SmallEnough(const std::string& bytes) {
+  const std::optional<PictureSize> size = ReadPictureSize(bytes);
+  return size && size->width > 0 && size->height > 0 && size->width <= kMaxDimension &&
+         size->height <= kMaxDimension;
 }
 
 CoverFinder::CoverFinder(const platform::FileSystem& fileSystem) : fileSystem_(fileSystem) {}
@@ -184,8 +196,11 @@ CoverPicture CoverFinder::Find(const std::string& fullPath) const {
   try {
     const std::string localPath = fileSystem_.LocalPath(fullPath);
     if (localPath.empty() || !tags::IsRegularFile(localPath)) return {};
-    if (auto embedded = Embedded(localPath)) return std::move(*embedded);
-    if (auto inFolder = InFolder(localPath)) return std::move(*inFolder);
+    bool tooLarge = false;
+    if (auto embedded = Embedded(localPath, tooLarge)) return std::move(*embedded);
+    CoverPicture inFolder = InFolder(localPath).value_or(CoverPicture{});
+    inFolder.embeddedTooLarge = tooLarge;
+    return inFolder;
   } catch (const std::exception&) {
     // A picture is only ever a nicety: whatever went wrong, there is none.
   }

@@ -21,7 +21,8 @@
 #include <string>
 #include <utility>
 
-class CoverFinder;
+#include "tags/CoverFinder.h"
+
 
 namespace platform {
 class FileSystem;
@@ -32,7 +33,7 @@ class QtCoverLoader : public QObject {
 
  public:
   static constexpr int kMaxEdge = 512;
-  static constexpr int kMaxDimension = 4096;
+  static constexpr int kMaxDimension = static_cast<int>(CoverFinder::kMaxDimension);
   static constexpr std::size_t kCached = 8;
 
   // The file system must outlive the loader.

@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <QThread>
 
+#include "catalogue/CatalogueFailure.h"
 #include "qt/dialogs/QtText.h"
 
 namespace {
@@ -67,4 +68,13 @@ platform::Answer QtMessageBox::Show(const std::string& text, platform::Buttons b
   QMetaObject::invokeMethod(
       app, [&] { return ShowHere(text, buttons, icon); }, Qt::BlockingQueuedConnection, &answer);
   return answer;
+}
+
+void ShowCatalogueFailuresIn(QtMessageBox* messages) {
+  if (!messages) return NoticeCatalogueFailuresWith({});
+  NoticeCatalogueFailuresWith([messages](const std::string& text) {
+    const std::string prefix = "vantrelle: ";
+    const std::string shown = text.rfind(prefix, 0) == 0 ? text.substr(prefix.size()) : text;
+    messages->Show("Vantrelle has to end: " + shown, platform::Buttons::Ok, platform::Icon::Error);
+  });
 }

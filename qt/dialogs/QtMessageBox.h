@@ -34,3 +34,8 @@ class QtMessageBox : public platform::MessageBox {
 
   QPointer<QWidget> parent_;
 };
+
+// From now on a failed catalogue statement, which ends the program, is shown
+// in a box with the error icon first; ShowCatalogueFailuresIn(nullptr) stops
+// that (before the boxes go away).
+void ShowCatalogueFailuresIn(QtMessageBox* messages);

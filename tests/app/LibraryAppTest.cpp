@@ -1,4 +1,10 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/file.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -75,6 +81,38 @@ TEST_F(LibraryAppTest, LaterStartsInsertNothingAndExitWritesOnlyWhenASettingChan
   EXPECT_EQ(exitStatements[3], "UPDATE Configs SET Value='41' WHERE ConfigID=505;");
   EXPECT_TRUE(StatementsOf(*app, [&] { app->Exit(); }).empty());  // saved: unchanged again
   EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 23);
+}
+
+// The holder is named only when it is a Vantrelle program: a lock held by
+// some other process (a file system's daemon, a backup tool) has no
+// program's number to give.
+TEST_F(LibraryAppTest, TheCatalogueInUseNamesItsHolderOnlyWhenItIsAVantrelleProgram) {
+  NewApp()->Start();
+  const std::string path = folder.Path() + "/Quillora.db";
+  for (const char* name : {"vantrelle", "backup"}) {
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    const pid_t holder = fork();
+    if (holder == 0) {
+      prctl(PR_SET_NAME, name);
+      flock(open(path.c_str(), O_RDONLY), LOCK_EX);
+      (void)!write(ready[1], "x", 1);
+      pause();
+      _exit(0);
+    }
+    char byte;
+    ASSERT_EQ(read(ready[0], &byte, 1), 1);
+    auto app = NewApp();
+    EXPECT_EQ(app->Start(), CLibraryApp::StartResult::InUse);
+    const std::string named = std::string(name) == "vantrelle"
+                                  ? " (process " + std::to_string(holder) + ")"
+                                  : "";
+    EXPECT_EQ(app->InUseMessage(), "The catalogue is in use by another Vantrelle program" + named + ".");
+    kill(holder, SIGKILL);
+    waitpid(holder, nullptr, 0);
+    close(ready[0]);
+    close(ready[1]);
+  }
 }
 
 TEST_F(LibraryAppTest, CatalogueVersionTest) {

@@ -1,8 +1,14 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
-#include <algorithm>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <filesystem>
+
+#include "catalogue/CatalogueFailure.h"
 #include "tests/catalogue/CatalogueFixture.h"
 
 namespace {
@@ -243,6 +249,52 @@ TEST_F(CatalogueDeathTest, FailingStatementEndsTheProcessWithStatusOne) {
               "no such table: NoSuchTable");
   EXPECT_EXIT(db.QueryInt("SELECT NoSuchColumn FROM MediaFiles;"), ::testing::ExitedWithCode(1),
               "no such column");
+}
+
+// The failure is told (where a window shows it) before the process ends.
+TEST_F(CatalogueDeathTest, AFailureIsToldBeforeTheProcessEnds) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  const auto tell = [](const std::string& text) { std::fprintf(stderr, "told: %s\n", text.c_str()); };
+  EXPECT_EXIT((NoticeCatalogueFailuresWith(tell), db.ExecuteChange("DELETE FROM NoSuchTable;")),
+              ::testing::ExitedWithCode(1), "told: vantrelle: catalogue statement failed: .*no such table");
+}
+
+// Where the write-ahead index cannot be shared, a catalogue left in
+// write-ahead mode by a killed program (its last commit only in the log)
+// turns to a rollback journal without losing that commit, and no log stays.
+TEST_F(CatalogueTest, WithoutAWriteAheadLogTheCatalogueKeepsARollbackJournal) {
+  const std::string other = folder.MakeFolder("other") + "/";
+  const std::string path = other + MediaDB::kFileName;
+  {
+    MediaDB first;
+    ASSERT_EQ(first.Open(other), 1);
+    testing_support::StoreVolume(first, 3, "C", "Disk", "77");
+  }
+  const pid_t child = fork();
+  if (child == 0) {
+    MediaDB killed;
+    killed.Open(other);
+    testing_support::StoreVolume(killed, 3, "C", "Disk", "78");
+    _exit(0);  // as a killed program: nothing closed, nothing checkpointed
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  ASSERT_GT(std::filesystem::file_size(path + "-wal"), 0u);
+
+  MediaDB shared;
+  ASSERT_EQ(shared.Open(other, {}, false), 0);
+  EXPECT_GT(shared.FindVolumeBySerial("77"), 0);
+  const int later = shared.FindVolumeBySerial("78");
+  EXPECT_GT(later, 0);
+  testing_support::StoreFile(shared, testing_support::StoreFolder(shared, later, "\\Music\\", -1), "a.mp3");
+  EXPECT_FALSE(std::filesystem::exists(path + "-wal"));
+  EXPECT_FALSE(std::filesystem::exists(path + "-shm"));
+  CppSQLite3ResultSet mode;
+  shared.RunQuery("PRAGMA journal_mode;", mode);
+  EXPECT_STREQ(mode.FieldText(0), "delete");
+  CppSQLite3ResultSet check;
+  shared.RunQuery("PRAGMA integrity_check;", check);
+  EXPECT_STREQ(check.FieldText(0), "ok");
 }
 
 }  // namespace

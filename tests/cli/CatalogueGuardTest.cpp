@@ -5,6 +5,9 @@
 #include <sys/mount.h>
 #include <unistd.h>
 
+#include <sys/stat.h>
+
+#include <algorithm>
 #include <chrono>
 #include <thread>
 
@@ -19,11 +22,12 @@ class CatalogueGuardTest : public ConsoleFixture {
  protected:
   // Starts vantrelle-cli with a terminal for its standard input, so that its
   // questions wait for an answer; standard output goes to the file "out".
-  pid_t StartOnTerminal(const std::string& arguments) {
+  pid_t StartOnTerminal(const std::string& arguments, const std::string& from = "") {
     terminal_ = posix_openpt(O_RDWR | O_NOCTTY);
     if (terminal_ < 0 || grantpt(terminal_) != 0 || unlockpt(terminal_) != 0) return -1;
     const std::string secondary = ptsname(terminal_);
-    const std::string command = "cd '" + program + "' && HOME='" + home + "' exec ./vantrelle-cli " +
+    const std::string command = "cd '" + (from.empty() ? program : from) + "' && HOME='" + home +
+                                "' exec ./vantrelle-cli " +
                                 arguments + " >'" + folder.Path() + "/out' 2>/dev/null";
     const pid_t child = fork();
     if (child == 0) {
@@ -56,34 +60,134 @@ class CatalogueGuardTest : public ConsoleFixture {
     if (terminal_ >= 0) close(terminal_);
   }
 
+  // A CD drive E whose disc folder is still missing: add-cd waits on it.
+  std::string EmptyCdDrive() {
+    const std::string disc = folder.Path() + "/disc";
+    fs::create_symlink(disc, program + "/drives/e::");
+    EXPECT_EQ(Run("options --cd-drive E").status, 0);
+    return disc;
+  }
+
+  static void InsertDiscWithOneSong(const std::string& disc) {
+    fs::create_directories(disc + "/Album");
+    fs::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/id3v1.mp3", disc + "/Album/a.mp3");
+  }
+
+  // A FUSE view of a folder; false where bindfs or FUSE is missing.
+  static bool Bindfs(const std::string& from, const std::string& to, const std::string& options) {
+    return std::system(("bindfs " + options + " '" + from + "' '" + to + "' 2>/dev/null").c_str()) == 0;
+  }
+
+  // The program folder as the user "nobody" may reach and read it.
+  void OpenToEveryone() {
+    for (const std::string& path : {folder.Path(), home, program}) chmod(path.c_str(), 0755);
+  }
+
+  std::vector<std::string> Names(const std::string& path) {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(path)) names.push_back(entry.path().filename());
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  void AddMusicFolder() {
+    fs::create_directories(home + "/Music");
+    fs::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/id3v1.mp3", home + "/Music/a.mp3");
+    ASSERT_EQ(Run("add-hd " + home + "/Music").status, 0);
+  }
+
   int terminal_ = -1;
 };
 
 TEST_F(CatalogueGuardTest, ASecondProgramIsRefusedWhileTheFirstScansAndNothingIsLost) {
   ASSERT_EQ(Run("options").status, 0);
-  const std::string disc = folder.Path() + "/disc";
-  fs::create_symlink(disc, program + "/drives/e::");
-  ASSERT_EQ(Run("options --cd-drive E").status, 0);
+  const std::string disc = EmptyCdDrive();
 
   // The first program waits with the catalogue open: the CD drive is empty.
   const pid_t first = StartOnTerminal("add-cd");
   ASSERT_GT(first, 0);
   ASSERT_TRUE(WaitForOutput("[Retry/Cancel]"));
 
+  const std::string inUse = "The catalogue is in use by another Vantrelle program (process " +
+                            std::to_string(first) + ").\n";
   for (const char* command : {"tree", "search x", "remove volume 1", "add-hd ."}) {
     const Outcome second = Run(command);
     EXPECT_EQ(second.status, 4) << command;
-    EXPECT_EQ(second.err, "The catalogue is in use by another Vantrelle program (process " +
-                              std::to_string(first) + ").\n");
+    EXPECT_EQ(second.err, inUse);
+  }
+  // Another path to the same file (a bind mount of the program folder).
+  const std::string other = folder.MakeFolder("other");
+  if (mount(program.c_str(), other.c_str(), nullptr, MS_BIND, nullptr) == 0) {
+    const Outcome second = RunFrom(other, "tree");
+    umount2(other.c_str(), MNT_DETACH);
+    EXPECT_EQ(second.status, 4);
+    EXPECT_EQ(second.err, inUse);
   }
 
-  fs::create_directories(disc + "/Album");
-  fs::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/id3v1.mp3", disc + "/Album/a.mp3");
+  InsertDiscWithOneSong(disc);
   Answer("retry\n");
   EXPECT_EQ(ExitStatus(first), 0);
   EXPECT_NE(ReadAll(folder.Path() + "/out").find("Scan Complete."), std::string::npos);
   EXPECT_EQ(Query("SELECT FileName, ScanState FROM MediaFiles;"), "a.mp3=2;");
   EXPECT_EQ(Run("tree").status, 0);  // the catalogue is free again
+}
+
+// Its journal and write-ahead log are named after the path: under two names
+// a crash's last commits would be found under one and lost under the other.
+TEST_F(CatalogueGuardTest, AHardLinkedCatalogueIsRefusedUnderEitherName) {
+  ASSERT_EQ(Run("options").status, 0);
+  const std::string second = folder.MakeFolder("second");
+  fs::copy_file(program + "/vantrelle-cli", second + "/vantrelle-cli");
+  fs::create_hard_link(program + "/Quillora.db", second + "/Quillora.db");
+  for (const std::string& where : {program, second}) {
+    const Outcome refused = RunFrom(where, "options --all-formats yes");
+    EXPECT_EQ(refused.status, 1) << where;
+    EXPECT_EQ(refused.out, "");
+    EXPECT_NE(refused.err.find("The catalogue " + where + "/Quillora.db has 2 hard links."), std::string::npos)
+        << refused.err;
+  }
+  fs::remove(second + "/Quillora.db");
+  EXPECT_EQ(Run("options").out, "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\n" + CatalogueLine());
+  EXPECT_EQ(Query("PRAGMA integrity_check;"), "ok;");
+}
+
+// Through a FUSE view flock and record locks may stay in this kernel, and
+// SQLite's shared index cannot be shared: a view that keeps its locks to
+// itself is refused; one that passes them on gets a rollback journal, and a
+// program on the real path is kept out meanwhile.
+TEST_F(CatalogueGuardTest, ThroughAFuseViewOneProgramAtATimeAndNoWriteAheadLog) {
+  ASSERT_EQ(Run("options").status, 0);
+  const std::string disc = EmptyCdDrive();
+  const std::string view = folder.MakeFolder("view");
+  if (!Bindfs(program, view, "")) GTEST_SKIP() << "no bindfs or no FUSE here";
+  const Outcome kept = RunFrom(view, "tree");
+  umount2(view.c_str(), MNT_DETACH);
+  EXPECT_EQ(kept.status, 1);
+  EXPECT_NE(kept.err.find("The catalogue " + view + "/Quillora.db lies on a fuse file system"), std::string::npos)
+      << kept.err;
+
+  ASSERT_TRUE(Bindfs(program, view, "--multithreaded --enable-lock-forwarding"));
+  const pid_t first = StartOnTerminal("add-cd", view);
+  ASSERT_GT(first, 0);
+  const bool waiting = WaitForOutput("[Retry/Cancel]");
+  const bool logged = fs::exists(program + "/Quillora.db-wal") || fs::exists(program + "/Quillora.db-shm");
+  const Outcome second = Run("tree");
+  InsertDiscWithOneSong(disc);
+  Answer("retry\n");
+  const int firstStatus = ExitStatus(first);
+  umount2(view.c_str(), MNT_DETACH);
+
+  ASSERT_TRUE(waiting);
+  EXPECT_FALSE(logged);
+  EXPECT_EQ(second.status, 4);
+  // The lock below the view is the daemon's: there is no program's number to give.
+  EXPECT_EQ(second.err, "The catalogue is in use by another Vantrelle program.\n");
+  EXPECT_EQ(firstStatus, 0);
+  EXPECT_EQ(Query("PRAGMA journal_mode;"), "delete;");
+  EXPECT_EQ(Query("SELECT FileName, ScanState FROM MediaFiles;"), "a.mp3=2;");
+  EXPECT_EQ(Query("PRAGMA integrity_check;"), "ok;");
+  EXPECT_EQ(Run("tree").status, 0);
+  EXPECT_EQ(Query("PRAGMA journal_mode;"), "wal;");
 }
 
 TEST_F(CatalogueGuardTest, KillsDuringTheFirstStartLeaveACatalogueTheNextStartUses) {
@@ -114,10 +218,9 @@ TEST_F(CatalogueGuardTest, KillsDuringTheFirstStartLeaveACatalogueTheNextStartUs
 }
 
 TEST_F(CatalogueGuardTest, AReadOnlyCatalogueServesTreeAndSearch) {
-  fs::create_directories(home + "/Music");
-  fs::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/id3v1.mp3", home + "/Music/a.mp3");
-  ASSERT_EQ(Run("add-hd " + home + "/Music").status, 0);
+  AddMusicFolder();
   const std::string tree = Run("tree").out;
+  const auto names = Names(program);
 
   // Read-only storage: a read-only bind mount for root, who may write anything else.
   const bool mounted = mount(program.c_str(), program.c_str(), nullptr, MS_BIND, nullptr) == 0 &&
@@ -131,6 +234,7 @@ TEST_F(CatalogueGuardTest, AReadOnlyCatalogueServesTreeAndSearch) {
   const Outcome shown = Run("tree");
   const Outcome found = Run("search Neill");
   const Outcome listed = Run("list folder 1");
+  const Outcome edited = Run("file-info 1 --rating 4");
   if (mounted)
     umount2(program.c_str(), MNT_DETACH);
   else
@@ -141,6 +245,62 @@ TEST_F(CatalogueGuardTest, AReadOnlyCatalogueServesTreeAndSearch) {
   EXPECT_EQ(found.status, 0) << found.err;
   EXPECT_NE(found.out.find("a.mp3"), std::string::npos) << found.out;
   EXPECT_EQ(listed.status, 0) << listed.err;
+  EXPECT_EQ(edited.status, 1);
+  EXPECT_EQ(edited.err, "The catalogue is read-only. Nothing was changed in " + program + "/Quillora.db.\n");
+  EXPECT_EQ(Names(program), names);
+}
+
+// A folder of another owner that the user may only read and enter: every
+// command that changes nothing works and leaves nothing behind; one that
+// would change the catalogue says it is read-only.
+TEST_F(CatalogueGuardTest, AFolderTheUserMayNotWriteServesReadingAndRefusesChanges) {
+  AddMusicFolder();
+  const std::string tree = Run("tree").out;
+  const std::string list = Run("list folder 1").out;
+  OpenToEveryone();
+  chmod(program.c_str(), 0555);
+  const auto names = Names(program);
+
+  for (const char* command : {"tree", "list folder 1", "search Neill", "file-info 1", "options", "drives"}) {
+    const Outcome read = RunFrom(program, command, true);
+    EXPECT_EQ(read.status, 0) << command << ": " << read.err;
+    if (std::string(command) == "tree") {
+      EXPECT_EQ(read.out, tree);
+    } else if (std::string(command) == "list folder 1") {
+      EXPECT_EQ(read.out, list);
+    }
+  }
+  const std::string readOnly = "The catalogue is read-only. Nothing was changed in " + program + "/Quillora.db.\n";
+  for (const char* command : {"options --all-formats yes", "file-info 1 --title Mine", "--yes remove volume 1"}) {
+    const Outcome changed = RunFrom(program, command, true);
+    EXPECT_EQ(changed.status, 1) << command;
+    EXPECT_NE(changed.err.find(readOnly), std::string::npos) << command << ": " << changed.err;
+    EXPECT_EQ(changed.out.find("format: yes"), std::string::npos) << changed.out;
+  }
+  chmod(program.c_str(), 0755);
+  EXPECT_EQ(Names(program), names);
+  EXPECT_EQ(Run("options").out, "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\n" + CatalogueLine());
+  EXPECT_EQ(Run("list folder 1").out, list);
+  EXPECT_EQ(Query("PRAGMA integrity_check;"), "ok;");
+}
+
+// A run on a catalogue whose file the user made read-only leaves no index
+// of that mode behind: once the file may be written again, changes stick.
+TEST_F(CatalogueGuardTest, AfterAReadOnlyRunTheOwnerWritesAsBefore) {
+  AddMusicFolder();
+  OpenToEveryone();
+  ASSERT_EQ(std::system(("chown -R nobody '" + program + "'").c_str()), 0);
+  chmod((program + "/Quillora.db").c_str(), 0444);
+
+  const Outcome read = RunFrom(program, "tree", true);
+  EXPECT_EQ(read.status, 0) << read.err;
+  EXPECT_FALSE(fs::exists(program + "/Quillora.db-shm"));
+  EXPECT_FALSE(fs::exists(program + "/Quillora.db-wal"));
+
+  chmod((program + "/Quillora.db").c_str(), 0644);
+  const Outcome written = RunFrom(program, "file-info 1 --title Mine", true);
+  EXPECT_EQ(written.status, 0) << written.err;
+  EXPECT_EQ(Query("SELECT Title FROM MediaFiles;"), "Mine;");
 }
 
 TEST_F(CatalogueGuardTest, ControlCharactersOfTagsReachTheTerminalAsQuestionMarks) {

@@ -38,11 +38,16 @@ class ConsoleFixture : public ::testing::Test {
   }
 
   // A run that hangs is cut off by timeout (status 124); nobody answers questions.
-  Outcome Run(const std::string& arguments) {
+  Outcome Run(const std::string& arguments) { return RunFrom(program, arguments); }
+
+  // The same from another path to a program folder (a second folder, a bind
+  // mount, a FUSE view), run by the user "nobody" when asNobody is true.
+  Outcome RunFrom(const std::string& programPath, const std::string& arguments, bool asNobody = false) {
     const std::string out = folder.Path() + "/out", err = folder.Path() + "/err";
-    const std::string command = "cd '" + program + "' && HOME='" + home +
-                                "' timeout 60 ./vantrelle-cli " + arguments + " >'" + out +
-                                "' 2>'" + err + "' </dev/null";
+    const std::string user = asNobody ? "setpriv --reuid=65534 --regid=65534 --clear-groups " : "";
+    const std::string command = "cd '" + programPath + "' && HOME='" + home + "' timeout 60 " + user +
+                                "./vantrelle-cli " + arguments + " >'" + out + "' 2>'" + err +
+                                "' </dev/null";
     const int raw = std::system(command.c_str());
     return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, ReadAll(out), ReadAll(err)};
   }

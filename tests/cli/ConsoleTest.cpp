@@ -38,6 +38,30 @@ TEST_F(ConsoleTest, FirstRunCreatesTheCatalogueAndLaterRunsKeepTheOptions) {
       << drives.out;
 }
 
+// The cache folder stays on its drive: ".." resolved, refused where it
+// climbs above the root, and one stored so by an older version never emptied.
+TEST_F(ConsoleTest, TheCacheFolderStaysOnItsDrive) {
+  Run("options");
+  fs::create_directories(home + "/Music");
+  const Outcome resolved = Run("options --cache-path 'c:\\music\\..\\Cache'");
+  EXPECT_EQ(resolved.status, 0) << resolved.err;
+  EXPECT_EQ(resolved.out.substr(0, resolved.out.find('\n')), "Cache Path: C:\\Cache");
+
+  const Outcome above = Run("options --cache-path 'C:\\Music\\..\\..'");
+  EXPECT_EQ(above.status, 2);
+  EXPECT_EQ(above.err, "vantrelle-cli: the folder 'C:\\Music\\..\\..' lies above the root of drive C:\n");
+  EXPECT_EQ(Query("SELECT Value FROM Configs WHERE ConfigID=410;"), "C:\\Cache;");
+
+  const std::string kept = folder.WriteFile("kept.txt", "beside the drive's root");
+  Query("UPDATE Configs SET Value='C:\\..' WHERE ConfigID=410;");
+  const Outcome cleared = Run("--yes clear-cache");
+  EXPECT_EQ(cleared.status, 0);
+  EXPECT_TRUE(fs::exists(kept));
+  EXPECT_NE(cleared.out.find("The folder C:\\.. lies above the root of its drive: nothing was done."),
+            std::string::npos)
+      << cleared.out;
+}
+
 TEST_F(ConsoleTest, ACatalogueOfAnotherVersionIsRefusedAfterStartUp) {
   Run("options");
   Query("UPDATE Configs SET Value='3.0' WHERE ConfigID=1;");

@@ -94,6 +94,25 @@ TEST_F(LibraryConsoleTest, EditsAndRemovalsChangeTheCatalogueOnlyWhenConfirmed) 
   EXPECT_EQ(Run("file-info 9").status, 2);
 }
 
+// A disk that is not there is "not at hand", as a disc out of its drive is:
+// its letter leads nowhere, or to another disk.
+TEST_F(LibraryConsoleTest, FileInfoOfAFileOnAnAbsentDiskSaysItIsNotAtHand) {
+  fs::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/art.jpg", home + "/Music/Rock/folder.jpg");
+  EXPECT_NE(Run("file-info 2").out.find("\nPicture: folder.jpg\n"), std::string::npos);
+  fs::rename(home, folder.Path() + "/away");
+  EXPECT_NE(Run("file-info 2").out.find("\nPicture: not at hand\n"), std::string::npos);
+  fs::rename(folder.Path() + "/away", home);
+  // Another disk on the letter, holding the same folders.
+  fs::remove(program + "/drives/c:");
+  const std::string other = folder.MakeFolder("other");
+  fs::copy(home + "/Music", other + "/Music", fs::copy_options::recursive);
+  folder.WriteFile("other/.windows-serial", "1234ABCD\n");
+  fs::create_directory_symlink(other, program + "/drives/c:");
+  const Outcome elsewhere = Run("file-info 2");
+  EXPECT_EQ(elsewhere.status, 0);
+  EXPECT_NE(elsewhere.out.find("\nPicture: not at hand\n"), std::string::npos) << elsewhere.out;
+}
+
 TEST_F(LibraryConsoleTest, AddHdOfASystemFolderAddsNothingNotEvenADriveLetter) {
   EXPECT_EQ(Run("add-hd /proc").out, "The folder Z:\\proc\\ holds system files and is not scanned.\n");
   EXPECT_EQ(Run("drives").out.find("/proc"), std::string::npos);

@@ -100,7 +100,13 @@ TEST_F(PlaybackTest, APresentPathIsGivenOnlyForTheRightDiscAndNeverAsks) {
   app->Db().ExecuteChange("DELETE FROM MediaFiles;");
   std::thread([&] { located = later(); }).join();
   EXPECT_EQ(located, "E:\\Jazz\\a.mp3");
-  EXPECT_EQ(app->Playback().PresentPath(AddFile(kDriveFixed, "C", "\\Music\\", "b.flac")), "C:\\Music\\b.flac");
+  // A disk is at hand on its letter only while the letter holds that disk.
+  const int onDisk = AddFile(kDriveFixed, "C", "\\Music\\", "b.flac");
+  EXPECT_EQ(app->Playback().PresentPath(onDisk), "");
+  const std::string serial = app->Drives().ReadVolumeInfo("C")->SerialNo;
+  app->Db().ExecuteChange(("UPDATE MediaVolumes SET SerialNo='" + serial + "' WHERE VolID=" +
+                           std::to_string(app->Db().GetFileVolume(onDisk)) + ";").c_str());
+  EXPECT_EQ(app->Playback().PresentPath(onDisk), "C:\\Music\\b.flac");
   EXPECT_EQ(app->Playback().PresentPath(999), "");
   EXPECT_TRUE(messages.Shown().empty());
   EXPECT_TRUE(media.Commands().empty());

@@ -95,10 +95,10 @@ TEST_F(CoverFinderTest, DamagedFilesHugePicturesAndUnreadableFoldersGiveNone) {
     file.ID3v2Tag(true)->addFrame(frame);
     ASSERT_TRUE(file.save());
   }
-  EXPECT_EQ(finder.Find(huge).Describe(), "none");
+  EXPECT_EQ(finder.Find(huge).Describe(), "none (embedded picture too large)");
   std::ofstream(temp.Path() + "/Huge/cover.jpg", std::ios::binary)
       << jpeg << std::string(CoverFinder::kMaxPictureBytes, '\0');
-  EXPECT_EQ(finder.Find(huge).Describe(), "none");
+  EXPECT_EQ(finder.Find(huge).Describe(), "none (embedded picture too large)");
 
   // A folder that can be entered but not listed.
   const std::string song = Copy("lossless.flac", "Locked/song.flac");
@@ -111,6 +111,38 @@ TEST_F(CoverFinderTest, DamagedFilesHugePicturesAndUnreadableFoldersGiveNone) {
   if (!held) GTEST_SKIP() << "permissions do not hold here";
   EXPECT_EQ(locked.Describe(), "none");
   EXPECT_EQ(finder.Find(song).Describe(), "cover.jpg");
+}
+
+// A picture too large in pixels to be shown is passed over like one too
+// large in bytes: the folder's picture is shown, and said to be.
+TEST_F(CoverFinderTest, AnEmbeddedPictureTooLargeToShowGivesWayToTheFolders) {
+  const std::string song = Copy("id3v2.mp3", "Wide/song.mp3");
+  const auto embed = [&](std::uint32_t width, std::uint32_t height) {
+    std::string png = Bytes(kFixtures + "art.png");
+    for (int i = 0; i < 4; ++i) {
+      png[16 + i] = static_cast<char>(width >> (24 - 8 * i));
+      png[20 + i] = static_cast<char>(height >> (24 - 8 * i));
+    }
+    TagLib::MPEG::File file(song.c_str(), false);
+    TagLib::ID3v2::Tag* tag = file.ID3v2Tag(true);
+    tag->removeFrames("APIC");
+    auto* frame = new TagLib::ID3v2::AttachedPictureFrame;
+    frame->setType(TagLib::ID3v2::AttachedPictureFrame::FrontCover);
+    frame->setMimeType("image/png");
+    frame->setPicture(TagLib::ByteVector(png.data(), static_cast<unsigned int>(png.size())));
+    tag->addFrame(frame);
+    ASSERT_TRUE(file.save());
+  };
+  embed(4096, 300);
+  EXPECT_EQ(finder.Find(song).Describe(), "embedded");
+  embed(4097, 300);
+  EXPECT_EQ(finder.Find(song).Describe(), "none (embedded picture too large)");
+  Copy("art.jpg", "Wide/folder.jpg");
+  const CoverPicture shown = finder.Find(song);
+  EXPECT_EQ(shown.Describe(), "folder.jpg (embedded picture too large)");
+  EXPECT_EQ(shown.bytes, jpeg);
+  embed(300, 5000);
+  EXPECT_EQ(finder.Find(song).Describe(), "folder.jpg (embedded picture too large)");
 }
 
 }  // namespace

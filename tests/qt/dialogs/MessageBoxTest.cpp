@@ -7,6 +7,7 @@
 #include <atomic>
 #include <thread>
 
+#include "catalogue/MediaDB.h"
 #include "qt/dialogs/QtFolderPicker.h"
 #include "qt/dialogs/QtMessageBox.h"
 #include "tests/qt/dialogs/WhenShown.h"
@@ -49,6 +50,26 @@ TEST(QtMessageBox, QuestionsFromAWorkerAndFromTheUserInterfaceThreadAreAnswered)
     QTest::keyClick(&box, Qt::Key_Escape);
   });
   EXPECT_EQ(messages.Show("Failed.", Buttons::Ok, Icon::Error), Answer::Ok);
+}
+
+// Standard error is seen by nobody at a desktop: the failure that ends the
+// program is shown first.
+TEST(QtMessageBoxDeathTest, AFailedCatalogueStatementIsShownBeforeTheProgramEnds) {
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  testing_support::TempFolder folder;
+  MediaDB db;
+  db.Open(folder.Path() + "/");
+  QtMessageBox messages;
+  EXPECT_EXIT(
+      {
+        ShowCatalogueFailuresIn(&messages);
+        WhenShown<QMessageBox>([](QMessageBox& box) {
+          std::fprintf(stderr, "shown: %s\n", box.text().toStdString().c_str());
+          box.accept();
+        });
+        db.ExecuteChange("DELETE FROM NoSuchTable;");
+      },
+      ::testing::ExitedWithCode(1), "shown: Vantrelle has to end: catalogue statement failed: .*no such table");
 }
 
 TEST(QtFolderPicker, StartsWhereAskedAndGivesTheChosenFolderOrCancel) {
