@@ -41,8 +41,10 @@ CLibraryApp::StartResult CLibraryApp::Start() {
   return StartResult::Refused;
 }
 
+int CLibraryApp::CatalogueHolder() const { return lock_ ? lock_->HolderPid() : 0; }
+
 std::string CLibraryApp::InUseMessage() const {
-  const int holder = lock_ ? lock_->HolderPid() : 0;
+  const int holder = CatalogueHolder();
   if (holder <= 0) return kCatalogueInUseBySomeone;
   char message[128];
   std::snprintf(message, sizeof message, kCatalogueInUse, holder);

@@ -68,6 +68,8 @@ class CLibraryApp {
   // a failing statement ends the process with status 1.
   StartResult Start();
   std::string InUseMessage() const;
+  // The process that holds the catalogue after InUse; 0 when unknown.
+  int CatalogueHolder() const;
   std::string ForbiddenMessage() const;
 
   // Saves the settings in one transaction when one changed and the catalogue

@@ -9,6 +9,7 @@
 #include "platform/LinuxFileSystem.h"
 #include "platform/DataFolder.h"
 #include "platform/mci/GstMediaControl.h"
+#include "qt/RunningWindow.h"
 #include "playback/DeferredMediaControl.h"
 #include "playback/PlayerThread.h"
 #include "qt/MainWindow.h"
@@ -90,6 +91,8 @@ int RunDesktop() {
     return kCatalogueFailed;
   }
   if (started == CLibraryApp::StartResult::InUse) {
+    // The user's own window on this catalogue comes to the front instead.
+    if (RaiseRunningWindow(app.CatalogueHolder())) return kDone;
     messages.Show(app.InUseMessage(), platform::Buttons::Ok, platform::Icon::Error);
     return kCatalogueInUse;
   }

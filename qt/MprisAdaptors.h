@@ -24,7 +24,7 @@ class MprisRootAdaptor final : public QDBusAbstractAdaptor {
  public:
   explicit MprisRootAdaptor(MprisService& service);
   QString Identity() const { return QStringLiteral("Vantrelle"); }
-  QString DesktopEntry() const { return QStringLiteral("vantrelle"); }
+  QString DesktopEntry() const { return QStringLiteral("org.vantrelle.Vantrelle"); }
   bool CanQuit() const { return true; }
   bool CanRaise() const { return true; }
   bool HasTrackList() const { return false; }

@@ -139,6 +139,8 @@ void MprisService::Announce(const QString& interface, const QVariantMap& changed
 MprisRootAdaptor::MprisRootAdaptor(MprisService& service) : QDBusAbstractAdaptor(&service), service_(service) {}
 
 void MprisRootAdaptor::Raise() {
+  QWidget& window = service_.Window();
+  window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
   service_.Window().show();
   service_.Window().raise();
   service_.Window().activateWindow();

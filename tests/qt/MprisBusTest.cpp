@@ -342,6 +342,46 @@ TEST(RealProgram, QuitsOverTheBusWhileAnOpenHangs) {
   EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << status;
 }
 
+// A second start on the catalogue of a running window brings that window to
+// the front and ends, as other players do; the first program runs on.
+TEST(RealProgram, ASecondStartRaisesTheFirstWindowAndEnds) {
+  if (!QDBusConnection::sessionBus().isConnected()) GTEST_SKIP() << "no session bus: run under dbus-run-session";
+  testing_support::TempFolder place;
+  const std::string data = place.MakeFolder("data");
+  auto start = [&] {
+    const pid_t child = ::fork();
+    if (child == 0) {
+      ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+      ::setenv("VANTRELLE_DATA", data.c_str(), 1);  // a private catalogue
+      ::execl(VANTRELLE_BIN_DIR "/vantrelle", "vantrelle", static_cast<char*>(nullptr));
+      ::_exit(127);
+    }
+    return child;
+  };
+  auto endedWith = [](pid_t child, int& status) { return ::waitpid(child, &status, WNOHANG) == child; };
+  QDBusConnection remote = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("second"));
+  const pid_t first = start();
+  int firstStatus = -1, secondStatus = -1;
+  ASSERT_TRUE(Eventually([&] {
+    return endedWith(first, firstStatus) || remote.interface()->isServiceRegistered(kBus).value();
+  }));
+  const QDBusMessage entry = remote.call(QDBusMessage::createMethodCall(
+      kBus, kPath, kProperties, QStringLiteral("Get")) << QStringLiteral("org.mpris.MediaPlayer2")
+                                                         << QStringLiteral("DesktopEntry"));
+  EXPECT_EQ(entry.arguments().value(0).value<QDBusVariant>().variant().toString(),
+            QStringLiteral("org.vantrelle.Vantrelle"));
+
+  const pid_t second = start();
+  EXPECT_TRUE(Eventually([&] { return endedWith(second, secondStatus); }));
+  EXPECT_TRUE(WIFEXITED(secondStatus) && WEXITSTATUS(secondStatus) == 0) << secondStatus;
+  EXPECT_FALSE(endedWith(first, firstStatus));
+
+  remote.call(QDBusMessage::createMethodCall(kBus, kPath, QStringLiteral("org.mpris.MediaPlayer2"),
+                                             QStringLiteral("Quit")));
+  EXPECT_TRUE(Eventually([&] { return endedWith(first, firstStatus); }));
+  EXPECT_TRUE(WIFEXITED(firstStatus) && WEXITSTATUS(firstStatus) == 0) << firstStatus;
+}
+
 }  // namespace
 
 #include "MprisBusTest.moc"
