@@ -28,9 +28,14 @@ void COptionsDlg::Browse(OptionsForm& form) {
 }
 
 int COptionsDlg::DoModal() {
-  OptionsForm form = OpeningForm();
+  const OptionsForm opening = OpeningForm();
+  OptionsForm form = opening;
   const int result = view_.RunModal(form, [&] { Browse(form); });
   if (result != kDialogOk) return result;
+  if (const std::string why = settings_.WhyNotKept(); !why.empty() && form != opening) {
+    drives_.Messages().Show(why, platform::Buttons::Ok, platform::Icon::Warning);
+    return kDialogCancel;
+  }
   const bool selected = form.selectedDrive >= 0 && form.selectedDrive < static_cast<int>(form.drives.size());
   // The cache is emptied by "C": it must lie on its drive, in one spelling.
   const std::string cacheFolder = drives_.FolderWithinDrive(form.cachePath);

@@ -22,6 +22,7 @@ struct OptionsForm {
   std::vector<std::string> drives;  // the drop-down's entries, in drive-list order
   int selectedDrive = -1;           // an index into drives, or -1 for none
   bool allFormats = false;          // "Catalogue every audio format"
+  bool operator==(const OptionsForm&) const = default;
 };
 
 // The dialog's controls.
@@ -54,7 +55,8 @@ class COptionsDlg {
   // one spelling, ".." resolved; one whose ".." climb above the drive's root
   // is refused with a message and the folder stays), the CD drive the first
   // letter of the selected entry ("" for none) and the every-format setting
-  // the check box.
+  // the check box. On a catalogue that cannot be written, an OK that changed
+  // anything says so and takes nothing (kDialogCancel).
   int DoModal();
 
  private:

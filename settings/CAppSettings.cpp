@@ -106,3 +106,5 @@ int CAppSettings::InsertMissingRows() {
   }
   return written;
 }
+
+std::string CAppSettings::WhyNotKept() const { return db_.IsReadOnly() ? db_.ReadOnlyMessage() : ""; }

@@ -83,6 +83,9 @@ class CAppSettings {
   // value; the caller holds a transaction. Returns the number written.
   int InsertMissingRows();
   bool AnyRowMissing();
+  // Why settings changed now would not be kept (the catalogue is read-only);
+  // "" when they will be.
+  std::string WhyNotKept() const;
 
  private:
   using Rows = std::vector<std::pair<int, std::string>>;

@@ -48,11 +48,13 @@ class ScriptedOptions : public OptionsView {
  public:
   int press = kDialogOk;
   bool browse = false;  // presses "..." before the button
+  std::function<void(OptionsForm&)> edit;  // what the user changes, if anything
   std::optional<OptionsForm> opened;
 
   int RunModal(OptionsForm& form, const std::function<void()>& onBrowse) override {
     opened = form;
     if (browse) onBrowse();
+    if (edit) edit(form);
     return press;
   }
 };

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/mount.h>
 
 #include "catalogue/MediaDB.h"
 #include "dialogs/CFolderDialog.h"
@@ -56,6 +57,36 @@ TEST_F(DialogsTest, OptionsSelectTheCdDriveOfTheSettingsOrElseTheFirstAndOkTakes
   picker.folder = folder.MakeFolder("c/New");
   dialog.DoModal();
   EXPECT_EQ(settings.cacheFolder, "C:\\New");
+}
+
+// A catalogue seen through a read-only mount: a change is refused with the
+// reason, an OK that changes nothing is no change.
+TEST_F(DialogsTest, OptionsOnACatalogueThatCannotBeWrittenTakeNothingAndSaySo) {
+  { MediaDB().Open(folder.Path() + "/"); }
+  const std::string readOnly = folder.MakeFolder("ro");
+  if (mount(folder.Path().c_str(), readOnly.c_str(), nullptr, MS_BIND, nullptr) != 0)
+    GTEST_SKIP() << "bind mounts need privileges";
+  const bool remounted =
+      mount(nullptr, readOnly.c_str(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr) == 0;
+  bool opened = false;
+  if (remounted) {
+    MediaDB db;
+    db.Open(readOnly + "/");
+    opened = db.IsReadOnly();
+    CAppSettings settings(db, readOnly + "/");
+    settings.cacheFolder = "C:\\Cache";
+    settings.cdDrive = "D";
+    testing_support::ScriptedOptions view;
+    COptionsDlg dialog(settings, services, picker, view);
+    view.press = kDialogOk;
+    EXPECT_EQ(dialog.DoModal(), kDialogOk);  // nothing changed
+    view.edit = [](OptionsForm& form) { form.allFormats = true; };
+    EXPECT_EQ(dialog.DoModal(), kDialogCancel);
+    EXPECT_FALSE(settings.allFormats);
+    EXPECT_EQ(messages.Texts(), std::vector<std::string>{db.ReadOnlyMessage()});
+  }
+  umount2(readOnly.c_str(), MNT_DETACH);
+  ASSERT_TRUE(opened) << "the catalogue did not open read-only through a read-only mount";
 }
 
 }  // namespace
