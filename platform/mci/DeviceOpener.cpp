@@ -1,7 +1,10 @@
 #include "platform/mci/DeviceOpener.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
+#include <cerrno>
 #include <algorithm>
 #include <condition_variable>
 #include <system_error>
@@ -26,20 +29,32 @@ struct PendingOpen {
 
 namespace {
 
-// stat rather than lstat: a link to a regular file plays. Folders, pipes,
-// sockets and devices are refused before anything opens them.
-std::unique_ptr<PlaybinDevice> OpenRegularFile(const std::string& file, AudioOutput output,
-                                               std::uint32_t& error) {
+// Whether the file is a regular one that opens: stat rather than lstat, so
+// a link to a regular file plays; folders, pipes, sockets and devices are
+// refused before anything opens them. Where an open hangs (a dead share, a
+// file another program holds), it hangs here, before any GStreamer work.
+bool ReachRegularFile(const std::string& file, std::uint32_t& error) {
   struct stat facts {};
   if (::stat(file.c_str(), &facts) != 0) {
     error = kMciFileNotFound;
-    return nullptr;
+    return false;
   }
   if (!S_ISREG(facts.st_mode)) {
     error = kMciNotRegularFile;
-    return nullptr;
+    return false;
   }
-  return PlaybinDevice::Open(file, output, error);
+  const int fd = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
+  if (fd < 0) {
+    error = errno == ENOENT ? kMciFileNotFound : kMciCannotDecode;
+    return false;
+  }
+  ::close(fd);
+  return true;
+}
+
+bool GivenUp(PendingOpen& pending) {
+  std::lock_guard lock(pending.mutex);
+  return pending.abandoned;
 }
 
 }  // namespace
@@ -68,7 +83,15 @@ std::unique_ptr<PlaybinDevice> DeviceOpener::Open(const std::string& file, Audio
   try {
     std::thread([file, output, pending] {
       std::uint32_t code = kMciNoError;
-      auto device = OpenRegularFile(file, output, code);
+      std::unique_ptr<PlaybinDevice> device;
+      // An open given up while it hung goes no further: no pipeline is built
+      // for nobody, perhaps while the program is ending.
+      if (ReachRegularFile(file, code)) {
+        if (GivenUp(*pending))
+          code = kMciOpenAbandoned;
+        else
+          device = PlaybinDevice::Open(file, output, code);
+      }
       std::lock_guard lock(pending->mutex);
       pending->device = std::move(device);
       pending->error = code;
