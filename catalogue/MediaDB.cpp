@@ -58,8 +58,8 @@ constexpr const char* kAdditions[] = {
     "CREATE INDEX IF NOT EXISTS vantrelle_paths_by_parent ON MediaPaths(ParentID);",
     // A file's modification time and size when its tags were read, so that a
     // scan reads a changed file again. Other programs on the catalogue ignore it.
-    "CREATE TABLE IF NOT EXISTS vantrelle_file_stamps(FileID INTEGER PRIMARY KEY, ModifiedNs INTEGER, "
-    "Size INTEGER);",
+    ("CREATE TABLE IF NOT EXISTS vantrelle_file_stamps(FileID INTEGER PRIMARY KEY, ModifiedNs INTEGER, "
+     "Size INTEGER);"),
 };
 
 bool Holds(const std::vector<std::string>& names, const char* name) {
