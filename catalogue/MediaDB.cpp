@@ -80,7 +80,7 @@ bool UserMayWrite(const std::string& path, const std::string& folder) {
 int MediaDB::Open(const std::string& programFolder, const std::function<void()>& fillNewCatalogue,
                   bool writeAheadLog) {
   searchTexts_.Clear();
-  searchTextsChanges_ = -1;
+  searchTextsCurrent_ = false;
   path_ = programFolder + kFileName;
   if (UserMayWrite(path_, programFolder))
     OpenReadable(path_, writeAheadLog);
@@ -194,6 +194,7 @@ void MediaDB::CreateMissingTables(const std::vector<std::string>& present) {
 }
 
 int MediaDB::ExecuteChange(const char* sql) {
+  owner_.Check();
   try {
     db_.ExecuteStatement(sql);
     return static_cast<int>(db_.LastInsertId());
@@ -204,6 +205,7 @@ int MediaDB::ExecuteChange(const char* sql) {
 
 int MediaDB::ExecutePreparedChange(const char* sql,
                                    std::initializer_list<CppSQLite3Database::BoundValue> values) {
+  owner_.Check();
   try {
     db_.ExecutePrepared(sql, values);
     return static_cast<int>(db_.LastInsertId());
@@ -213,6 +215,7 @@ int MediaDB::ExecutePreparedChange(const char* sql,
 }
 
 void MediaDB::RunQuery(const char* sql, CppSQLite3ResultSet& result) {
+  owner_.Check();
   try {
     result = db_.ExecuteQuery(sql);
   } catch (const CppSQLite3Exception& failure) {
@@ -247,7 +250,33 @@ std::string MediaDB::QueryFirstText(const char* sql) {
 }
 
 void MediaDB::Begin() { ExecuteChange("BEGIN"); }
-void MediaDB::Commit() { ExecuteChange("COMMIT"); }
+void MediaDB::Commit() {
+  ExecuteChange("COMMIT");
+  PublishChanges();
+}
+
+void MediaDB::NoteChange(CatalogueTable table, std::int32_t id) {
+  uncommitted_.Add(table, id);
+  if (!db_.InTransaction()) PublishChanges();
+}
+
+void MediaDB::NoteChangedRows(CatalogueTable table) {
+  uncommitted_.AddAll(table);
+  if (!db_.InTransaction()) PublishChanges();
+}
+
+void MediaDB::PublishChanges() {
+  if (uncommitted_.Empty()) return;
+  if (uncommitted_.Touches(CatalogueTable::Files)) searchTexts_.Clear(), searchTextsCurrent_ = false;
+  CatalogueChanges committed;
+  std::swap(committed, uncommitted_);
+  events_.Publish(committed);
+}
+
+MediaDB::WorkerLoan::~WorkerLoan() {
+  loan_.reset();
+  db_.events_.LoanEnded();
+}
 
 int MediaDB::AddVolume(CMediaVolume& volume) {
   volume.VolID = idMarks_.InsertAboveMark(IdKind::Volume, [&] {
@@ -257,6 +286,7 @@ int MediaDB::AddVolume(CMediaVolume& volume) {
         volume.SerialNo.c_str(), volume.Name.c_str(), volume.VolType, volume.DrvLtr.c_str(),
         volume.DisplayName.c_str(), volume.Description.c_str());
   });
+  NoteChange(CatalogueTable::Volumes, volume.VolID);
   return volume.VolID;
 }
 
@@ -266,6 +296,7 @@ int MediaDB::AddPath(CMediaPath& path) {
         "INSERT INTO MediaPaths(VolID,ParentID,DirtyBit,Name,FullPath) values (?,?,?,?,?);",
         {path.VolID, path.ParentID, path.DirtyBit, path.Name, path.FullPath});
   });
+  NoteChange(CatalogueTable::Paths, path.PathID);
   return path.PathID;
 }
 
@@ -275,6 +306,7 @@ int MediaDB::AddFile(CMediaFile& file) {
         "INSERT INTO MediaFiles( VolID,PathID,ScanState,DirtyBit,FileName,Type) VALUES (?,?,?,?,?,?);",
         {file.VolID, file.PathID, file.ScanState, file.DirtyBit, file.FileName, file.Type});
   });
+  NoteChange(CatalogueTable::Files, file.FileID);
   return file.FileID;
 }
 
@@ -283,6 +315,7 @@ int MediaDB::AddPlayList(CPlayList& playList) {
     return ExecuteChangeF("INSERT INTO PlayLists(Name,FileIDs) VALUES (%Q,%Q);",
                           playList.Name.c_str(), playList.FileIDs.c_str());
   });
+  NoteChange(CatalogueTable::PlayLists, playList.PlayListID);
   return playList.PlayListID;
 }
 
@@ -372,39 +405,51 @@ int MediaDB::GetPathVolume(int pathId) { return GetIntField("MediaPaths", "VolID
 int MediaDB::GetFileVolume(int fileId) { return GetIntField("MediaFiles", "VolID", "FileID", fileId); }
 
 int MediaDB::SetFileScanState(int fileId, int state) {
-  return ExecutePreparedChange("UPDATE MediaFiles SET ScanState=? WHERE FileID=?;", {state, fileId});
+  const int result = ExecutePreparedChange("UPDATE MediaFiles SET ScanState=? WHERE FileID=?;", {state, fileId});
+  NoteChange(CatalogueTable::Files, fileId);
+  return result;
 }
 int MediaDB::SetPathDirtyBit(int pathId, int bit) {
   return SetIntField("MediaPaths", "DirtyBit", bit, "PathID", pathId);
 }
 int MediaDB::UpdateVolumeInfo(const CMediaVolume& volume) {
-  return ExecuteChangeF("UPDATE MediaVolumes SET DisplayName=%Q,Description=%Q WHERE VolID=%d;",
+  const int result = ExecuteChangeF("UPDATE MediaVolumes SET DisplayName=%Q,Description=%Q WHERE VolID=%d;",
                         volume.DisplayName.c_str(), volume.Description.c_str(), volume.VolID);
+  NoteChange(CatalogueTable::Volumes, volume.VolID);
+  return result;
 }
 
 int MediaDB::UpdateFileUserInfo(const CMediaFile& file) {
-  return ExecuteChangeF(
+  const int result = ExecuteChangeF(
       "UPDATE MediaFiles SET Title=%Q,Artist=%Q,Album=%Q,Comment=%Q,Rating=%d WHERE FileID=%d;",
       file.Title.c_str(), file.Artist.c_str(), file.Album.c_str(), file.Comment.c_str(),
       file.Rating, file.FileID);
+  NoteChange(CatalogueTable::Files, file.FileID);
+  return result;
 }
 
 int MediaDB::UpdateFileTagsAndProperties(const CMediaFile& file, int scanState) {
-  return ExecutePreparedChange(
+  const int result = ExecutePreparedChange(
       "UPDATE MediaFiles SET id3Title=?,id3Artist=?,id3Album=?,id3Comment=?,Length=?,"
       "BitRate=?,SampleRate=?,Channels=?,ScanState=? WHERE FileID=?;",
       {file.id3Title, file.id3Artist, file.id3Album, file.id3Comment, file.Length, file.BitRate,
        file.SampleRate, file.Channels, scanState, file.FileID});
+  NoteChange(CatalogueTable::Files, file.FileID);
+  return result;
 }
 
 int MediaDB::DeletePathFiles(int pathId) {
   idMarks_.NoteRemoval(IdKind::File);
-  return ExecuteChangeF("DELETE FROM MediaFiles WHERE PathID=%d;", pathId);
+  const int result = ExecuteChangeF("DELETE FROM MediaFiles WHERE PathID=%d;", pathId);
+  NoteChangedRows(CatalogueTable::Files);
+  return result;
 }
 
 int MediaDB::DeletePath(int pathId) {
   idMarks_.NoteRemoval(IdKind::Path);
-  return ExecuteChangeF("DELETE FROM MediaPaths WHERE PathID=%d;", pathId);
+  const int result = ExecuteChangeF("DELETE FROM MediaPaths WHERE PathID=%d;", pathId);
+  NoteChange(CatalogueTable::Paths, pathId);
+  return result;
 }
 
 void MediaDB::DeletePathTree(int pathId) {
@@ -420,6 +465,8 @@ void MediaDB::DeletePathTree(int pathId) {
                  fullPath.c_str(), volId);
   ExecuteChangeF((std::string("DELETE FROM MediaPaths WHERE PathID IN (") + subtree + ");").c_str(),
                  fullPath.c_str(), volId);
+  uncommitted_.AddAll(CatalogueTable::Files);
+  NoteChangedRows(CatalogueTable::Paths);
 }
 
 void MediaDB::DeleteVolume(int volId) {
@@ -429,18 +476,24 @@ void MediaDB::DeleteVolume(int volId) {
   ExecuteChangeF("DELETE FROM MediaFiles WHERE VolID=%d;", volId);
   ExecuteChangeF("DELETE FROM MediaPaths WHERE VolID=%d;", volId);
   ExecuteChangeF("DELETE FROM MediaVolumes WHERE VolID=%d;", volId);
+  uncommitted_.AddAll(CatalogueTable::Files);
+  uncommitted_.AddAll(CatalogueTable::Paths);
+  NoteChange(CatalogueTable::Volumes, volId);
 }
 
 int MediaDB::DeletePlayList(int playListId) {
   idMarks_.NoteRemoval(IdKind::PlayList);
-  return ExecuteChangeF("DELETE FROM PlayLists WHERE PlayListID=%d;", playListId);
+  const int result = ExecuteChangeF("DELETE FROM PlayLists WHERE PlayListID=%d;", playListId);
+  NoteChange(CatalogueTable::PlayLists, playListId);
+  return result;
 }
 
 int MediaDB::SetConfig(int configId, const std::string& value, bool insert) {
-  if (insert)
-    return ExecuteChangeF("INSERT INTO Configs(ConfigID,Value) VALUES(%d,%Q);", configId,
-                          value.c_str());
-  return ExecuteChangeF("UPDATE Configs SET Value=%Q WHERE ConfigID=%d;", value.c_str(), configId);
+  const int result =
+      insert ? ExecuteChangeF("INSERT INTO Configs(ConfigID,Value) VALUES(%d,%Q);", configId, value.c_str())
+             : ExecuteChangeF("UPDATE Configs SET Value=%Q WHERE ConfigID=%d;", value.c_str(), configId);
+  NoteChange(CatalogueTable::Settings, configId);
+  return result;
 }
 
 IdList MediaDB::GetConfigIds() { return QueryIdList("SELECT ConfigID FROM Configs;"); }

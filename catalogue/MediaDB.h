@@ -7,15 +7,20 @@
 // plain BEGIN and COMMIT issued by callers. Ids come back in the order SQLite
 // returns the rows. Records returned are owned by the caller.
 //
-// Used from the user-interface thread, and from a scan worker while the modal
-// scan dialog keeps the user-interface thread away.
+// Owned by the window's thread; a worker (a scan, a copy) takes a WorkerLoan
+// for the time it uses the catalogue, and the owner keeps away meanwhile
+// (checked in builds with thread checks). Each commit is published as one
+// catalogue change event (Events()).
 
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "base/ThreadOwner.h"
+#include "catalogue/CatalogueEvents.h"
 #include "catalogue/CppSQLite3Database.h"
 #include "catalogue/IdMarks.h"
 #include "catalogue/Records.h"
@@ -31,7 +36,7 @@ class MediaDB {
  public:
   static constexpr const char* kFileName = "Quillora.db";
 
-  MediaDB() : idMarks_(*this) {}
+  MediaDB() : idMarks_(*this), events_(owner_) {}
   MediaDB(const MediaDB&) = delete;
   MediaDB& operator=(const MediaDB&) = delete;
   virtual ~MediaDB() = default;
@@ -152,6 +157,28 @@ class MediaDB {
   // listed twice gives two rows, an id without a file row none.
   std::vector<MediaListRow> FileListRows(const IdList& fileIds);
 
+  // The change event: what each commit changed, or each change made outside
+  // a transaction. Changes to dirty bits and file stamps, which nothing
+  // shows, are not published.
+  CatalogueEvents& Events() { return events_; }
+  // Whether a worker holds the catalogue now (any thread may ask): the
+  // window's thread must not use it then.
+  bool HeldByWorker() const { return owner_.Lent(); }
+
+  // A worker's hold on the catalogue, from its construction (on the worker)
+  // to its end; the worker's changes reach the listeners after it.
+  class WorkerLoan {
+   public:
+    explicit WorkerLoan(MediaDB& db) : db_(db) { loan_.emplace(db.owner_); }
+    ~WorkerLoan();
+    WorkerLoan(const WorkerLoan&) = delete;
+    WorkerLoan& operator=(const WorkerLoan&) = delete;
+
+   private:
+    MediaDB& db_;
+    std::optional<ThreadOwner::Loan> loan_;
+  };
+
   // See CppSQLite3Database::ObserveStatements.
   void ObserveStatements(std::function<void(const char*)> observer);
 
@@ -185,15 +212,21 @@ class MediaDB {
   template <class Row, class... Values>
   std::vector<Row> QueryRows(const char* format, Values... values);
 
-  // Reads the search texts again unless nothing changed since they were read.
+  // Reads the search texts unless they are current.
   void KeepSearchTextsCurrent(const CaseFold& fold);
+  // A change made: published at once outside a transaction, else at Commit.
+  void NoteChange(CatalogueTable table, std::int32_t id);
+  void NoteChangedRows(CatalogueTable table);
+  void PublishChanges();
 
   CppSQLite3Database db_;
   std::string path_;
   IdMarks idMarks_;
+  ThreadOwner owner_{"The catalogue"};
+  CatalogueEvents events_;
+  CatalogueChanges uncommitted_;
   SearchTexts searchTexts_;
-  // What the catalogue was when the search texts were read: this
-  // connection's changes, and the version other connections' commits move.
-  std::int64_t searchTextsChanges_ = -1;
-  int searchTextsVersion_ = -1;
+  // Every file's texts were read and no file changed since. Another program
+  // cannot change the catalogue meanwhile: it is held for one program.
+  bool searchTextsCurrent_ = false;
 };

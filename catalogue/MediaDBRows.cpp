@@ -87,7 +87,10 @@ int MediaDB::SetFilesDirtyBit(const IdList& fileIds, int bit) {
 int MediaDB::DeleteFiles(const IdList& fileIds) {
   idMarks_.NoteRemoval(IdKind::File);
   ExecuteForIds("DELETE FROM vantrelle_file_stamps WHERE FileID IN (%s);", fileIds);
-  return ExecuteForIds("DELETE FROM MediaFiles WHERE FileID IN (%s);", fileIds);
+  const int result = ExecuteForIds("DELETE FROM MediaFiles WHERE FileID IN (%s);", fileIds);
+  uncommitted_.AddIds(CatalogueTable::Files, fileIds);
+  if (!fileIds.empty()) NoteChange(CatalogueTable::Files, fileIds.front());
+  return result;
 }
 
 int MediaDB::SetFileStamp(int fileId, const FileStamp& stamp) {
@@ -98,7 +101,10 @@ int MediaDB::SetFileStamp(int fileId, const FileStamp& stamp) {
 
 int MediaDB::DeletePaths(const IdList& pathIds) {
   idMarks_.NoteRemoval(IdKind::Path);
-  return ExecuteForIds("DELETE FROM MediaPaths WHERE PathID IN (%s);", pathIds);
+  const int result = ExecuteForIds("DELETE FROM MediaPaths WHERE PathID IN (%s);", pathIds);
+  uncommitted_.AddIds(CatalogueTable::Paths, pathIds);
+  if (!pathIds.empty()) NoteChange(CatalogueTable::Paths, pathIds.front());
+  return result;
 }
 
 int MediaDB::CountFilesOfTypeAbove(const IdList& pathIds, int type) {
@@ -171,9 +177,7 @@ std::vector<MediaListRow> MediaDB::SearchListRows(const std::string& text) {
 }
 
 void MediaDB::KeepSearchTextsCurrent(const CaseFold& fold) {
-  const std::int64_t changes = db_.TotalChanges();
-  const int version = QueryInt("PRAGMA data_version;");
-  if (changes == searchTextsChanges_ && version == searchTextsVersion_) return;
+  if (searchTextsCurrent_) return;
   searchTexts_.Clear();
   // A name, a title and an artist (non-Latin letters take two bytes or three)
   // and five zero bytes: about 64 bytes a file.
@@ -185,6 +189,5 @@ void MediaDB::KeepSearchTextsCurrent(const CaseFold& fold) {
                      {result.FieldBytes(1), result.FieldBytes(2), result.FieldBytes(3),
                       result.FieldBytes(4), result.FieldBytes(5)},
                      fold);
-  searchTextsChanges_ = changes;
-  searchTextsVersion_ = version;
+  searchTextsCurrent_ = true;
 }

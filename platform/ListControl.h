@@ -23,6 +23,8 @@ class ListControl {
   // Appends a row; texts beyond the columns are ignored and missing ones are
   // empty. Returns the new row's number.
   virtual int AppendRow(const std::vector<std::string>& texts, std::int32_t value) = 0;
+  // Puts new texts into a row, as AppendRow takes them; its value stays.
+  virtual void SetRowTexts(int row, const std::vector<std::string>& texts) = 0;
   virtual void DeleteRow(int row) = 0;
   virtual void DeleteAllRows() = 0;
 

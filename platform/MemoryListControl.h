@@ -42,6 +42,10 @@ class MemoryListControl : public ListControl {
     rows.push_back(std::move(row));
     return RowCount() - 1;
   }
+  void SetRowTexts(int row, const std::vector<std::string>& texts) override {
+    rows.at(static_cast<std::size_t>(row)).texts = texts;
+    rows.at(static_cast<std::size_t>(row)).texts.resize(headings.size());
+  }
   void DeleteRow(int row) override { rows.erase(rows.begin() + row); }
   void DeleteAllRows() override { rows.clear(); }
   int RowCount() const override { return static_cast<int>(rows.size()); }

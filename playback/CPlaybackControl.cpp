@@ -22,6 +22,8 @@ CPlaybackControl::CPlaybackControl(MediaDB& db, const CDriveServices& drives,
 
 CPlaybackControl::~CPlaybackControl() = default;
 
+bool CPlaybackControl::CatalogueAtHand() const { return !db_.HeldByWorker(); }
+
 int CPlaybackControl::OnStarted(StartedListener listener) {
   started_.emplace_back(++lastListener_, std::move(listener));
   return lastListener_;

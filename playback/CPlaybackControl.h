@@ -82,6 +82,8 @@ class CPlaybackControl {
   // The file whose open was handed over and has not ended yet (0: none), and
   // its name.
   int OpeningFileId() const { return openingFileId_; }
+  // False while a worker holds the catalogue: PlayFile must wait.
+  bool CatalogueAtHand() const;
   const std::string& OpeningName() const { return openingName_; }
 
   // The file handed over last (0 before any); its open may still run.

@@ -116,5 +116,4 @@ void CPlayListDlg::SavePlayList() {
   // The answer is not looked at: Cancel saves too, under the empty name.
   input.DoModal();
   parts_.model.SavePlayList(input.text);
-  if (libraryChanged_) libraryChanged_();
 }

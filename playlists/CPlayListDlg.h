@@ -113,9 +113,6 @@ class CPlayListDlg {
   CPlayListDlg(const CPlayListDlg&) = delete;
   CPlayListDlg& operator=(const CPlayListDlg&) = delete;
 
-  // Called after a play list was saved (the library tree is rebuilt).
-  void OnLibraryChanged(std::function<void()> rebuild) { libraryChanged_ = std::move(rebuild); }
-
   void OnInitDialog();
   void OnSize(int clientWidth, int clientHeight);
   void OnCommand(int command);
@@ -144,6 +141,5 @@ class CPlayListDlg {
 
   PlayListWindowParts parts_;
   PlayListView& view_;
-  std::function<void()> libraryChanged_;
   std::int32_t marked_ = 0;
 };

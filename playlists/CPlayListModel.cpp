@@ -29,13 +29,33 @@ IdList GetFileIds(const platform::ListControl& list, bool selectedOnly) {
 
 CPlayListModel::CPlayListModel(MediaDB& db) : db_(db) {}
 
+CPlayListModel::~CPlayListModel() { DetachList(); }
+
 void CPlayListModel::AttachList(platform::ListControl& list) {
+  DetachList();
   list_ = &list;
   list.SetExtendedStyle(list.ExtendedStyle() | platform::ListControl::kFullRowSelect |
                         platform::ListControl::kGridLines);
+  changesToken_ = db_.Events().Subscribe([this](const CatalogueChanges& changes) { OnCatalogueChanged(changes); });
 }
 
-void CPlayListModel::DetachList() { list_ = nullptr; }
+void CPlayListModel::DetachList() {
+  db_.Events().Unsubscribe(changesToken_);
+  changesToken_ = 0;
+  list_ = nullptr;
+}
+
+void CPlayListModel::OnCatalogueChanged(const CatalogueChanges& changes) {
+  if (!changes.Touches(CatalogueTable::Files)) return;
+  for (int row = list_->RowCount() - 1; row >= 0; --row) {
+    const std::int32_t id = list_->RowValue(row);
+    if (!changes.Touches(CatalogueTable::Files, id)) continue;
+    if (const auto file = db_.GetFile(id))
+      list_->SetRowTexts(row, PlayListRowTexts(*file));
+    else
+      list_->DeleteRow(row);
+  }
+}
 
 void CPlayListModel::InsertColumns() {
   if (!list_) return;

@@ -2,8 +2,10 @@
 // The play list: the rows of the play list window's list, each carrying a
 // FileID, in the order they were added, no FileID twice. One object for the
 // application, bound to the window's list when the window opens. It also
-// holds the copy job (CopyJob.h). User-interface thread only; the copy
-// worker touches only the copy job.
+// holds the copy job (CopyJob.h). While a list is attached it follows the
+// catalogue change event: rows of changed files show their new texts, rows
+// of files the catalogue no longer holds go. User-interface thread only; the
+// copy worker touches only the copy job.
 
 #include <array>
 #include <string>
@@ -39,6 +41,9 @@ class CPlayListModel {
   static constexpr std::array<Column, 3> kColumns{{{"Song", 140}, {"Artist", 100}, {"Length", 50}}};
 
   explicit CPlayListModel(MediaDB& db);
+  ~CPlayListModel();
+  CPlayListModel(const CPlayListModel&) = delete;
+  CPlayListModel& operator=(const CPlayListModel&) = delete;
 
   // Binds the list (which must stay until DetachList or another AttachList)
   // and turns on full-row selection and grid lines, keeping its other styles.
@@ -72,7 +77,10 @@ class CPlayListModel {
   CopyJob& Copy() { return copy_; }
 
  private:
+  void OnCatalogueChanged(const CatalogueChanges& changes);
+
   MediaDB& db_;
+  int changesToken_ = 0;
   platform::ListControl* list_ = nullptr;
   CopyJob copy_;
 };

@@ -18,7 +18,7 @@ bool CPlayThrough::PlayRow(int row) {
   if (!handed) return false;
   fileId_ = fileId;
   generation_ = playback_.Generation();
-  if (started_) started_(fileId, row);
+  started_.Notify(fileId, row);
   return true;
 }
 
@@ -51,5 +51,8 @@ void CPlayThrough::OnStatus(const PlayerStatus& status) {
     return;
   }
   if (status.mode != CMciPlayer::Mode::Stopped || status.positionMs < status.lengthMs) return;
+  // The next row is read once the worker that holds the catalogue is done;
+  // the player reports the end again meanwhile.
+  if (!playback_.CatalogueAtHand()) return;
   if (!enabled_ || !Next()) Stop();
 }

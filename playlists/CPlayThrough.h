@@ -10,6 +10,7 @@
 #include <functional>
 #include <optional>
 
+#include "base/Listeners.h"
 #include "catalogue/MediaDB.h"
 #include "playback/PlayerStatus.h"
 
@@ -42,14 +43,16 @@ class CPlayThrough {
   // The row of the file of this run, while it runs.
   std::optional<int> PlayingRow() const;
   bool Running() const { return fileId_ != 0; }
-  void OnStarted(StartedListener listener) { started_ = std::move(listener); }
+  // Returns a token for RemoveListener.
+  int OnStarted(StartedListener listener) { return started_.Subscribe(std::move(listener)); }
+  void RemoveListener(int token) { started_.Unsubscribe(token); }
 
  private:
   bool Step(int offset);
 
   CPlaybackControl& playback_;
   Rows rows_;
-  StartedListener started_;
+  Listeners<int, int> started_;
   bool enabled_ = true;
   int fileId_ = 0;             // the file of this run handed over last; 0 when none
   std::uint64_t generation_ = 0;

@@ -22,6 +22,12 @@ CopyWorker::CopyWorker(MediaDB& db, const CDriveServices& drives, std::string cd
     : db_(db), drives_(drives), cdDrive_(std::move(cdDrive)), job_(job) {}
 
 void CopyWorker::Run(const IdList& fileIds) {
+  CopyAll(fileIds);
+  job_.state.done = true;
+}
+
+void CopyWorker::CopyAll(const IdList& fileIds) {
+  const MediaDB::WorkerLoan loan(db_);  // the window keeps away from the catalogue meanwhile
   job_.summary = CopySummary();
   filesDone_ = 0;
   filesTotal_ = static_cast<std::int64_t>(fileIds.size());
@@ -46,7 +52,6 @@ void CopyWorker::Run(const IdList& fileIds) {
       CopyVolumeFiles(fileIds, volId);
     }
   }
-  job_.state.done = true;
 }
 
 bool CopyWorker::VolumePresent(const CMediaVolume& volume) const {

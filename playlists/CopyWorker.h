@@ -44,6 +44,7 @@ class CopyWorker {
   CopyJob& Job() { return job_; }
 
  private:
+  void CopyAll(const IdList& fileIds);
   // False when the user gave up waiting for a CD.
   bool VolumePresent(const CMediaVolume& volume) const;
   void CopyFile(const std::string& drive, int fileId);

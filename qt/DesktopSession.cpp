@@ -27,6 +27,11 @@ constexpr int kCatalogueInUse = 4;
 // it right after start-up. Either way the close puts the geometry into the
 // settings.
 void RunMainWindow(CLibraryApp& app, QtMessageBox& messages, bool refused) {
+  // The catalogue's changes reach the views from the event loop, after the
+  // code that made them has returned.
+  app.Db().Events().PostWith([](std::function<void()> deliver) {
+    QMetaObject::invokeMethod(qApp, std::move(deliver), Qt::QueuedConnection);
+  });
   QtCoverLoader covers(app.Platform().files);
   QtDialogSet dialogs(messages, covers);
   MainWindow window(app, dialogs.Services());

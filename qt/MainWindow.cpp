@@ -102,6 +102,7 @@ MainWindow::MainWindow(CLibraryApp& app, const DesktopDialogs& dialogs)
   installEventFilter(this);
   CreateControls();
   const MainWindowParts parts{
+      app.Db(),
       app.Tree(),
       app.List(),
       {*tree_, *menu_, dialogs.volumeInfo, *scans_},

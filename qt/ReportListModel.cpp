@@ -36,6 +36,13 @@ void ReportListModel::Flush() {
   endInsertRows();
 }
 
+void ReportListModel::SetTexts(int row, std::vector<std::string> texts) {
+  Flush();
+  texts.resize(headings_.size());
+  rows_.at(static_cast<std::size_t>(row)).texts = std::move(texts);
+  emit dataChanged(index(row, 0), index(row, columnCount() - 1), {Qt::DisplayRole});
+}
+
 void ReportListModel::RemoveRow(int row) {
   Flush();
   beginRemoveRows({}, row, row);

@@ -22,6 +22,7 @@ class ReportListModel final : public QAbstractTableModel {
   // Shows the rows appended since the last flush. The calls below need the
   // rows they name shown.
   void Flush();
+  void SetTexts(int row, std::vector<std::string> texts);
   void RemoveRow(int row);
   void RemoveAllRows();
   // New row i is old row order[i]; views and selections follow their rows.

@@ -55,7 +55,10 @@ int CVolumeScanner::FilesLeftOut(const std::string& root, AudioFormats formats) 
 
 int CVolumeScanner::Run() {
   completed_ = false;
-  Scan();
+  {
+    const MediaDB::WorkerLoan loan(db_);  // the window keeps away from the catalogue meanwhile
+    Scan();
+  }
   completed_ = !progress_.cancel;
   progress_.done = true;
   return 0;

@@ -68,6 +68,7 @@ class CVolumeScanner {
   std::string VolumeRefusal(const std::string& drive, const ExpectedVolume& expected) const;
 
   WorkerProgress& Progress() { return progress_; }
+  MediaDB& Catalogue() { return db_; }
   // What the last scan has to tell once it is done.
   const ScanReport& Report() const { return report_; }
   const std::string& ScanRoot() const { return scanRoot_; }

@@ -2,6 +2,7 @@
 
 #include "base/MessageText.h"
 #include "base/WorkerDialogHost.h"
+#include "catalogue/MediaDB.h"
 #include "platform/DriveTable.h"
 #include "platform/FileSystem.h"
 #include "platform/FolderPicker.h"
@@ -40,14 +41,14 @@ bool ScanCommands::ScanVolume(int kind, const std::string& root,
   dialogs_.RunWorkerDialog(CScanDlg::kCaption, [this](WorkerDialogView& view, platform::MessageBox& messages) {
     return std::make_unique<CScanDlg>(scanner_, messages, view);
   });
-  if (libraryChanged_) libraryChanged_();
+  scanner_.Catalogue().Events().DeliverPending();
   ReportScan();
   return scanner_.Report().Refusal().empty();
 }
 
 void ScanCommands::ReportScan() const {
-  if (!scanReported_ || !scanner_.Report().Refusal().empty()) return;
-  scanReported_(scanner_.Completed() ? scanner_.Report().Found() : kCancelled);
+  if (!scanner_.Report().Refusal().empty()) return;
+  scanReported_.Notify(scanner_.Completed() ? scanner_.Report().Found() : kCancelled);
 }
 
 AudioFormats ScanCommands::Formats() const {

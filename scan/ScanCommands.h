@@ -1,13 +1,15 @@
 #pragma once
 // Add CD, Add HD and the scan entry point that every caller (the tree's
 // rescans included) goes through: prepare the scanner, run the "Scan Volume"
-// dialog modally, then tell the library that it changed (the tree rebuild).
-// User-interface thread only.
+// dialog modally while the scan's worker holds the catalogue, then hand what
+// the scan changed to the catalogue's listeners (the tree, the lists) and
+// tell the scan's listeners what it found. User-interface thread only.
 
 #include <functional>
 #include <optional>
 #include <string>
 
+#include "base/Listeners.h"
 #include "scan/CVolumeScanner.h"
 #include "scan/Paths.h"
 
@@ -34,11 +36,13 @@ class ScanCommands {
   ScanCommands(CVolumeScanner& scanner, CDriveServices& drives, CAppSettings& settings,
                platform::FolderPicker& picker, WorkerDialogHost& dialogs);
 
-  // Called after every scan dialog has closed.
-  void OnLibraryChanged(std::function<void()> rebuild) { libraryChanged_ = std::move(rebuild); }
   // Called after every scan dialog has closed with what the scan found
   // (ScanReport::Found), or kCancelled; not for a root that was refused.
-  void OnScanReported(std::function<void(const std::string&)> report) { scanReported_ = std::move(report); }
+  // Returns a token for Unsubscribe.
+  int OnScanReported(std::function<void(const std::string&)> listener) {
+    return scanReported_.Subscribe(std::move(listener));
+  }
+  void Unsubscribe(int token) { scanReported_.Unsubscribe(token); }
 
   // kind 5 (CD) or 3 (disk folder); root a normalised folder with its drive,
   // scanned under its one spelling (see CDriveServices::CanonicalPath). A
@@ -70,6 +74,5 @@ class ScanCommands {
   CAppSettings& settings_;
   platform::FolderPicker& picker_;
   WorkerDialogHost& dialogs_;
-  std::function<void()> libraryChanged_;
-  std::function<void(const std::string&)> scanReported_;
+  Listeners<const std::string&> scanReported_;
 };

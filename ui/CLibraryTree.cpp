@@ -51,14 +51,21 @@ CLibraryTree::CLibraryTree(MediaDB& db, LibraryCommands& commands, CMediaList& l
 
 void CLibraryTree::Unbind() {
   if (!controls_) return;
-  controls_->scans.OnLibraryChanged(nullptr);
+  db_.Events().Unsubscribe(changesToken_);
+  changesToken_ = 0;
   controls_.reset();
   current_ = context_ = kNoItem;
 }
 
 void CLibraryTree::Bind(const LibraryTreeControls& controls) {
   controls_.emplace(controls);
-  controls.scans.OnLibraryChanged([this] { RebuildInPlace(); });
+  changesToken_ = db_.Events().Subscribe([this](const CatalogueChanges& changes) { OnCatalogueChanged(changes); });
+}
+
+void CLibraryTree::OnCatalogueChanged(const CatalogueChanges& changes) {
+  if (changes.Touches(CatalogueTable::Volumes) || changes.Touches(CatalogueTable::Paths) ||
+      changes.Touches(CatalogueTable::PlayLists))
+    RebuildInPlace();
 }
 
 void CLibraryTree::Clear() {
@@ -213,7 +220,7 @@ void CLibraryTree::OnContextMenu(TreeItem hit) {
 void CLibraryTree::RunCommand(int command) {
   switch (command) {
     case kVolumeInfo: EditVolumeInfo(); break;
-    case kRemove: RemoveAndRebuild(context_); break;
+    case kRemove: RemoveNode(context_); break;
     case kRescan: Rescan(); break;
     default: break;
   }
@@ -229,18 +236,10 @@ bool CLibraryTree::RemoveNode(TreeItem node) {
   }
 }
 
-void CLibraryTree::RemoveAndRebuild(TreeItem node) {
-  if (!RemoveNode(node)) return;
-  list_.Clear();
-  RebuildInPlace();
-}
-
 bool CLibraryTree::EditVolumeInfo() {
   const DecodedNode decoded = Decode(context_);
   if (decoded.kind != NodeKind::Volume) return false;
-  if (!commands_.EditVolume(decoded.id, controls_->volumeInfo)) return false;
-  RebuildInPlace();
-  return true;
+  return commands_.EditVolume(decoded.id, controls_->volumeInfo);
 }
 
 // Each scan goes through the scan entry point, which rebuilds the tree when

@@ -21,6 +21,7 @@
 #include "platform/TreeControl.h"
 #include "ui/NodeValue.h"
 
+class CatalogueChanges;
 class CMediaList;
 class LibraryCommands;
 class MediaDB;
@@ -57,12 +58,12 @@ class CLibraryTree {
   // entries do.
   CLibraryTree(MediaDB& db, LibraryCommands& commands, CMediaList& list);
 
-  // Every other operation needs the controls bound first. Also points the
-  // scan entry point's library-changed seam at Rebuild, so that every scan
-  // (Add CD, Add HD, a rescan) ends with the tree rebuilt.
+  // Every other operation needs the controls bound first. While bound, the
+  // tree follows the catalogue change event: a change to the volumes, the
+  // folders or the play lists (a scan, a removal, an edit, a saved play
+  // list) rebuilds it in place.
   void Bind(const LibraryTreeControls& controls);
-  // Lets go of the controls (and the scan entry point's seam); the binder
-  // calls it before its controls go away.
+  // Lets go of the controls; the binder calls it before they go away.
   void Unbind();
 
   void Clear();
@@ -93,14 +94,13 @@ class CLibraryTree {
   void OnContextMenu(TreeItem hit);
   void RunCommand(int command);
 
-  // Asks the kind's question and, on OK, removes the node's rows. Groups,
-  // roots and kNoItem ask nothing. Returns whether anything was removed.
+  // Asks the kind's question and, on OK, removes the node's rows (the
+  // Delete key on the selected node, "remove" on the context node); the
+  // tree rebuilds on the change. Groups, roots and kNoItem ask nothing.
+  // Returns whether anything was removed.
   bool RemoveNode(TreeItem node);
-  // RemoveNode, then, when removed, the list emptied and the tree rebuilt
-  // (the Delete key on the selected node, "remove" on the context node).
-  void RemoveAndRebuild(TreeItem node);
   // "Vol Info / Edit" on the context node; on Update writes the display name
-  // and description and rebuilds. Returns whether Update was pressed.
+  // and description. Returns whether Update was pressed.
   bool EditVolumeInfo();
   // "rescan" on the context node: a CD volume after asking for its disc in
   // the CD drive, a disk volume root folder by root folder, or one folder.
@@ -130,6 +130,7 @@ class CLibraryTree {
                   const FolderIndex& index);
   void AddPlayLists();
   TreeItem Insert(TreeItem parent, const std::string& label, NodeKind kind, int id);
+  void OnCatalogueChanged(const CatalogueChanges& changes);
   platform::TreeControl& Control() const { return controls_->tree; }
 
   MediaDB& db_;
@@ -144,4 +145,5 @@ class CLibraryTree {
   TreeItem playLists_ = platform::TreeControl::kNoItem;
   TreeItem context_ = platform::TreeControl::kNoItem;
   TreeItem current_ = platform::TreeControl::kNoItem;
+  int changesToken_ = 0;
 };

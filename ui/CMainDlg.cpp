@@ -5,6 +5,7 @@
 #include <tuple>
 
 #include "base/CountText.h"
+#include "catalogue/MediaDB.h"
 #include "dialogs/COptionsDlg.h"
 #include "platform/ColumnLayout.h"
 #include "platform/ListControl.h"
@@ -30,18 +31,27 @@ CMainDlg::CMainDlg(const MainWindowParts& parts, MainWindowView& view)
       view_(view),
       playListWindow_(parts.playList, parts.playListView),
       splitter_(parts.settings.splitter) {
-  playListWindow_.OnLibraryChanged([this] { parts_.tree.RebuildInPlace(); });
   startedListener_ = parts_.playback.OnStarted([this](int) {
     view_.PollPlayer(true);
     PollNow();
   });
   openingListener_ = parts_.playback.OnOpening([this] { view_.ShowNowPlaying(DescribeStatus(status_)); });
+  changesListener_ = parts_.catalogue.Events().Subscribe(
+      [this](const CatalogueChanges& changes) { OnCatalogueChanged(changes); });
+}
+
+// An edit of the playing file shows in the strip at once.
+void CMainDlg::OnCatalogueChanged(const CatalogueChanges& changes) {
+  if (describedFileId_ == 0 || !changes.Touches(CatalogueTable::Files, describedFileId_)) return;
+  describedFileId_ = 0;
+  view_.ShowNowPlaying(DescribeStatus(status_));
 }
 
 CMainDlg::~CMainDlg() {
   parts_.playback.RemoveListener(startedListener_);
   parts_.playback.RemoveListener(openingListener_);
-  parts_.scans.OnScanReported(nullptr);
+  parts_.catalogue.Events().Unsubscribe(changesListener_);
+  parts_.scans.Unsubscribe(scanReportedListener_);
   if (!panesBound_) return;
   parts_.tree.Unbind();
   parts_.list.Unbind();
@@ -53,7 +63,8 @@ void CMainDlg::OnInitDialog() {
   parts_.list.Bind(parts_.listControls);
   parts_.list.CreateColumns();
   panesBound_ = true;
-  parts_.scans.OnScanReported([this](const std::string& found) { view_.SetStatusLine(found); });
+  scanReportedListener_ =
+      parts_.scans.OnScanReported([this](const std::string& found) { view_.SetStatusLine(found); });
 
   if (parts_.settings.GeometryIsDefault()) FitWindowsToScreen();
   playListWindow_.OnInitDialog();
@@ -219,22 +230,15 @@ void CMainDlg::OnKeyDown(const WindowMessage& message) {
 void CMainDlg::OnKeyUp(const WindowMessage& message) {
   if (message.key == KeyCode::Control) controlHeld_ = false;
   if (message.key == KeyCode::Delete && message.target == MessageTarget::Tree)
-    parts_.tree.RemoveAndRebuild(parts_.tree.SelectedNode());
+    parts_.tree.RemoveNode(parts_.tree.SelectedNode());
 }
 
 void CMainDlg::OnTreeSelectionChanged(platform::TreeItem node) { parts_.tree.OnSelectionChanged(node); }
 
 void CMainDlg::OnTreeContextMenu(platform::TreeItem hit) { parts_.tree.OnContextMenu(hit); }
 
-// After an edit only a folder's rows are read again; play-list and search
-// rows keep their old texts until the list is next filled.
-void CMainDlg::OnListContextMenu() {
-  if (!parts_.list.OnContextMenu()) return;
-  const DecodedNode selected = parts_.tree.Decode(parts_.tree.SelectedNode());
-  if (selected.kind != NodeKind::Folder) return;
-  parts_.list.Clear();
-  parts_.list.FillWithFolder(selected.id);
-}
+// An edit reaches the rows through the catalogue change event.
+void CMainDlg::OnListContextMenu() { parts_.list.OnContextMenu(); }
 
 void CMainDlg::OnListDoubleClick() { parts_.list.AddSelectedToPlayList(); }
 
@@ -312,7 +316,7 @@ void CMainDlg::OnPlayerStatus(const PlayerStatus& status) {
   view_.ShowNowPlaying(DescribeStatus(status));
   if (status.mode == CMciPlayer::Mode::NotReady) view_.PollPlayer(false);
   playListWindow_.OnPlayerStatus(status);
-  if (statusShown_) statusShown_();
+  statusShown_.Notify();
 }
 
 int CMainDlg::Volume() const { return parts_.settings.volume; }
@@ -324,7 +328,8 @@ NowPlayingStrip CMainDlg::DescribeStatus(const PlayerStatus& status) {
     return strip;
   }
   if (status.mode == CMciPlayer::Mode::NotReady || status.fileId == 0) return strip;
-  if (status.fileId != describedFileId_) {
+  // While a worker holds the catalogue the strip keeps the texts it has.
+  if (status.fileId != describedFileId_ && !parts_.catalogue.HeldByWorker()) {
     describedFileId_ = status.fileId;
     std::tie(song_, artist_) = parts_.list.SongAndArtist(status.fileId);
     // The file plays, so it lies where it was opened: no disc to read here.

@@ -10,6 +10,7 @@
 #include <functional>
 #include <string>
 
+#include "base/Listeners.h"
 #include "playback/PlayerStatus.h"
 #include "playlists/CPlayListDlg.h"
 #include "ui/CLibraryTree.h"
@@ -28,6 +29,7 @@ class FolderPicker;
 
 // What the window works with; all must outlive it.
 struct MainWindowParts {
+  MediaDB& catalogue;  // its change event refreshes the now-playing strip
   CLibraryTree& tree;
   CMediaList& list;
   LibraryTreeControls treeControls;
@@ -111,8 +113,10 @@ class CMainDlg {
   const PlayerStatus& LastStatus() const { return status_; }
   // The volume of the settings, 0 to 1000.
   int Volume() const;
-  // Called after each status was shown.
-  void OnStatusShown(std::function<void()> listener) { statusShown_ = std::move(listener); }
+  // Called after each status was shown; returns a token for
+  // RemoveStatusListener.
+  int OnStatusShown(std::function<void()> listener) { return statusShown_.Subscribe(std::move(listener)); }
+  void RemoveStatusListener(int token) { statusShown_.Unsubscribe(token); }
   // Asks the player at once (after what was handed to it so far).
   void PollNow();
   // Plays the first selected file of the media list; ends a play-through.
@@ -145,6 +149,7 @@ class CMainDlg {
   void RunOptions();
   void StopPlayback();
   void OnPlayerStatus(const PlayerStatus& status);
+  void OnCatalogueChanged(const CatalogueChanges& changes);
   NowPlayingStrip DescribeStatus(const PlayerStatus& status);
 
   MainWindowParts parts_;
@@ -159,7 +164,9 @@ class CMainDlg {
   int openingListener_ = 0;
   bool pollPending_ = false;
   PlayerStatus status_;
-  std::function<void()> statusShown_;
+  int scanReportedListener_ = 0;
+  int changesListener_ = 0;
+  Listeners<> statusShown_;
   int describedFileId_ = 0;  // whose song and artist are below
   std::string song_;
   std::string artist_;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <numeric>
+#include <unordered_map>
 #include <variant>
 
 #include "base/AsciiCase.h"
@@ -33,6 +34,11 @@ std::string LengthText(int seconds) { return MinutesAndSeconds(seconds, 2); }
 
 std::string VolumeText(const MediaListRow& row) {
   return row.VolType == platform::kDriveCdRom ? row.DisplayName : FillMessage("[drive %s:]", {row.DrvLtr});
+}
+
+std::vector<std::string> RowTexts(const MediaListRow& row) {
+  return {UserOrTag(row.Title, row.id3Title), UserOrTag(row.Artist, row.id3Artist), row.FileName,
+          RatingText(row.Rating), LengthText(row.Length), VolumeText(row)};
 }
 
 MediaListRow ListRowOf(const CMediaFile& file, const CMediaVolume* volume) {
@@ -81,6 +87,39 @@ void CMediaList::Bind(const MediaListControls& controls) {
   platform::ListControl& list = controls.list;
   list.SetExtendedStyle(list.ExtendedStyle() | platform::ListControl::kGridLines |
                         platform::ListControl::kFullRowSelect | kHeaderDragDrop);
+  changesToken_ = db_.Events().Subscribe([this](const CatalogueChanges& changes) { OnCatalogueChanged(changes); });
+}
+
+void CMediaList::Unbind() {
+  db_.Events().Unsubscribe(changesToken_);
+  changesToken_ = 0;
+  controls_.reset();
+}
+
+void CMediaList::OnCatalogueChanged(const CatalogueChanges& changes) {
+  if (!changes.Touches(CatalogueTable::Files)) return;
+  // The tree fills the list again after these.
+  if (changes.Touches(CatalogueTable::Volumes) || changes.Touches(CatalogueTable::Paths) ||
+      changes.Touches(CatalogueTable::PlayLists))
+    return;
+  platform::ListControl& list = controls_->list;
+  IdList changed;
+  for (int row = 0; row < list.RowCount(); ++row)
+    if (changes.Touches(CatalogueTable::Files, list.RowValue(row))) changed.push_back(list.RowValue(row));
+  if (changed.empty()) return;
+  std::sort(changed.begin(), changed.end());
+  changed.erase(std::unique(changed.begin(), changed.end()), changed.end());
+  const std::vector<MediaListRow> rows = db_.FileListRows(changed);
+  std::unordered_map<std::int32_t, const MediaListRow*> byId;
+  for (const MediaListRow& row : rows) byId.emplace(row.FileID, &row);
+  for (int row = list.RowCount() - 1; row >= 0; --row) {
+    if (!changes.Touches(CatalogueTable::Files, list.RowValue(row))) continue;
+    const auto now = byId.find(list.RowValue(row));
+    if (now == byId.end())
+      list.DeleteRow(row);
+    else
+      list.SetRowTexts(row, RowTexts(*now->second));
+  }
 }
 
 void CMediaList::CreateColumns() {
@@ -129,10 +168,7 @@ void CMediaList::ApplySort() {
 }
 
 void CMediaList::AppendRow(const MediaListRow& row) {
-  controls_->list.AppendRow({UserOrTag(row.Title, row.id3Title), UserOrTag(row.Artist, row.id3Artist),
-                             row.FileName, RatingText(row.Rating), LengthText(row.Length),
-                             VolumeText(row)},
-                            row.FileID);
+  controls_->list.AppendRow(RowTexts(row), row.FileID);
 }
 
 void CMediaList::AddRow(const CMediaFile& file) {

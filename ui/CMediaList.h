@@ -3,7 +3,10 @@
 // each row carrying its FileID. It keeps no rows of the catalogue: every fill
 // reads them afresh and keeps the catalogue's order, until the user clicks a
 // column heading: from then on every fill is sorted by that column. No fill
-// empties the list; callers Clear first.
+// empties the list; callers Clear first. While bound it follows the
+// catalogue change event: rows of changed files show their new texts in
+// place, rows of removed files go. Changes to volumes, folders or play lists
+// reach it through the tree, which fills it again.
 // One object for the process; bound to its controls by the main window.
 // User-interface thread only; catalogue failures end the process (MediaDB).
 
@@ -68,7 +71,7 @@ class CMediaList {
   using Locator = std::function<std::string()>;
   void LocateFilesWith(std::function<Locator(int fileId)> locate) { locate_ = std::move(locate); }
   // Lets go of the controls; the binder calls it before they go away.
-  void Unbind() { controls_.reset(); }
+  void Unbind();
   // The six columns, each at least as wide as its heading; the rating's as
   // wide as ten stars.
   void CreateColumns();
@@ -115,6 +118,7 @@ class CMediaList {
  private:
   void AppendRow(const MediaListRow& row);
   void ApplySort();
+  void OnCatalogueChanged(const CatalogueChanges& changes);
 
   MediaDB& db_;
   CPlayListModel& playList_;
@@ -123,4 +127,5 @@ class CMediaList {
   std::optional<std::string> shownSearch_;
   int sortColumn_ = -1;  // none: the catalogue's order
   bool sortAscending_ = true;
+  int changesToken_ = 0;
 };

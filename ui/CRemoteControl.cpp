@@ -30,7 +30,17 @@ CRemoteControl::CRemoteControl(CMainDlg& window, CPlayListModel& playList, CPlay
       playThrough_(playThrough),
       playback_(playback),
       db_(db),
-      files_(files) {}
+      files_(files),
+      changesToken_(db.Events().Subscribe([this](const CatalogueChanges& changes) { OnCatalogueChanged(changes); })) {}
+
+CRemoteControl::~CRemoteControl() { db_.Events().Unsubscribe(changesToken_); }
+
+void CRemoteControl::OnCatalogueChanged(const CatalogueChanges& changes) {
+  if (details_ && (changes.Touches(CatalogueTable::Files, details_->fileId))) details_.reset();
+  if (changes.Touches(CatalogueTable::PlayLists)) playLists_.reset();
+}
+
+bool CRemoteControl::CatalogueAtHand() const { return !db_.HeldByWorker(); }
 
 const PlayerStatus& CRemoteControl::Status() const { return window_.LastStatus(); }
 
@@ -45,14 +55,19 @@ std::string CRemoteControl::PlaybackStatus() const {
 std::optional<RemoteTrack> CRemoteControl::Track() const {
   const PlayerStatus& status = Status();
   if (status.fileId == 0 || status.mode == CMciPlayer::Mode::NotReady) return std::nullopt;
-  const auto file = db_.GetFile(status.fileId);
-  if (!file) return std::nullopt;
-  RemoteTrack track;
-  track.fileId = status.fileId;
-  track.title = UserOrTag(file->Title, file->id3Title);
-  if (track.title.empty()) track.title = file->FileName;
-  track.artist = UserOrTag(file->Artist, file->id3Artist);
-  track.album = UserOrTag(file->Album, file->id3Album);
+  if (!details_ || details_->fileId != status.fileId) {
+    if (!CatalogueAtHand()) return std::nullopt;
+    const auto file = db_.GetFile(status.fileId);
+    if (!file) return std::nullopt;
+    details_ = RemoteTrack{.fileId = status.fileId,
+                           .title = UserOrTag(file->Title, file->id3Title),
+                           .artist = UserOrTag(file->Artist, file->id3Artist),
+                           .album = UserOrTag(file->Album, file->id3Album),
+                           .url = {},
+                           .lengthUs = 0};
+    if (details_->title.empty()) details_->title = file->FileName;
+  }
+  RemoteTrack track = *details_;
   track.lengthUs = std::int64_t{status.lengthMs} * kUsPerMs;
   if (status.fileId == playback_.CurrentFileId()) {
     const std::string local = files_.LocalPath(playback_.CurrentPath());
@@ -93,6 +108,7 @@ void CRemoteControl::Play() {
     window_.OnPauseResume();
     return;
   }
+  if (!CatalogueAtHand()) return;
   playThrough_.PlayRow(playThrough_.PlayingRow().value_or(0));
   window_.PollNow();
 }
@@ -111,11 +127,11 @@ void CRemoteControl::PlayPause() {
 void CRemoteControl::Stop() { window_.OnCommand(CMainDlg::kStop); }
 
 void CRemoteControl::Next() {
-  if (playThrough_.Next()) window_.PollNow();
+  if (CatalogueAtHand() && playThrough_.Next()) window_.PollNow();
 }
 
 void CRemoteControl::Previous() {
-  if (playThrough_.Previous()) window_.PollNow();
+  if (CatalogueAtHand() && playThrough_.Previous()) window_.PollNow();
 }
 
 void CRemoteControl::Seek(std::int64_t offsetUs) {
@@ -123,6 +139,7 @@ void CRemoteControl::Seek(std::int64_t offsetUs) {
   if (status.mode == CMciPlayer::Mode::NotReady) return;
   const std::int64_t target = std::int64_t{status.positionMs} + offsetUs / kUsPerMs;
   if (target >= status.lengthMs) {
+    if (!CatalogueAtHand()) return;
     if (!playThrough_.Next()) Stop();
     window_.PollNow();
     return;
@@ -137,12 +154,14 @@ void CRemoteControl::SetPosition(int fileId, std::int64_t us) {
 }
 
 std::vector<std::pair<int, std::string>> CRemoteControl::PlayLists() const {
-  std::vector<std::pair<int, std::string>> lists;
-  for (const CPlayList& list : db_.GetPlayLists()) lists.emplace_back(list.PlayListID, list.Name);
-  return lists;
+  if (playLists_ || !CatalogueAtHand()) return playLists_.value_or(std::vector<std::pair<int, std::string>>{});
+  playLists_.emplace();
+  for (const CPlayList& list : db_.GetPlayLists()) playLists_->emplace_back(list.PlayListID, list.Name);
+  return *playLists_;
 }
 
 bool CRemoteControl::ActivatePlayList(int playListId) {
+  if (!CatalogueAtHand()) return false;
   const auto stored = db_.GetPlayList(playListId);
   if (!stored) return false;
   playList_.RemoveAllRows();

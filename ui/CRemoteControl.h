@@ -5,6 +5,10 @@
 // play list puts its files into the play list window and plays them through
 // from the first. Times are microseconds here, as those callers count them.
 // User-interface thread only; the status is the one the main window polled last.
+// The playing file's details and the stored play lists are read once and
+// kept until the catalogue change event says they changed, so that asking
+// for them (four times a second, or over the bus) reads nothing. While a
+// worker holds the catalogue, commands that would read it do nothing.
 
 #include <cstdint>
 #include <optional>
@@ -12,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+class CatalogueChanges;
 class CMainDlg;
 class CPlaybackControl;
 class CPlayListModel;
@@ -36,6 +41,9 @@ class CRemoteControl {
  public:
   CRemoteControl(CMainDlg& window, CPlayListModel& playList, CPlayThrough& playThrough,
                  CPlaybackControl& playback, MediaDB& db, const platform::FileSystem& files);
+  ~CRemoteControl();
+  CRemoteControl(const CRemoteControl&) = delete;
+  CRemoteControl& operator=(const CRemoteControl&) = delete;
 
   // "Playing", "Paused" or "Stopped".
   std::string PlaybackStatus() const;
@@ -66,6 +74,8 @@ class CRemoteControl {
  private:
   const PlayerStatus& Status() const;
   bool RowAfter(int offset) const;
+  bool CatalogueAtHand() const;
+  void OnCatalogueChanged(const CatalogueChanges& changes);
 
   CMainDlg& window_;
   CPlayListModel& playList_;
@@ -73,4 +83,7 @@ class CRemoteControl {
   CPlaybackControl& playback_;
   MediaDB& db_;
   const platform::FileSystem& files_;
+  int changesToken_ = 0;
+  mutable std::optional<RemoteTrack> details_;  // the texts of the file described last
+  mutable std::optional<std::vector<std::pair<int, std::string>>> playLists_;
 };

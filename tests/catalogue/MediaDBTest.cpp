@@ -6,7 +6,9 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <filesystem>
+#include <thread>
 
 #include "catalogue/CatalogueFailure.h"
 #include "tests/catalogue/CatalogueFixture.h"
@@ -147,13 +149,60 @@ TEST_F(CatalogueTest, SearchSeesEveryChangeWhoeverMadeIt) {
   EXPECT_EQ(search(".mp3łódź"), std::vector<std::int32_t>{});    // never across two texts
   EXPECT_EQ(search("").size(), 2u);
 
-  // Another program renames a file and commits.
-  CppSQLite3Database other;
-  other.Open((folder.Path() + "/" + MediaDB::kFileName).c_str());
-  other.ExecuteStatement(("UPDATE MediaFiles SET FileName='a.mp3' WHERE FileID=" + std::to_string(a) + ";").c_str());
-  EXPECT_EQ(search("łódź"), std::vector<std::int32_t>{b});
+  // A batch of changes, as a scan commits them.
+  db.Begin();
   const int c = AddFile(path, "ŁÓDŹ.ogg");
+  db.DeleteFiles({a});
+  db.Commit();
   EXPECT_EQ(search("łódź"), (std::vector<std::int32_t>{b, c}));
+}
+
+TEST_F(CatalogueTest, EachCommitIsPublishedOnceWithWhatItChanged) {
+  std::vector<CatalogueChanges> heard;
+  const int token = db.Events().Subscribe([&](const CatalogueChanges& changes) { heard.push_back(changes); });
+  const int vol = AddVolume("1", 3);  // outside a transaction: at once
+  ASSERT_EQ(heard.size(), 1u);
+  EXPECT_EQ(heard[0].Ids(CatalogueTable::Volumes), IdList{vol});
+  EXPECT_FALSE(heard[0].Touches(CatalogueTable::Files));
+
+  db.Begin();
+  const int path = AddPath(vol, "\\");
+  const int a = AddFile(path, "a.mp3");
+  db.SetFilesDirtyBit({a}, 1);  // nothing shows dirty bits
+  EXPECT_EQ(heard.size(), 1u);  // nothing before the commit
+  db.Commit();
+  ASSERT_EQ(heard.size(), 2u);
+  EXPECT_EQ(heard[1].Ids(CatalogueTable::Paths), IdList{path});
+  EXPECT_EQ(heard[1].Ids(CatalogueTable::Files), IdList{a});
+
+  db.DeleteVolume(vol);  // a whole volume: every row of its tables may have gone
+  EXPECT_TRUE(heard.back().AllRows(CatalogueTable::Files));
+  EXPECT_TRUE(heard.back().Touches(CatalogueTable::Files, 12345));
+  db.Events().Unsubscribe(token);
+  AddVolume("2", 3);
+  EXPECT_EQ(heard.size(), 3u);
+}
+
+// A worker's changes wait for its loan to end, and reach the listeners on
+// the owner's thread; the owner keeps away meanwhile.
+TEST_F(CatalogueTest, AWorkersChangesReachTheOwnerAfterItsLoan) {
+  std::vector<std::thread::id> heardOn;
+  db.Events().Subscribe([&](const CatalogueChanges&) { heardOn.push_back(std::this_thread::get_id()); });
+  AddVolume("1", 3);
+  std::atomic<bool> heldMeanwhile{false};
+  std::thread worker([&] {
+    const MediaDB::WorkerLoan loan(db);
+    heldMeanwhile = db.HeldByWorker();
+    AddVolume("2", 3);
+    AddVolume("3", 3);
+  });
+  worker.join();
+  EXPECT_TRUE(heldMeanwhile);
+  EXPECT_FALSE(db.HeldByWorker());
+  EXPECT_EQ(heardOn.size(), 1u);
+  db.Events().DeliverPending();
+  ASSERT_EQ(heardOn.size(), 2u);  // both of the worker's changes in one
+  EXPECT_EQ(heardOn[1], std::this_thread::get_id());
 }
 
 TEST_F(CatalogueTest, SubtreeIsMatchedLetterForLetter) {

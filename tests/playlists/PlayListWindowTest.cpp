@@ -16,7 +16,9 @@ class PlayListWindowTest : public PlayListTest, private PlayListView {
  protected:
   PlayListWindowTest() {
     window.OnInitDialog();
-    window.OnLibraryChanged([this] { ++rebuilds; });
+    app->Db().Events().Subscribe([this](const CatalogueChanges& changes) {
+      if (changes.Touches(CatalogueTable::PlayLists)) ++rebuilds;
+    });
     app->PlayList().AddFiles({AddFile("a.mp3"), AddFile("b.mp3"), AddFile("c.mp3")});
   }
   std::size_t FilesIn(const std::string& relative) const {

@@ -104,12 +104,12 @@ TEST_F(LibraryTreeTest, RemovalAsksFirstAndCascadesByPathPrefix) {
   app->Db().ObserveStatements([&](const char* sql) { statements.push_back(sql); });
   CLibraryTree& libraryTree = app->Tree();
 
-  libraryTree.RemoveAndRebuild(Node(60000005));  // a group: no question
-  libraryTree.RemoveAndRebuild(Node(rock));      // Cancel
+  libraryTree.RemoveNode(Node(60000005));  // a group: no question
+  libraryTree.RemoveNode(Node(rock));      // Cancel
   EXPECT_EQ(Count("MediaPaths") + Count("MediaFiles"), "103");
   messages.Script({platform::Answer::Ok, platform::Answer::Ok, platform::Answer::Ok});
   statements.clear();
-  libraryTree.RemoveAndRebuild(Node(rock));
+  libraryTree.RemoveNode(Node(rock));
   EXPECT_EQ(statements.front(), "BEGIN");
   const auto commit = std::find(statements.begin(), statements.end(), "COMMIT");
   EXPECT_LT(commit, std::find(statements.begin(), statements.end(), "SELECT * FROM PlayLists;"));
@@ -117,10 +117,10 @@ TEST_F(LibraryTreeTest, RemovalAsksFirstAndCascadesByPathPrefix) {
   EXPECT_EQ(Node(rock), platform::TreeControl::kNoItem);
   EXPECT_NE(Dump().find("        ROCK=10\n"), std::string::npos);
 
-  libraryTree.RemoveAndRebuild(Node(50000002));
+  libraryTree.RemoveNode(Node(50000002));
   EXPECT_EQ(Count("MediaVolumes") + Count("MediaPaths") + Count("MediaFiles"), "230");
   statements.clear();
-  libraryTree.RemoveAndRebuild(Node(80000001));
+  libraryTree.RemoveNode(Node(80000001));
   EXPECT_EQ(Count("PlayLists"), "0");
   EXPECT_EQ(statements.front(), "DELETE FROM PlayLists WHERE PlayListID=1;");
   EXPECT_EQ(messages.Texts(), (Strings{"Remove Path from database?", "Remove Path from database?",

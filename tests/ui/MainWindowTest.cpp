@@ -63,7 +63,7 @@ class MainWindowTest : public LibraryTest, private MainWindowView, private PlayL
   CopyCommands copy{app->PlayList(), app->Db(), app->Drives(), app->Settings(), copyDialogs};
   testing_support::ScriptedInputDialog input;
   testing_support::ScriptedOptions options;
-  CMainDlg window{{app->Tree(), app->List(), {tree, menu, volumeInfo, scans}, {list, menu, fileInfo}, scans,
+  CMainDlg window{{app->Db(), app->Tree(), app->List(), {tree, menu, volumeInfo, scans}, {list, menu, fileInfo}, scans,
                    app->Playback(), app->Settings(), app->Drives(), picker, options,
                    {app->PlayList(), app->Playback(), copy, app->Settings(), app->Drives(), picker, input, app->PlayThrough()},
                    *this},
@@ -96,7 +96,7 @@ TEST_F(MainWindowTest, AFirstStartFitsBothWindowsOnTheScreenAndKeysAndMenusGoWhe
   window.OnListDoubleClick();
   EXPECT_EQ(playList.RowCount(), 2);
 
-  // An edit refreshes a folder's rows, never the search results' rows.
+  // An edit refreshes every list that shows the file, search results too.
   menu.choice = CMediaList::kFileInfo;
   fileInfo.edit = [](FileInfoForm& form) { form.title = "New"; };
   window.OnListContextMenu();
@@ -109,7 +109,7 @@ TEST_F(MainWindowTest, AFirstStartFitsBothWindowsOnTheScreenAndKeysAndMenusGoWhe
   fileInfo.edit = [](FileInfoForm& form) { form.title = "Newer"; };
   list.Select({0});
   window.OnListContextMenu();
-  EXPECT_EQ(list.rows[0].texts[0], "New");
+  EXPECT_EQ(list.rows[0].texts[0], "Newer");
 
   UserSelects(60000003);
   Key(MessageKind::KeyUp, KeyCode::Delete, MessageTarget::Tree);  // a group: nothing asked
