@@ -36,9 +36,9 @@
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
 #include "platform/MessageBox.h"
-#include "scan/CDriveServices.h"
 #include "scan/CVolumeScanner.h"
 #include "tags/CTagReader.h"
+#include "volumes/CDriveServices.h"
 
 namespace fs = std::filesystem;
 

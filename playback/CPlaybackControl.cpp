@@ -8,9 +8,9 @@
 #include "platform/MessageBox.h"
 #include "playback/CMciPlayer.h"
 #include "playback/PlayerRunner.h"
-#include "scan/CDriveServices.h"
-#include "scan/Paths.h"
 #include "settings/CAppSettings.h"
+#include "volumes/CDriveServices.h"
+#include "volumes/Paths.h"
 
 CPlaybackControl::CPlaybackControl(MediaDB& db, const CDriveServices& drives,
                                    const CAppSettings& settings, CMciPlayer& player)

@@ -11,9 +11,9 @@
 #include "catalogue/MediaDB.h"
 #include "platform/FileSystem.h"
 #include "platform/LinuxPaths.h"
-#include "scan/CDriveServices.h"
-#include "scan/Paths.h"
 #include "scan/ScanReport.h"
+#include "volumes/CDriveServices.h"
+#include "volumes/Paths.h"
 
 namespace {
 

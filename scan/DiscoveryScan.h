@@ -29,9 +29,9 @@
 
 #include "platform/FileSystem.h"
 #include "scan/BatchedTransaction.h"
-#include "scan/OffLimitsFolders.h"
-#include "scan/Paths.h"
 #include "scan/VolumeIndex.h"
+#include "volumes/OffLimitsFolders.h"
+#include "volumes/Paths.h"
 
 class CDriveServices;
 class MediaDB;

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "scan/CVolumeScanner.h"
-#include "scan/Paths.h"
+#include "volumes/Paths.h"
 
 class CAppSettings;
 class CDriveServices;

@@ -12,12 +12,12 @@
 
 #include "catalogue/MediaDB.h"
 #include "platform/LinuxDriveTable.h"
-#include "scan/CDriveServices.h"
 #include "scan/CVolumeScanner.h"
 #include "tags/CTagReader.h"
 #include "tests/support/FailingListings.h"
 #include "tests/support/ScriptedMessageBox.h"
 #include "tests/support/TempFolder.h"
+#include "volumes/CDriveServices.h"
 
 // Reads through the real reader, calling a hook first (to throw, to block, to
 // see which files are read). Scans read on several threads at once: the hook

@@ -1,4 +1,4 @@
-#include "scan/Paths.h"
+#include "volumes/Paths.h"
 
 #include <algorithm>
 #include <cctype>

@@ -1,4 +1,4 @@
-#include "scan/CDriveServices.h"
+#include "volumes/CDriveServices.h"
 
 #include <cctype>
 
@@ -6,7 +6,7 @@
 #include "platform/DriveTable.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
-#include "scan/Paths.h"
+#include "volumes/Paths.h"
 
 namespace {
 
