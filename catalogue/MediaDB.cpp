@@ -8,7 +8,6 @@
 
 #include "catalogue/CatalogueFailure.h"
 #include "catalogue/CppSQLite3Exception.h"
-#include "catalogue/FoldedSearch.h"
 #include "catalogue/MediaDBStatements.h"
 
 namespace {
@@ -36,8 +35,8 @@ constexpr TableDefinition kTables[] = {
     {"Configs", "CREATE TABLE Configs(ConfigID INTEGER, Value TEXT);"},
 };
 
-// Write-ahead logging makes a commit per folder cheap while a committed
-// transaction still survives a killed process.
+// Write-ahead logging makes a scan's frequent commits (one a batch of rows)
+// cheap while a committed transaction still survives a killed process.
 constexpr const char* kJournalSettings = "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;";
 // Where the write-ahead index cannot be shared (network and FUSE file
 // systems), a rollback journal. A catalogue left in write-ahead mode is
@@ -86,7 +85,6 @@ int MediaDB::Open(const std::string& programFolder, const std::function<void()>&
     OpenReadable(path_, writeAheadLog);
   else
     OpenForReadingOnly(path_);
-  folded_search::Register(db_.Handle());
   const std::vector<std::string> present = TableNames();
   const bool created = present.empty();
   const bool complete = std::all_of(std::begin(kTables), std::end(kTables),
@@ -97,7 +95,7 @@ int MediaDB::Open(const std::string& programFolder, const std::function<void()>&
                                 (path_ + " is read-only and holds no whole catalogue").c_str());
     return 0;
   }
-  ExecuteChange(writeAheadLog ? kJournalSettings : kRollbackJournalSettings);
+  ExecuteForInsertId(writeAheadLog ? kJournalSettings : kRollbackJournalSettings);
   if (!complete || idMarks_.AnyMarkMissing()) {
     Begin();
     CreateMissingTables(present);
@@ -105,7 +103,7 @@ int MediaDB::Open(const std::string& programFolder, const std::function<void()>&
     if (created && fillNewCatalogue) fillNewCatalogue();
     Commit();
   }
-  for (const char* addition : kAdditions) ExecuteChange(addition);
+  for (const char* addition : kAdditions) ExecuteForInsertId(addition);
   idMarks_.Start();
   return created ? 1 : 0;
 }
@@ -190,10 +188,10 @@ std::vector<std::string> MediaDB::TableNames() {
 
 void MediaDB::CreateMissingTables(const std::vector<std::string>& present) {
   for (const TableDefinition& t : kTables)
-    if (!Holds(present, t.name)) ExecuteChange(t.create);
+    if (!Holds(present, t.name)) ExecuteForInsertId(t.create);
 }
 
-int MediaDB::ExecuteChange(const char* sql) {
+int MediaDB::ExecuteForInsertId(const char* sql) {
   try {
     db_.ExecuteStatement(sql);
     return static_cast<int>(db_.LastInsertId());
@@ -202,7 +200,7 @@ int MediaDB::ExecuteChange(const char* sql) {
   }
 }
 
-int MediaDB::ExecutePreparedChange(const char* sql,
+int MediaDB::ExecutePreparedForInsertId(const char* sql,
                                    std::initializer_list<CppSQLite3Database::BoundValue> values) {
   try {
     db_.ExecutePrepared(sql, values);
@@ -246,12 +244,12 @@ std::string MediaDB::QueryFirstText(const char* sql) {
   return text ? text : "";
 }
 
-void MediaDB::Begin() { ExecuteChange("BEGIN"); }
-void MediaDB::Commit() { ExecuteChange("COMMIT"); }
+void MediaDB::Begin() { ExecuteForInsertId("BEGIN"); }
+void MediaDB::Commit() { ExecuteForInsertId("COMMIT"); }
 
 int MediaDB::AddVolume(CMediaVolume& volume) {
   volume.VolID = idMarks_.InsertAboveMark(IdKind::Volume, [&] {
-    return ExecuteChangeF(
+    return ExecuteForInsertIdF(
         "INSERT INTO MediaVolumes(SerialNo,Name,VolType,DrvLtr,DisplayName,Description) "
         "values (%Q,%Q,%d,%Q,%Q,%Q);",
         volume.SerialNo.c_str(), volume.Name.c_str(), volume.VolType, volume.DrvLtr.c_str(),
@@ -262,7 +260,7 @@ int MediaDB::AddVolume(CMediaVolume& volume) {
 
 int MediaDB::AddPath(CMediaPath& path) {
   path.PathID = idMarks_.InsertAboveMark(IdKind::Path, [&] {
-    return ExecutePreparedChange(
+    return ExecutePreparedForInsertId(
         "INSERT INTO MediaPaths(VolID,ParentID,DirtyBit,Name,FullPath) values (?,?,?,?,?);",
         {path.VolID, path.ParentID, path.DirtyBit, path.Name, path.FullPath});
   });
@@ -271,7 +269,7 @@ int MediaDB::AddPath(CMediaPath& path) {
 
 int MediaDB::AddFile(CMediaFile& file) {
   file.FileID = idMarks_.InsertAboveMark(IdKind::File, [&] {
-    return ExecutePreparedChange(
+    return ExecutePreparedForInsertId(
         "INSERT INTO MediaFiles( VolID,PathID,ScanState,DirtyBit,FileName,Type) VALUES (?,?,?,?,?,?);",
         {file.VolID, file.PathID, file.ScanState, file.DirtyBit, file.FileName, file.Type});
   });
@@ -280,7 +278,7 @@ int MediaDB::AddFile(CMediaFile& file) {
 
 int MediaDB::AddPlayList(CPlayList& playList) {
   playList.PlayListID = idMarks_.InsertAboveMark(IdKind::PlayList, [&] {
-    return ExecuteChangeF("INSERT INTO PlayLists(Name,FileIDs) VALUES (%Q,%Q);",
+    return ExecuteForInsertIdF("INSERT INTO PlayLists(Name,FileIDs) VALUES (%Q,%Q);",
                           playList.Name.c_str(), playList.FileIDs.c_str());
   });
   return playList.PlayListID;
@@ -304,11 +302,6 @@ std::unique_ptr<CPlayList> MediaDB::GetPlayList(int playListId) {
 
 IdList MediaDB::GetVolumeRootPathIds(int volId) {
   return QueryIdListF("SELECT PathID FROM MediaPaths WHERE VolID=%d AND ParentID=-1;", volId);
-}
-
-IdList MediaDB::GetVolumeIds(int volType) {
-  if (volType == -1) return QueryIdList("SELECT VolID FROM MediaVolumes;");
-  return QueryIdListF("SELECT VolID FROM MediaVolumes WHERE VolType=%d;", volType);
 }
 
 IdList MediaDB::GetSubtreePathIds(int pathId) {
@@ -353,7 +346,7 @@ std::string MediaDB::GetTextField(const std::string& table, const std::string& c
 int MediaDB::SetIntField(const std::string& table, const std::string& column, int value,
                          const std::string& keyColumn, int keyValue) {
   const std::string format = "UPDATE " + table + " SET " + column + "=%d WHERE " + keyColumn + "=%d;";
-  return ExecuteChangeF(format.c_str(), value, keyValue);
+  return ExecuteForInsertIdF(format.c_str(), value, keyValue);
 }
 
 std::string MediaDB::GetVolumeSerial(int volId) {
@@ -365,46 +358,33 @@ std::string MediaDB::GetPathFullPath(int pathId) {
 std::string MediaDB::GetVolumeDrive(int volId) {
   return GetTextField("MediaVolumes", "DrvLtr", "VolID", volId);
 }
-int MediaDB::GetVolumeType(int volId) {
-  return GetIntField("MediaVolumes", "VolType", "VolID", volId);
-}
 int MediaDB::GetPathVolume(int pathId) { return GetIntField("MediaPaths", "VolID", "PathID", pathId); }
 int MediaDB::GetFileVolume(int fileId) { return GetIntField("MediaFiles", "VolID", "FileID", fileId); }
 
 int MediaDB::SetFileScanState(int fileId, int state) {
-  return ExecutePreparedChange("UPDATE MediaFiles SET ScanState=? WHERE FileID=?;", {state, fileId});
+  return ExecutePreparedForInsertId("UPDATE MediaFiles SET ScanState=? WHERE FileID=?;", {state, fileId});
 }
 int MediaDB::SetPathDirtyBit(int pathId, int bit) {
   return SetIntField("MediaPaths", "DirtyBit", bit, "PathID", pathId);
 }
 int MediaDB::UpdateVolumeInfo(const CMediaVolume& volume) {
-  return ExecuteChangeF("UPDATE MediaVolumes SET DisplayName=%Q,Description=%Q WHERE VolID=%d;",
+  return ExecuteForInsertIdF("UPDATE MediaVolumes SET DisplayName=%Q,Description=%Q WHERE VolID=%d;",
                         volume.DisplayName.c_str(), volume.Description.c_str(), volume.VolID);
 }
 
 int MediaDB::UpdateFileUserInfo(const CMediaFile& file) {
-  return ExecuteChangeF(
+  return ExecuteForInsertIdF(
       "UPDATE MediaFiles SET Title=%Q,Artist=%Q,Album=%Q,Comment=%Q,Rating=%d WHERE FileID=%d;",
       file.Title.c_str(), file.Artist.c_str(), file.Album.c_str(), file.Comment.c_str(),
       file.Rating, file.FileID);
 }
 
 int MediaDB::UpdateFileTagsAndProperties(const CMediaFile& file, int scanState) {
-  return ExecutePreparedChange(
+  return ExecutePreparedForInsertId(
       "UPDATE MediaFiles SET id3Title=?,id3Artist=?,id3Album=?,id3Comment=?,Length=?,"
       "BitRate=?,SampleRate=?,Channels=?,ScanState=? WHERE FileID=?;",
       {file.id3Title, file.id3Artist, file.id3Album, file.id3Comment, file.Length, file.BitRate,
        file.SampleRate, file.Channels, scanState, file.FileID});
-}
-
-int MediaDB::DeletePathFiles(int pathId) {
-  idMarks_.NoteRemoval(IdKind::File);
-  return ExecuteChangeF("DELETE FROM MediaFiles WHERE PathID=%d;", pathId);
-}
-
-int MediaDB::DeletePath(int pathId) {
-  idMarks_.NoteRemoval(IdKind::Path);
-  return ExecuteChangeF("DELETE FROM MediaPaths WHERE PathID=%d;", pathId);
 }
 
 void MediaDB::DeletePathTree(int pathId) {
@@ -416,9 +396,9 @@ void MediaDB::DeletePathTree(int pathId) {
       "AND VolID=%d";
   idMarks_.NoteRemoval(IdKind::File);
   idMarks_.NoteRemoval(IdKind::Path);
-  ExecuteChangeF((std::string("DELETE FROM MediaFiles WHERE PathID IN (") + subtree + ");").c_str(),
+  ExecuteForInsertIdF((std::string("DELETE FROM MediaFiles WHERE PathID IN (") + subtree + ");").c_str(),
                  fullPath.c_str(), volId);
-  ExecuteChangeF((std::string("DELETE FROM MediaPaths WHERE PathID IN (") + subtree + ");").c_str(),
+  ExecuteForInsertIdF((std::string("DELETE FROM MediaPaths WHERE PathID IN (") + subtree + ");").c_str(),
                  fullPath.c_str(), volId);
 }
 
@@ -426,21 +406,21 @@ void MediaDB::DeleteVolume(int volId) {
   idMarks_.NoteRemoval(IdKind::File);
   idMarks_.NoteRemoval(IdKind::Path);
   idMarks_.NoteRemoval(IdKind::Volume);
-  ExecuteChangeF("DELETE FROM MediaFiles WHERE VolID=%d;", volId);
-  ExecuteChangeF("DELETE FROM MediaPaths WHERE VolID=%d;", volId);
-  ExecuteChangeF("DELETE FROM MediaVolumes WHERE VolID=%d;", volId);
+  ExecuteForInsertIdF("DELETE FROM MediaFiles WHERE VolID=%d;", volId);
+  ExecuteForInsertIdF("DELETE FROM MediaPaths WHERE VolID=%d;", volId);
+  ExecuteForInsertIdF("DELETE FROM MediaVolumes WHERE VolID=%d;", volId);
 }
 
 int MediaDB::DeletePlayList(int playListId) {
   idMarks_.NoteRemoval(IdKind::PlayList);
-  return ExecuteChangeF("DELETE FROM PlayLists WHERE PlayListID=%d;", playListId);
+  return ExecuteForInsertIdF("DELETE FROM PlayLists WHERE PlayListID=%d;", playListId);
 }
 
 int MediaDB::SetConfig(int configId, const std::string& value, bool insert) {
   if (insert)
-    return ExecuteChangeF("INSERT INTO Configs(ConfigID,Value) VALUES(%d,%Q);", configId,
+    return ExecuteForInsertIdF("INSERT INTO Configs(ConfigID,Value) VALUES(%d,%Q);", configId,
                           value.c_str());
-  return ExecuteChangeF("UPDATE Configs SET Value=%Q WHERE ConfigID=%d;", value.c_str(), configId);
+  return ExecuteForInsertIdF("UPDATE Configs SET Value=%Q WHERE ConfigID=%d;", value.c_str(), configId);
 }
 
 IdList MediaDB::GetConfigIds() { return QueryIdList("SELECT ConfigID FROM Configs;"); }

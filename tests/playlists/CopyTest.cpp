@@ -126,7 +126,7 @@ TEST_F(CopyTest, NothingThatIsThereChangesAndEveryFileNotCopiedIsReported) {
   fs::remove(Local("c/Music/gone.mp3"));
   Hold({AddFile("a.mp3", "new"), gone, AddFile("b.mp3", "first"), removedRow,
         AddFile("b.mp3", "second", 0, "\\Other\\", "c/Other"), AddFile("link.mp3", "new")});
-  app->Db().DeletePathFiles(app->Db().GetFile(static_cast<int>(removedRow))->PathID);
+  testing_support::RunSql(app->Db(), "DELETE FROM MediaFiles WHERE FileID=" + std::to_string(removedRow) + ";");
 
   copy.CopyToCache();
   EXPECT_EQ(Read("c/QORCache/a.mp3") + Read("c/QORCache/b.mp3") + Read("c/Elsewhere/linked.mp3"), "minefirsttheirs");
