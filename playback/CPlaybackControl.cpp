@@ -68,11 +68,6 @@ int CPlaybackControl::PlayFile(int fileId) {
   return 0;
 }
 
-std::string CPlaybackControl::PresentPath(int fileId) const {
-  const auto locate = LocateLater(fileId);
-  return locate ? locate() : "";
-}
-
 std::function<std::string()> CPlaybackControl::LocateLater(int fileId) const {
   const auto file = db_.GetFile(fileId);
   if (!file) return nullptr;

@@ -296,18 +296,6 @@ int DiscoveryScan::FindOrAddPath(const std::string& folder, int parentId, int vo
   return path.PathID;
 }
 
-int DiscoveryScan::FindOrAddFile(const std::string& fullPath, int pathId, int volId,
-                                 const std::string& localPath) {
-  const int found = index_.FindFile(pathId, GetFileNamePart(fullPath));
-  if (found != -1) return found;
-  Sighting file;
-  file.facts = drives_.Files().Stat(localPath.empty() ? fullPath : localPath);
-  if (!file.facts) return -1;
-  volId_ = volId;
-  Record(file, pathId);
-  return index_.FindFile(pathId, file.facts->name);
-}
-
 void DiscoveryScan::SweepSubtree(const std::string& root, int volId) {
   IdList goneFiles, gonePaths;
   for (std::int32_t pathId : SubtreeOf(root, volId)) {
