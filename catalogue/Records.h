@@ -32,6 +32,11 @@ class CMediaFile {
   std::int32_t Channels = 0;
 };
 
+// A text of a file as shown: the user's where there is one, else the tag's.
+inline const std::string& UserOrTag(const std::string& user, const std::string& tag) {
+  return user.empty() ? tag : user;
+}
+
 class CMediaPath {
  public:
   std::int32_t PathID = 0;

@@ -8,8 +8,8 @@
 #include "playlists/FileIds.h"
 
 std::vector<std::string> PlayListRowTexts(const CMediaFile& file) {
-  const std::string& title = file.Title.empty() ? file.id3Title : file.Title;
-  const std::string& artist = file.Artist.empty() ? file.id3Artist : file.Artist;
+  const std::string& title = UserOrTag(file.Title, file.id3Title);
+  const std::string& artist = UserOrTag(file.Artist, file.id3Artist);
   return {title.empty() ? file.FileName : title, artist, MinutesAndSeconds(file.Length)};
 }
 
