@@ -13,13 +13,13 @@
 #include "playback/CPlaybackControl.h"
 #include "playlists/CPlayListModel.h"
 #include "playlists/CPlayThrough.h"
-#include "scan/CDriveServices.h"
 #include "scan/CVolumeScanner.h"
 #include "settings/CAppSettings.h"
 #include "tags/CTagReader.h"
 #include "ui/CLibraryTree.h"
 #include "ui/CMediaList.h"
 #include "ui/LibraryCommands.h"
+#include "volumes/CDriveServices.h"
 
 namespace platform {
 class DriveTable;

@@ -3,47 +3,9 @@
 #include <cstring>
 #include <cwctype>
 
+#include "base/Utf8.h"
+
 namespace {
-
-// The length of the UTF-8 sequence at text[i] and its code point, or 0 when
-// the bytes there are not a valid sequence.
-std::size_t DecodeAt(std::string_view text, std::size_t i, char32_t& c) {
-  const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[i + k]); };
-  const unsigned char lead = byte(0);
-  std::size_t length = 0;
-  char32_t min = 0;
-  if (lead >= 0xC2 && lead <= 0xDF) length = 2, c = lead & 0x1F, min = 0x80;
-  else if (lead >= 0xE0 && lead <= 0xEF) length = 3, c = lead & 0x0F, min = 0x800;
-  else if (lead >= 0xF0 && lead <= 0xF4) length = 4, c = lead & 0x07, min = 0x10000;
-  else return 0;
-  if (i + length > text.size()) return 0;
-  for (std::size_t k = 1; k < length; ++k) {
-    if ((byte(k) & 0xC0) != 0x80) return 0;
-    c = (c << 6) | (byte(k) & 0x3F);
-  }
-  if (c < min || c > 0x10FFFF || (c >= 0xD800 && c <= 0xDFFF)) return 0;
-  return length;
-}
-
-// Writes the code point's UTF-8 bytes at out; returns the end of what it wrote.
-char* Encode(char32_t c, char* out) {
-  if (c < 0x80) {
-    *out++ = static_cast<char>(c);
-  } else if (c < 0x800) {
-    *out++ = static_cast<char>(0xC0 | (c >> 6));
-    *out++ = static_cast<char>(0x80 | (c & 0x3F));
-  } else if (c < 0x10000) {
-    *out++ = static_cast<char>(0xE0 | (c >> 12));
-    *out++ = static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-    *out++ = static_cast<char>(0x80 | (c & 0x3F));
-  } else {
-    *out++ = static_cast<char>(0xF0 | (c >> 18));
-    *out++ = static_cast<char>(0x80 | ((c >> 12) & 0x3F));
-    *out++ = static_cast<char>(0x80 | ((c >> 6) & 0x3F));
-    *out++ = static_cast<char>(0x80 | (c & 0x3F));
-  }
-  return out;
-}
 
 char AsciiFold(unsigned char c) { return static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c); }
 
@@ -75,12 +37,12 @@ std::size_t CaseFold::FoldInto(std::string_view text, char* out) const {
       continue;
     }
     char32_t c = 0;
-    const std::size_t length = DecodeAt(text, i, c);
+    const std::size_t length = DecodeUtf8At(text, i, c);
     if (length == 0) {
       *out++ = text[i++];
       continue;
     }
-    out = Encode(FoldLookedUp(c), out);
+    out = EncodeUtf8(FoldLookedUp(c), out);
     i += length;
   }
   return static_cast<std::size_t>(out - start);

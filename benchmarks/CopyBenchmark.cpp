@@ -25,7 +25,7 @@
 #include "platform/MessageBox.h"
 #include "playlists/CopyJob.h"
 #include "playlists/CopyWorker.h"
-#include "scan/CDriveServices.h"
+#include "volumes/CDriveServices.h"
 
 namespace fs = std::filesystem;
 

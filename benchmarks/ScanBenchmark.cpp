@@ -31,14 +31,15 @@
 #include <vector>
 
 #include "benchmarks/BenchLibrary.h"
+#include "benchmarks/CatalogueQueries.h"
 #include "benchmarks/PeakMemory.h"
 #include "catalogue/MediaDB.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
 #include "platform/MessageBox.h"
-#include "scan/CDriveServices.h"
 #include "scan/CVolumeScanner.h"
 #include "tags/CTagReader.h"
+#include "volumes/CDriveServices.h"
 
 namespace fs = std::filesystem;
 
@@ -154,14 +155,8 @@ bool ReadWithTagLib(const std::string& path, std::size_t& checksum) {
 
 // Files in the catalogue, and how many of them have their tags stored.
 void CheckCatalogue(MediaDB& db, const char* after, int expected, SizeResult& result) {
-  int files = 0;
-  int tagged = 0;
-  for (std::int32_t vol : db.GetVolumeIds(-1)) {
-    for (const FileRow& row : db.GetVolumeFileRows(static_cast<int>(vol))) {
-      ++files;
-      if (row.ScanState == 2) ++tagged;
-    }
-  }
+  const int files = bench::QueryNumber(db.Path(), "SELECT count(*) FROM MediaFiles;");
+  const int tagged = bench::QueryNumber(db.Path(), "SELECT count(*) FROM MediaFiles WHERE ScanState=2;");
   if (files != expected || tagged != expected) {
     AddProblem(result, std::string(after) + ": " + std::to_string(files) + " files catalogued, " +
                            std::to_string(tagged) + " tagged, " + std::to_string(expected) +
@@ -184,8 +179,8 @@ void MeasureReads(MediaDB& db, SizeResult& result) {
     result.phase[phase].peakKb = -1;
   };
   median(kTree, [&] { return static_cast<int>(db.GetPathNodeRows().size()); });
-  const int root = db.QueryInt("SELECT PathID FROM MediaPaths WHERE ParentID=-1;");
-  const int album = db.QueryInt("SELECT max(PathID) FROM MediaPaths;");
+  const int root = bench::QueryNumber(db.Path(), "SELECT PathID FROM MediaPaths WHERE ParentID=-1;");
+  const int album = bench::QueryNumber(db.Path(), "SELECT max(PathID) FROM MediaPaths;");
   median(kList, [&] { return static_cast<int>(db.GetFolderListRows(album).size()); });
   // The first search after a change reads the texts of every file; once.
   const auto firstSearch = Clock::now();
@@ -196,16 +191,16 @@ void MeasureReads(MediaDB& db, SizeResult& result) {
   median(kSearchTenth, [&] { return static_cast<int>(db.SearchListRows(kTenthMatch).size()); });
   if (result.phase[kSearchNone].files != 0) AddProblem(result, "a search found what is not there");
   IdList playList;
-  for (std::uint32_t id : db.QueryIdList("SELECT FileID FROM MediaFiles ORDER BY FileID DESC;"))
-    if (playList.size() < kPlayListFiles) playList.push_back(id);
+  for (std::int64_t id : bench::QueryNumbers(db.Path(), "SELECT FileID FROM MediaFiles ORDER BY FileID DESC;"))
+    if (playList.size() < kPlayListFiles) playList.push_back(static_cast<std::int32_t>(id));
   median(kPlayList, [&] { return static_cast<int>(db.FileListRows(playList).size()); });
-  const int files = db.QueryInt("SELECT count(*) FROM MediaFiles;");
+  const int files = bench::QueryNumber(db.Path(), "SELECT count(*) FROM MediaFiles;");
   const auto start = Clock::now();
   db.Begin();
   db.DeletePathTree(root);
   db.Commit();
   result.phase[kRemove].seconds = std::chrono::duration<double>(Clock::now() - start).count();
-  result.phase[kRemove].files = files - db.QueryInt("SELECT count(*) FROM MediaFiles;");
+  result.phase[kRemove].files = files - bench::QueryNumber(db.Path(), "SELECT count(*) FROM MediaFiles;");
   result.phase[kRemove].peakKb = -1;
 }
 

@@ -21,7 +21,6 @@
 
 #include "app/CLibraryApp.h"
 #include "base/WorkerDialogHost.h"
-#include "catalogue/CppSQLite3SqlText.h"
 #include "dialogs/CFileInfoDlg.h"
 #include "dialogs/CVolumeInfoDlg.h"
 #include "platform/FolderPicker.h"
@@ -122,12 +121,22 @@ int AddFolder(MediaDB& db, int volId, int parentId, const std::string& name, con
 
 void AddFiles(MediaDB& db, int volId, int pathId, int count, int& serial) {
   for (int track = 1; track <= count; ++track, ++serial) {
-    CppSQLite3SqlText sql;
-    db.ExecuteChange(sql.Format(
-        "INSERT INTO MediaFiles(VolID,PathID,ScanState,DirtyBit,FileName,Type,Rating,id3Title,"
-        "id3Artist,id3Album,Length,BitRate,SampleRate,Channels) VALUES (%d,%d,2,0,'%02d track%d.mp3',"
-        "1,%d,'Title %d','Artist %d','Album',%d,128,44100,2);",
-        volId, pathId, track, serial, serial % 6, serial, serial / 1000, 120 + serial % 300));
+    CMediaFile file;
+    file.VolID = volId;
+    file.PathID = pathId;
+    file.FileName = (track < 10 ? "0" : "") + std::to_string(track) + " track" + std::to_string(serial) + ".mp3";
+    file.Type = 1;
+    db.AddFile(file);
+    file.Rating = serial % 6;
+    db.UpdateFileUserInfo(file);
+    file.id3Title = "Title " + std::to_string(serial);
+    file.id3Artist = "Artist " + std::to_string(serial / 1000);
+    file.id3Album = "Album";
+    file.Length = 120 + serial % 300;
+    file.BitRate = 128;
+    file.SampleRate = 44100;
+    file.Channels = 2;
+    db.UpdateFileTagsAndProperties(file, 2);
   }
 }
 

@@ -78,11 +78,6 @@ int CppSQLite3ResultSet::NextRow() {
   return result;
 }
 
-int CppSQLite3ResultSet::ColumnCount() const {
-  RequireStatement();
-  return columnCount_;
-}
-
 const char* CppSQLite3ResultSet::FieldText(int index) const {
   RequireStatement();
   CheckIndex(index);

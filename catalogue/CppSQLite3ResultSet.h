@@ -25,7 +25,6 @@ class CppSQLite3ResultSet {
   // Steps to the next row; returns SQLite's step result (100 row, 101 done).
   int NextRow();
 
-  int ColumnCount() const;
   // The column text, or null for an SQL NULL (and for a finished result set).
   const char* FieldText(int index) const;
   const char* FieldText(const char* name) const;

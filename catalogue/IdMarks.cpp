@@ -36,7 +36,7 @@ bool IdMarks::WriteMissingMarks() {
     if (db_.QueryIntF("SELECT count(*) FROM Configs WHERE ConfigID=%d;", t.configId) != 0) continue;
     const std::string format = std::string("INSERT INTO Configs(ConfigID,Value) SELECT %d,ifnull(max(") +
                                t.key + "),0) FROM " + t.table + ";";
-    db_.ExecuteChangeF(format.c_str(), t.configId);
+    db_.ExecuteForInsertIdF(format.c_str(), t.configId);
     wrote = true;
   }
   return wrote;
@@ -50,7 +50,7 @@ void IdMarks::Start() {
                                " BEGIN UPDATE Configs SET Value=OLD." + t.key +
                                " WHERE ConfigID=%d AND CAST(Value AS INTEGER)<OLD." + t.key +
                                "; END;";
-    db_.ExecuteChangeF(format.c_str(), t.configId);
+    db_.ExecuteForInsertIdF(format.c_str(), t.configId);
   }
 }
 
@@ -68,13 +68,13 @@ int IdMarks::PlaceholderId(IdKind kind) {
 void IdMarks::AddPlaceholder(IdKind kind, int id) {
   const IdTable& t = TableOf(kind);
   const std::string format = std::string("INSERT INTO ") + t.table + "(" + t.key + ") VALUES(%d);";
-  db_.ExecuteChangeF(format.c_str(), id);
+  db_.ExecuteForInsertIdF(format.c_str(), id);
 }
 
 void IdMarks::RemovePlaceholder(IdKind kind, int id) {
   const IdTable& t = TableOf(kind);
   const std::string format = std::string("DELETE FROM ") + t.table + " WHERE " + t.key + "=%d;";
-  db_.ExecuteChangeF(format.c_str(), id);
+  db_.ExecuteForInsertIdF(format.c_str(), id);
   mayBeBelowMark_[static_cast<int>(kind)] = false;
 }
 

@@ -8,7 +8,6 @@
 
 #include "catalogue/CatalogueFailure.h"
 #include "catalogue/CppSQLite3Exception.h"
-#include "catalogue/FoldedSearch.h"
 #include "catalogue/MediaDBStatements.h"
 
 namespace {
@@ -36,8 +35,8 @@ constexpr TableDefinition kTables[] = {
     {"Configs", "CREATE TABLE Configs(ConfigID INTEGER, Value TEXT);"},
 };
 
-// Write-ahead logging makes a commit per folder cheap while a committed
-// transaction still survives a killed process.
+// Write-ahead logging makes a scan's frequent commits (one a batch of rows)
+// cheap while a committed transaction still survives a killed process.
 constexpr const char* kJournalSettings = "PRAGMA journal_mode=WAL; PRAGMA synchronous=NORMAL;";
 // Where the write-ahead index cannot be shared (network and FUSE file
 // systems), a rollback journal. A catalogue left in write-ahead mode is
@@ -86,7 +85,6 @@ int MediaDB::Open(const std::string& programFolder, const std::function<void()>&
     OpenReadable(path_, writeAheadLog);
   else
     OpenForReadingOnly(path_);
-  folded_search::Register(db_.Handle());
   const std::vector<std::string> present = TableNames();
   const bool created = present.empty();
   const bool complete = std::all_of(std::begin(kTables), std::end(kTables),
@@ -97,7 +95,7 @@ int MediaDB::Open(const std::string& programFolder, const std::function<void()>&
                                 (path_ + " is read-only and holds no whole catalogue").c_str());
     return 0;
   }
-  ExecuteChange(writeAheadLog ? kJournalSettings : kRollbackJournalSettings);
+  ExecuteForInsertId(writeAheadLog ? kJournalSettings : kRollbackJournalSettings);
   if (!complete || idMarks_.AnyMarkMissing()) {
     Begin();
     CreateMissingTables(present);
@@ -105,7 +103,7 @@ int MediaDB::Open(const std::string& programFolder, const std::function<void()>&
     if (created && fillNewCatalogue) fillNewCatalogue();
     Commit();
   }
-  for (const char* addition : kAdditions) ExecuteChange(addition);
+  for (const char* addition : kAdditions) ExecuteForInsertId(addition);
   idMarks_.Start();
   return created ? 1 : 0;
 }
@@ -190,10 +188,10 @@ std::vector<std::string> MediaDB::TableNames() {
 
 void MediaDB::CreateMissingTables(const std::vector<std::string>& present) {
   for (const TableDefinition& t : kTables)
-    if (!Holds(present, t.name)) ExecuteChange(t.create);
+    if (!Holds(present, t.name)) ExecuteForInsertId(t.create);
 }
 
-int MediaDB::ExecuteChange(const char* sql) {
+int MediaDB::ExecuteForInsertId(const char* sql) {
   owner_.Check();
   try {
     db_.ExecuteStatement(sql);
@@ -203,7 +201,7 @@ int MediaDB::ExecuteChange(const char* sql) {
   }
 }
 
-int MediaDB::ExecutePreparedChange(const char* sql,
+int MediaDB::ExecutePreparedForInsertId(const char* sql,
                                    std::initializer_list<CppSQLite3Database::BoundValue> values) {
   owner_.Check();
   try {
@@ -249,9 +247,9 @@ std::string MediaDB::QueryFirstText(const char* sql) {
   return text ? text : "";
 }
 
-void MediaDB::Begin() { ExecuteChange("BEGIN"); }
+void MediaDB::Begin() { ExecuteForInsertId("BEGIN"); }
 void MediaDB::Commit() {
-  ExecuteChange("COMMIT");
+  ExecuteForInsertId("COMMIT");
   PublishChanges();
 }
 
@@ -280,7 +278,7 @@ MediaDB::WorkerLoan::~WorkerLoan() {
 
 int MediaDB::AddVolume(CMediaVolume& volume) {
   volume.VolID = idMarks_.InsertAboveMark(IdKind::Volume, [&] {
-    return ExecuteChangeF(
+    return ExecuteForInsertIdF(
         "INSERT INTO MediaVolumes(SerialNo,Name,VolType,DrvLtr,DisplayName,Description) "
         "values (%Q,%Q,%d,%Q,%Q,%Q);",
         volume.SerialNo.c_str(), volume.Name.c_str(), volume.VolType, volume.DrvLtr.c_str(),
@@ -292,7 +290,7 @@ int MediaDB::AddVolume(CMediaVolume& volume) {
 
 int MediaDB::AddPath(CMediaPath& path) {
   path.PathID = idMarks_.InsertAboveMark(IdKind::Path, [&] {
-    return ExecutePreparedChange(
+    return ExecutePreparedForInsertId(
         "INSERT INTO MediaPaths(VolID,ParentID,DirtyBit,Name,FullPath) values (?,?,?,?,?);",
         {path.VolID, path.ParentID, path.DirtyBit, path.Name, path.FullPath});
   });
@@ -302,7 +300,7 @@ int MediaDB::AddPath(CMediaPath& path) {
 
 int MediaDB::AddFile(CMediaFile& file) {
   file.FileID = idMarks_.InsertAboveMark(IdKind::File, [&] {
-    return ExecutePreparedChange(
+    return ExecutePreparedForInsertId(
         "INSERT INTO MediaFiles( VolID,PathID,ScanState,DirtyBit,FileName,Type) VALUES (?,?,?,?,?,?);",
         {file.VolID, file.PathID, file.ScanState, file.DirtyBit, file.FileName, file.Type});
   });
@@ -312,7 +310,7 @@ int MediaDB::AddFile(CMediaFile& file) {
 
 int MediaDB::AddPlayList(CPlayList& playList) {
   playList.PlayListID = idMarks_.InsertAboveMark(IdKind::PlayList, [&] {
-    return ExecuteChangeF("INSERT INTO PlayLists(Name,FileIDs) VALUES (%Q,%Q);",
+    return ExecuteForInsertIdF("INSERT INTO PlayLists(Name,FileIDs) VALUES (%Q,%Q);",
                           playList.Name.c_str(), playList.FileIDs.c_str());
   });
   NoteChange(CatalogueTable::PlayLists, playList.PlayListID);
@@ -337,11 +335,6 @@ std::unique_ptr<CPlayList> MediaDB::GetPlayList(int playListId) {
 
 IdList MediaDB::GetVolumeRootPathIds(int volId) {
   return QueryIdListF("SELECT PathID FROM MediaPaths WHERE VolID=%d AND ParentID=-1;", volId);
-}
-
-IdList MediaDB::GetVolumeIds(int volType) {
-  if (volType == -1) return QueryIdList("SELECT VolID FROM MediaVolumes;");
-  return QueryIdListF("SELECT VolID FROM MediaVolumes WHERE VolType=%d;", volType);
 }
 
 IdList MediaDB::GetSubtreePathIds(int pathId) {
@@ -386,7 +379,7 @@ std::string MediaDB::GetTextField(const std::string& table, const std::string& c
 int MediaDB::SetIntField(const std::string& table, const std::string& column, int value,
                          const std::string& keyColumn, int keyValue) {
   const std::string format = "UPDATE " + table + " SET " + column + "=%d WHERE " + keyColumn + "=%d;";
-  return ExecuteChangeF(format.c_str(), value, keyValue);
+  return ExecuteForInsertIdF(format.c_str(), value, keyValue);
 }
 
 std::string MediaDB::GetVolumeSerial(int volId) {
@@ -398,14 +391,11 @@ std::string MediaDB::GetPathFullPath(int pathId) {
 std::string MediaDB::GetVolumeDrive(int volId) {
   return GetTextField("MediaVolumes", "DrvLtr", "VolID", volId);
 }
-int MediaDB::GetVolumeType(int volId) {
-  return GetIntField("MediaVolumes", "VolType", "VolID", volId);
-}
 int MediaDB::GetPathVolume(int pathId) { return GetIntField("MediaPaths", "VolID", "PathID", pathId); }
 int MediaDB::GetFileVolume(int fileId) { return GetIntField("MediaFiles", "VolID", "FileID", fileId); }
 
 int MediaDB::SetFileScanState(int fileId, int state) {
-  const int result = ExecutePreparedChange("UPDATE MediaFiles SET ScanState=? WHERE FileID=?;", {state, fileId});
+  const int result = ExecutePreparedForInsertId("UPDATE MediaFiles SET ScanState=? WHERE FileID=?;", {state, fileId});
   NoteChange(CatalogueTable::Files, fileId);
   return result;
 }
@@ -413,14 +403,14 @@ int MediaDB::SetPathDirtyBit(int pathId, int bit) {
   return SetIntField("MediaPaths", "DirtyBit", bit, "PathID", pathId);
 }
 int MediaDB::UpdateVolumeInfo(const CMediaVolume& volume) {
-  const int result = ExecuteChangeF("UPDATE MediaVolumes SET DisplayName=%Q,Description=%Q WHERE VolID=%d;",
+  const int result = ExecuteForInsertIdF("UPDATE MediaVolumes SET DisplayName=%Q,Description=%Q WHERE VolID=%d;",
                         volume.DisplayName.c_str(), volume.Description.c_str(), volume.VolID);
   NoteChange(CatalogueTable::Volumes, volume.VolID);
   return result;
 }
 
 int MediaDB::UpdateFileUserInfo(const CMediaFile& file) {
-  const int result = ExecuteChangeF(
+  const int result = ExecuteForInsertIdF(
       "UPDATE MediaFiles SET Title=%Q,Artist=%Q,Album=%Q,Comment=%Q,Rating=%d WHERE FileID=%d;",
       file.Title.c_str(), file.Artist.c_str(), file.Album.c_str(), file.Comment.c_str(),
       file.Rating, file.FileID);
@@ -429,26 +419,12 @@ int MediaDB::UpdateFileUserInfo(const CMediaFile& file) {
 }
 
 int MediaDB::UpdateFileTagsAndProperties(const CMediaFile& file, int scanState) {
-  const int result = ExecutePreparedChange(
+  const int result = ExecutePreparedForInsertId(
       "UPDATE MediaFiles SET id3Title=?,id3Artist=?,id3Album=?,id3Comment=?,Length=?,"
       "BitRate=?,SampleRate=?,Channels=?,ScanState=? WHERE FileID=?;",
       {file.id3Title, file.id3Artist, file.id3Album, file.id3Comment, file.Length, file.BitRate,
        file.SampleRate, file.Channels, scanState, file.FileID});
   NoteChange(CatalogueTable::Files, file.FileID);
-  return result;
-}
-
-int MediaDB::DeletePathFiles(int pathId) {
-  idMarks_.NoteRemoval(IdKind::File);
-  const int result = ExecuteChangeF("DELETE FROM MediaFiles WHERE PathID=%d;", pathId);
-  NoteChangedRows(CatalogueTable::Files);
-  return result;
-}
-
-int MediaDB::DeletePath(int pathId) {
-  idMarks_.NoteRemoval(IdKind::Path);
-  const int result = ExecuteChangeF("DELETE FROM MediaPaths WHERE PathID=%d;", pathId);
-  NoteChange(CatalogueTable::Paths, pathId);
   return result;
 }
 
@@ -461,9 +437,9 @@ void MediaDB::DeletePathTree(int pathId) {
       "AND VolID=%d";
   idMarks_.NoteRemoval(IdKind::File);
   idMarks_.NoteRemoval(IdKind::Path);
-  ExecuteChangeF((std::string("DELETE FROM MediaFiles WHERE PathID IN (") + subtree + ");").c_str(),
+  ExecuteForInsertIdF((std::string("DELETE FROM MediaFiles WHERE PathID IN (") + subtree + ");").c_str(),
                  fullPath.c_str(), volId);
-  ExecuteChangeF((std::string("DELETE FROM MediaPaths WHERE PathID IN (") + subtree + ");").c_str(),
+  ExecuteForInsertIdF((std::string("DELETE FROM MediaPaths WHERE PathID IN (") + subtree + ");").c_str(),
                  fullPath.c_str(), volId);
   uncommitted_.AddAll(CatalogueTable::Files);
   NoteChangedRows(CatalogueTable::Paths);
@@ -473,9 +449,9 @@ void MediaDB::DeleteVolume(int volId) {
   idMarks_.NoteRemoval(IdKind::File);
   idMarks_.NoteRemoval(IdKind::Path);
   idMarks_.NoteRemoval(IdKind::Volume);
-  ExecuteChangeF("DELETE FROM MediaFiles WHERE VolID=%d;", volId);
-  ExecuteChangeF("DELETE FROM MediaPaths WHERE VolID=%d;", volId);
-  ExecuteChangeF("DELETE FROM MediaVolumes WHERE VolID=%d;", volId);
+  ExecuteForInsertIdF("DELETE FROM MediaFiles WHERE VolID=%d;", volId);
+  ExecuteForInsertIdF("DELETE FROM MediaPaths WHERE VolID=%d;", volId);
+  ExecuteForInsertIdF("DELETE FROM MediaVolumes WHERE VolID=%d;", volId);
   uncommitted_.AddAll(CatalogueTable::Files);
   uncommitted_.AddAll(CatalogueTable::Paths);
   NoteChange(CatalogueTable::Volumes, volId);
@@ -483,15 +459,15 @@ void MediaDB::DeleteVolume(int volId) {
 
 int MediaDB::DeletePlayList(int playListId) {
   idMarks_.NoteRemoval(IdKind::PlayList);
-  const int result = ExecuteChangeF("DELETE FROM PlayLists WHERE PlayListID=%d;", playListId);
+  const int result = ExecuteForInsertIdF("DELETE FROM PlayLists WHERE PlayListID=%d;", playListId);
   NoteChange(CatalogueTable::PlayLists, playListId);
   return result;
 }
 
 int MediaDB::SetConfig(int configId, const std::string& value, bool insert) {
   const int result =
-      insert ? ExecuteChangeF("INSERT INTO Configs(ConfigID,Value) VALUES(%d,%Q);", configId, value.c_str())
-             : ExecuteChangeF("UPDATE Configs SET Value=%Q WHERE ConfigID=%d;", value.c_str(), configId);
+      insert ? ExecuteForInsertIdF("INSERT INTO Configs(ConfigID,Value) VALUES(%d,%Q);", configId, value.c_str())
+             : ExecuteForInsertIdF("UPDATE Configs SET Value=%Q WHERE ConfigID=%d;", value.c_str(), configId);
   NoteChange(CatalogueTable::Settings, configId);
   return result;
 }

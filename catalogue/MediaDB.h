@@ -1,11 +1,13 @@
 #pragma once
 // The catalogue: every statement of the system, over one SQLite connection.
 //
-// Values are formatted into the SQL text (%d, %Q, %q); nothing is bound and no
-// statement is kept. A statement that fails to run ends the process with exit
-// status 1 after writing SQLite's message to standard error. Transactions are
-// plain BEGIN and COMMIT issued by callers. Ids come back in the order SQLite
-// returns the rows. Records returned are owned by the caller.
+// Most values are formatted into the SQL text (%d, %Q, %q); the statements a
+// scan runs once a file are prepared once, kept, and take their values bound.
+// The SQL itself stays inside the catalogue: callers have a member for each
+// question and change. A statement that fails to run ends the process with
+// exit status 1 after writing SQLite's message to standard error.
+// Transactions are plain BEGIN and COMMIT issued by callers. Ids come back in
+// the order SQLite returns the rows. Records returned are owned by the caller.
 //
 // Owned by the window's thread; a worker (a scan, a copy) takes a WorkerLoan
 // for the time it uses the catalogue, and the owner keeps away meanwhile
@@ -63,13 +65,6 @@ class MediaDB {
   std::string ReadOnlyMessage() const;
   bool InTransaction() const { return db_.InTransaction(); }
 
-  int ExecuteChange(const char* sql);
-  // As ExecuteChange, for the statements run once a file: sql (a literal)
-  // is prepared once and the values are bound to its "?" in order.
-  int ExecutePreparedChange(const char* sql, std::initializer_list<CppSQLite3Database::BoundValue> values);
-  void RunQuery(const char* sql, CppSQLite3ResultSet& result);
-  int QueryInt(const char* sql);
-  IdList QueryIdList(const char* sql);
   void Begin();
   void Commit();
 
@@ -84,7 +79,6 @@ class MediaDB {
   std::unique_ptr<CPlayList> GetPlayList(int playListId);
 
   IdList GetVolumeRootPathIds(int volId);
-  IdList GetVolumeIds(int volType);  // -1: every volume
   // The folder itself and every folder of its volume whose stored path begins
   // with its stored path, letter for letter ("%" and "_" taken literally).
   IdList GetSubtreePathIds(int pathId);
@@ -93,17 +87,9 @@ class MediaDB {
   int FindFile(const std::string& fileName, int pathId);
   int FindVolumeBySerial(const std::string& serialNo);
 
-  int GetIntField(const std::string& table, const std::string& column,
-                  const std::string& keyColumn, int keyValue);
-  std::string GetTextField(const std::string& table, const std::string& column,
-                           const std::string& keyColumn, int keyValue);
-  int SetIntField(const std::string& table, const std::string& column, int value,
-                  const std::string& keyColumn, int keyValue);
-
   std::string GetVolumeSerial(int volId);
   std::string GetPathFullPath(int pathId);
   std::string GetVolumeDrive(int volId);
-  int GetVolumeType(int volId);
   int GetPathVolume(int pathId);
   int GetFileVolume(int fileId);
   int SetFileScanState(int fileId, int state);
@@ -114,8 +100,6 @@ class MediaDB {
   // The tag texts, the audio properties and the scan state, in one statement.
   int UpdateFileTagsAndProperties(const CMediaFile& file, int scanState);
 
-  int DeletePathFiles(int pathId);
-  int DeletePath(int pathId);
   void DeletePathTree(int pathId);
   void DeleteVolume(int volId);
   int DeletePlayList(int playListId);
@@ -123,8 +107,8 @@ class MediaDB {
   // A volume's rows in the order SQLite returns them, for scans that must
   // cost time in proportion to the files, not to their square.
   std::vector<PathRow> GetVolumePathRows(int volId);
-  std::vector<FileRow> GetVolumeFileRows(int volId);
-  // The same rows handed over one at a time, for volumes too large to hold twice.
+  // The file rows are handed over one at a time, for volumes too large to
+  // hold twice.
   void ForEachVolumeFileRow(int volId, const std::function<void(const FileRow&)>& visit);
   // Changes and removals of many rows by their keys, one statement each.
   int SetPathsDirtyBit(const IdList& pathIds, int bit);
@@ -141,15 +125,15 @@ class MediaDB {
   IdList GetConfigIds();
 
   // Whole rows in one statement each, for the tree and the list, in the order
-  // of the id lists above: the volumes of a type (GetVolumeIds), every folder
-  // (the tree groups them by ParentID itself), every play list, a folder's
-  // files (GetPathFileIds) and the quick search's files (SearchFiles).
+  // SQLite returns them: the volumes of a type, every folder (the tree groups
+  // them by ParentID itself), every play list and a folder's files.
   std::vector<CMediaVolume> GetVolumesOfType(int volType);
   std::vector<PathNodeRow> GetPathNodeRows();
   std::vector<CPlayList> GetPlayLists();
   std::vector<MediaListRow> GetFolderListRows(int pathId);
   // The files whose name, titles or artists hold the text, letter case aside
-  // for every letter, "%", "_" and "\\" taken literally. The folded texts of
+  // for every letter, "%", "_" and "\\" taken literally; the text ends at its
+  // first zero byte, and every file holds the empty text. The folded texts of
   // every file are kept in memory from one search to the next, and read
   // again after any change to the catalogue.
   std::vector<MediaListRow> SearchListRows(const std::string& text);
@@ -195,10 +179,28 @@ class MediaDB {
   // Creates those of the five tables that the file lacks.
   void CreateMissingTables(const std::vector<std::string>& present);
 
-  // The statement formatted with SQLite's printf, then run as by ExecuteChange,
-  // QueryInt or QueryIdList.
+  // Runs a statement; returns SQLite's last insert id: the new row's id after
+  // an INSERT, after anything else an earlier INSERT's (of no use).
+  int ExecuteForInsertId(const char* sql);
+  // As ExecuteForInsertId, for the statements run once a file: sql (a
+  // literal) is prepared once and the values are bound to its "?" in order.
+  int ExecutePreparedForInsertId(const char* sql,
+                                 std::initializer_list<CppSQLite3Database::BoundValue> values);
+  void RunQuery(const char* sql, CppSQLite3ResultSet& result);
+  // The first column of the first row; -1 when there is no row.
+  int QueryInt(const char* sql);
+  IdList QueryIdList(const char* sql);
+  int GetIntField(const std::string& table, const std::string& column,
+                  const std::string& keyColumn, int keyValue);
+  std::string GetTextField(const std::string& table, const std::string& column,
+                           const std::string& keyColumn, int keyValue);
+  int SetIntField(const std::string& table, const std::string& column, int value,
+                  const std::string& keyColumn, int keyValue);
+
+  // The statement formatted with SQLite's printf, then run as by
+  // ExecuteForInsertId, QueryInt or QueryIdList.
   template <class... Values>
-  int ExecuteChangeF(const char* format, Values... values);
+  int ExecuteForInsertIdF(const char* format, Values... values);
   template <class... Values>
   int QueryIntF(const char* format, Values... values);
   template <class... Values>

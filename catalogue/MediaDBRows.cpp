@@ -5,7 +5,6 @@
 #include <unordered_map>
 
 #include "base/CaseFold.h"
-#include "catalogue/FoldedSearch.h"
 #include "catalogue/MediaDB.h"
 #include "catalogue/MediaDBStatements.h"
 
@@ -35,10 +34,6 @@ constexpr const char* kVolumeFileRows =
     "FROM MediaFiles f LEFT JOIN vantrelle_file_stamps s ON s.FileID=f.FileID WHERE f.VolID=%d;";
 
 }  // namespace
-
-std::vector<FileRow> MediaDB::GetVolumeFileRows(int volId) {
-  return QueryRows<FileRow>(kVolumeFileRows, volId);
-}
 
 void MediaDB::ForEachVolumeFileRow(int volId, const std::function<void(const FileRow&)>& visit) {
   CppSQLite3SqlText sql;
@@ -72,7 +67,7 @@ template <class... Values>
 int MediaDB::ExecuteForIds(const char* format, const IdList& ids, Values... values) {
   int result = 0;
   for (std::size_t from = 0; from < ids.size(); from += kIdsPerStatement)
-    result = ExecuteChangeF(format, values..., JoinIds(ids, from, kIdsPerStatement).c_str());
+    result = ExecuteForInsertIdF(format, values..., JoinIds(ids, from, kIdsPerStatement).c_str());
   return result;
 }
 
@@ -94,7 +89,7 @@ int MediaDB::DeleteFiles(const IdList& fileIds) {
 }
 
 int MediaDB::SetFileStamp(int fileId, const FileStamp& stamp) {
-  return ExecutePreparedChange(
+  return ExecutePreparedForInsertId(
       "INSERT OR REPLACE INTO vantrelle_file_stamps(FileID,ModifiedNs,Size) VALUES (?,?,?);",
       {fileId, stamp.modifiedNs, stamp.size});
 }
@@ -163,17 +158,13 @@ std::vector<MediaListRow> MediaDB::FileListRows(const IdList& fileIds) {
 std::vector<MediaListRow> MediaDB::SearchListRows(const std::string& text) {
   // Letter case folded on both sides; the text is matched literally.
   const CaseFold fold;
-  const std::string part = fold.Fold(text);
-  if (!part.empty() && part.find('\0') == std::string::npos) {
-    KeepSearchTextsCurrent(fold);
-    return FileListRows(searchTexts_.Holding(part));
-  }
-  // Every file holds the empty text, and SQL texts end at a zero byte.
-  const std::string format = MediaListRowsWhere(
-      (std::string(folded_search::kFunction) +
-       "(%Q,f.FileName,f.Title,f.Artist,f.id3Title,f.id3Artist);")
-          .c_str());
-  return QueryRows<MediaListRow>(format.c_str(), part.c_str());
+  std::string part = fold.Fold(text);
+  // The kept texts are separated by zero bytes, so a part must hold none.
+  if (const std::size_t zero = part.find('\0'); zero != std::string::npos) part.erase(zero);
+  // Every file holds the empty text.
+  if (part.empty()) return QueryRows<MediaListRow>(MediaListRowsWhere("1 ORDER BY f.FileID;").c_str());
+  KeepSearchTextsCurrent(fold);
+  return FileListRows(searchTexts_.Holding(part));
 }
 
 void MediaDB::KeepSearchTextsCurrent(const CaseFold& fold) {

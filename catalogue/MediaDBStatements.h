@@ -7,9 +7,9 @@
 #include "catalogue/RecordLoader.h"
 
 template <class... Values>
-int MediaDB::ExecuteChangeF(const char* format, Values... values) {
+int MediaDB::ExecuteForInsertIdF(const char* format, Values... values) {
   CppSQLite3SqlText sql;
-  return ExecuteChange(sql.Format(format, values...));
+  return ExecuteForInsertId(sql.Format(format, values...));
 }
 
 template <class... Values>

@@ -4,17 +4,9 @@
 // or as the empty text.
 
 #include <cstdint>
-#include <ostream>
 #include <string>
 
-class CMediaRecord {
- public:
-  virtual ~CMediaRecord() = default;
-  // Writes a one-line description to a diagnostic stream, with no line end.
-  virtual void Dump(std::ostream& out) const;
-};
-
-class CMediaFile : public CMediaRecord {
+class CMediaFile {
  public:
   std::int32_t FileID = 0;
   std::int32_t VolID = 0;
@@ -38,11 +30,14 @@ class CMediaFile : public CMediaRecord {
   std::int32_t BitRate = 0;
   std::int32_t SampleRate = 0;
   std::int32_t Channels = 0;
-
-  void Dump(std::ostream& out) const override;
 };
 
-class CMediaPath : public CMediaRecord {
+// A text of a file as shown: the user's where there is one, else the tag's.
+inline const std::string& UserOrTag(const std::string& user, const std::string& tag) {
+  return user.empty() ? tag : user;
+}
+
+class CMediaPath {
  public:
   std::int32_t PathID = 0;
   std::int32_t VolID = 0;
@@ -50,11 +45,9 @@ class CMediaPath : public CMediaRecord {
   std::int32_t ParentID = 0;
   std::string Name;
   std::string FullPath;
-
-  void Dump(std::ostream& out) const override;
 };
 
-class CMediaVolume : public CMediaRecord {
+class CMediaVolume {
  public:
   std::int32_t VolID = 0;
   std::string Name;
@@ -63,11 +56,9 @@ class CMediaVolume : public CMediaRecord {
   std::string SerialNo;
   std::string DrvLtr;
   std::string Description;
-
-  void Dump(std::ostream& out) const override;
 };
 
-class CPlayList : public CMediaRecord {
+class CPlayList {
  public:
   std::int32_t PlayListID = 0;
   std::string Name;

@@ -35,7 +35,7 @@ class ConsolePlayListWindow : private PlayListView,
   void MoveWindow(int, int, int, int) override {}
   void MoveList(int, int, int, int) override {}
   void AddButtons(std::span<const PlayListButton>) override {}
-  int TrackPopupMenu(std::span<const PlayListMenuEntry>) override { return 0; }
+  int TrackPopupMenu(std::span<const platform::MenuEntry>) override { return 0; }
   // The copy command prints each file not copied instead (PlayListCommands.h).
   void SetStatusLine(const std::string&) override {}
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "app/CLibraryApp.h"
+#include "app/ExitStatus.h"
 #include "catalogue/CppSQLite3Exception.h"
 #include "cli/AddCommands.h"
 #include "cli/BrowseCommands.h"
@@ -18,25 +19,19 @@
 #include "cli/PlayCommand.h"
 #include "cli/PlayListCommands.h"
 #include "cli/PlayListPlayCommand.h"
+#include "platform/DataFolder.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
-#include "platform/DataFolder.h"
 #include "platform/mci/GstMediaControl.h"
 #include "playback/DeferredMediaControl.h"
 
 namespace {
 
-constexpr int kDone = 0;
-constexpr int kCatalogueFailed = 1;
-constexpr int kWrongCommandLine = 2;
-constexpr int kCatalogueRefused = 3;
-constexpr int kCatalogueInUse = 4;
-
 int RunSession(ConsoleCommand& command, AnswerPolicy policy) {
   const platform::DataFolder data = platform::FindDataFolder();
   if (!data.error.empty()) {
     std::fprintf(stderr, "vantrelle-cli: %s\n", data.error.c_str());
-    return kCatalogueFailed;
+    return exit_status::kCatalogueFailed;
   }
   platform::LinuxDriveTable::CreateDefaultIfMissing(data.path);
   platform::LinuxDriveTable drives(data.path);
@@ -55,25 +50,25 @@ int RunSession(ConsoleCommand& command, AnswerPolicy policy) {
         break;
       case CLibraryApp::StartResult::Refused:
         app.Exit();
-        return kCatalogueRefused;
+        return exit_status::kCatalogueRefused;
       case CLibraryApp::StartResult::InUse:
         std::fprintf(stderr, "%s\n", app.InUseMessage().c_str());
-        return kCatalogueInUse;
+        return exit_status::kCatalogueInUse;
       case CLibraryApp::StartResult::Forbidden:
         std::fprintf(stderr, "vantrelle-cli: %s\n", app.ForbiddenMessage().c_str());
-        return kCatalogueFailed;
+        return exit_status::kCatalogueFailed;
     }
   } catch (const CppSQLite3Exception& failure) {
     std::fprintf(stderr, "vantrelle-cli: cannot open the catalogue: %s\n", failure.Message());
-    return kCatalogueFailed;
+    return exit_status::kCatalogueFailed;
   }
 
-  int status = kDone;
+  int status = exit_status::kDone;
   try {
     status = command.Run(app, stdout);
   } catch (const UsageError& error) {
     std::fprintf(stderr, "vantrelle-cli: %s\n", error.what());
-    status = kWrongCommandLine;
+    status = exit_status::kWrongCommandLine;
   }
   app.Exit();
   return status;
@@ -121,11 +116,11 @@ int RunConsole(int argc, char** argv) {
     return cli.exit(help);
   } catch (const CLI::ParseError& error) {
     std::fprintf(stderr, "vantrelle-cli: %s\n", error.what());
-    return kWrongCommandLine;
+    return exit_status::kWrongCommandLine;
   }
 
   const AnswerPolicy policy = yes ? AnswerPolicy::Yes : no ? AnswerPolicy::No : AnswerPolicy::Ask;
   for (auto& command : commands)
     if (command->Chosen()) return RunSession(*command, policy);
-  return kWrongCommandLine;
+  return exit_status::kWrongCommandLine;
 }

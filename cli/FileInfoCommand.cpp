@@ -4,8 +4,8 @@
 
 #include "app/CLibraryApp.h"
 #include "cli/ConsoleLibraryWindow.h"
-#include "scan/CDriveServices.h"
 #include "tags/CoverFinder.h"
+#include "volumes/CDriveServices.h"
 
 namespace {
 

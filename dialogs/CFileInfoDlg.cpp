@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "base/LengthText.h"
-#include "scan/Paths.h"
+#include "volumes/Paths.h"
 
 namespace {
 

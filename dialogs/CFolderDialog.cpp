@@ -2,7 +2,7 @@
 
 #include "platform/FileSystem.h"
 #include "platform/FolderPicker.h"
-#include "scan/CDriveServices.h"
+#include "volumes/CDriveServices.h"
 
 CFolderDialog::CFolderDialog(platform::FolderPicker& picker, const CDriveServices& drives,
                              std::string title, std::string initialFolder)

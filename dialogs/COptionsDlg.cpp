@@ -2,10 +2,10 @@
 
 #include "base/MessageText.h"
 #include "dialogs/CFolderDialog.h"
-#include "platform/MessageBox.h"
 #include "platform/DriveTable.h"
-#include "scan/CDriveServices.h"
+#include "platform/MessageBox.h"
 #include "settings/CAppSettings.h"
+#include "volumes/CDriveServices.h"
 
 COptionsDlg::COptionsDlg(CAppSettings& settings, const CDriveServices& drives,
                          platform::FolderPicker& picker, OptionsView& view)

@@ -12,11 +12,12 @@
 #include "platform/FolderNames.h"
 
 namespace platform {
-namespace {
 
 bool IsDrivePath(const std::string& path) {
   return path.size() >= 2 && std::isalpha(static_cast<unsigned char>(path[0])) && path[1] == ':';
 }
+
+namespace {
 
 std::vector<std::string> SplitAtBackslashes(const std::string& text) {
   std::vector<std::string> components;

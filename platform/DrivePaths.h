@@ -16,6 +16,9 @@
 
 namespace platform {
 
+// Whether the text begins with a drive letter and ":" ("C:", "d:\\Music").
+bool IsDrivePath(const std::string& path);
+
 // "" when the drive has no root now, or the text is neither kind of path.
 std::string ResolvePath(const DriveTable& drives, const std::string& path);
 

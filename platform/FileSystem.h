@@ -82,10 +82,6 @@ class FileSystem {
   // it is never taken for an empty one.
   virtual Listing List(const std::string& folder, const std::string& pattern) const = 0;
 
-  // Whether a folder holds at least one regular file that matches.
-  virtual bool AnyFileMatches(const std::string& folder,
-                              const std::string& pattern) const = 0;
-
   virtual std::optional<FolderIdentity> Identity(const std::string& folder) const = 0;
   virtual std::optional<FileFacts> Stat(const std::string& path) const = 0;
   virtual bool Exists(const std::string& path) const = 0;

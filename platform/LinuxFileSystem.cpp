@@ -65,15 +65,6 @@ Listing LinuxFileSystem::List(const std::string& folder, const std::string& patt
   return listing;
 }
 
-bool LinuxFileSystem::AnyFileMatches(const std::string& folder, const std::string& pattern) const {
-  bool found = false;
-  ForEachMatchingEntry(LocalPath(folder), pattern, [&](const DirEntry& entry, EntryFit fit) {
-    found = entry.IsFile() && fit == EntryFit::Fits;
-    return !found;
-  });
-  return found;
-}
-
 std::optional<FolderIdentity> LinuxFileSystem::Identity(const std::string& folder) const {
   auto facts = StatFollowingLinks(LocalPath(folder));
   if (!facts) return std::nullopt;

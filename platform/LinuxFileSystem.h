@@ -16,7 +16,6 @@ class LinuxFileSystem : public FileSystem {
 
   std::string LocalPath(const std::string& path) const override;
   Listing List(const std::string& folder, const std::string& pattern) const override;
-  bool AnyFileMatches(const std::string& folder, const std::string& pattern) const override;
   std::optional<FolderIdentity> Identity(const std::string& folder) const override;
   std::optional<FileFacts> Stat(const std::string& path) const override;
   bool Exists(const std::string& path) const override;

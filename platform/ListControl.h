@@ -33,7 +33,6 @@ class ListControl {
   virtual std::string RowText(int row, int column) const = 0;
 
   virtual bool IsSelected(int row) const = 0;
-  virtual void SetSelected(int row, bool selected) = 0;
   virtual void SelectAll() = 0;
 
   virtual unsigned ExtendedStyle() const = 0;

@@ -7,7 +7,10 @@
 // the desktop program hands the player's commands to; AbandonOpensThrough
 // alone from any thread.
 
+#include <algorithm>
 #include <cstdint>
+#include <cstring>
+#include <string_view>
 
 namespace platform {
 
@@ -50,5 +53,15 @@ class MediaControl {
   virtual void NumberNextOpen(std::uint64_t /*number*/) {}
   virtual void AbandonOpensThrough(std::uint64_t /*number*/) {}
 };
+
+// Fills a reply or error-text buffer as the two calls above do: up to
+// size - 1 bytes of text and a terminating zero. A null buffer or a size of
+// 0 takes nothing.
+inline void CopyTruncated(std::string_view text, char* out, unsigned size) {
+  if (out == nullptr || size == 0) return;
+  const std::size_t count = std::min<std::size_t>(text.size(), size - 1);
+  std::memcpy(out, text.data(), count);
+  out[count] = '\0';
+}
 
 }  // namespace platform

@@ -54,7 +54,6 @@ class MemoryListControl : public ListControl {
     return rows.at(row).texts.at(static_cast<std::size_t>(column));
   }
   bool IsSelected(int row) const override { return rows.at(row).selected; }
-  void SetSelected(int row, bool selected) override { rows.at(row).selected = selected; }
   void SelectAll() override { Select({}, true); }
   unsigned ExtendedStyle() const override { return styles; }
   void SetExtendedStyle(unsigned newStyles) override { styles = newStyles; }

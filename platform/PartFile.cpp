@@ -9,23 +9,18 @@
 #include <cerrno>
 #include <climits>
 
+#include "base/Utf8.h"
+
 namespace platform {
 namespace {
 
 constexpr int kMostAttempts = 100;
 
-// Cuts a name to at most size bytes without splitting a UTF-8 character.
-std::string CutName(const std::string& name, std::size_t size) {
-  if (name.size() <= size) return name;
-  while (size > 0 && (static_cast<unsigned char>(name[size]) & 0xC0) == 0x80) --size;
-  return name.substr(0, size);
-}
-
 // The temporary name of the attempt, short enough for the file system even
 // when the final name takes all of NAME_MAX.
 std::string TemporaryNameFor(const std::string& finalName, int attempt) {
   const std::string suffix = (attempt > 1 ? "." + std::to_string(attempt) : "") + PartFile::kSuffix;
-  return "." + CutName(finalName, NAME_MAX - 1 - suffix.size()) + suffix;
+  return "." + finalName.substr(0, Utf8CutAt(finalName, NAME_MAX - 1 - suffix.size())) + suffix;
 }
 
 }  // namespace

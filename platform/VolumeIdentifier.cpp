@@ -12,6 +12,7 @@
 #include "platform/LinuxPaths.h"
 #include "platform/MountTable.h"
 #include "platform/SerialArithmetic.h"
+#include "platform/SmallFile.h"
 #include "platform/VolumeProbe.h"
 
 namespace platform {
@@ -20,15 +21,6 @@ namespace {
 constexpr const char* kSerialFile = "/.windows-serial";
 constexpr const char* kLabelFile = "/.windows-label";
 constexpr std::size_t kMaxSerialFileSize = 64;
-
-std::optional<std::string> ReadSmallFile(const std::string& path, std::size_t limit) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) return std::nullopt;
-  std::string text(limit, '\0');
-  file.read(text.data(), static_cast<std::streamsize>(limit));
-  text.resize(static_cast<std::size_t>(file.gcount()));
-  return text;
-}
 
 std::optional<std::string> ReadLabelFile(const std::string& root) {
   std::ifstream file(root + kLabelFile);

@@ -8,9 +8,9 @@
 #include "platform/MessageBox.h"
 #include "playback/CMciPlayer.h"
 #include "playback/PlayerRunner.h"
-#include "scan/CDriveServices.h"
-#include "scan/Paths.h"
 #include "settings/CAppSettings.h"
+#include "volumes/CDriveServices.h"
+#include "volumes/Paths.h"
 
 CPlaybackControl::CPlaybackControl(MediaDB& db, const CDriveServices& drives,
                                    const CAppSettings& settings, CMciPlayer& player)
@@ -68,11 +68,6 @@ int CPlaybackControl::PlayFile(int fileId) {
   }
   OpenAndPlay(fileId, MakeFullPath(drive, folder->FullPath, file->FileName), file->FileName);
   return 0;
-}
-
-std::string CPlaybackControl::PresentPath(int fileId) const {
-  const auto locate = LocateLater(fileId);
-  return locate ? locate() : "";
 }
 
 std::function<std::string()> CPlaybackControl::LocateLater(int fileId) const {

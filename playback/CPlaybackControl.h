@@ -53,14 +53,12 @@ class CPlaybackControl {
   // caller; there is nothing to play and nothing the user could fix).
   int PlayFile(int fileId);
   // The file's full path when its volume is at hand (a disc in the CD drive
-  // of the settings, a disk on its letter), "" otherwise or when it has no
-  // row. Never asks.
-  std::string PresentPath(int fileId) const;
-  // The same in two steps, so that the disc need not be read on this
-  // thread: the rows are read now, and the function returned tells the path
-  // when called on any thread (for a disc it reads the drive's volume then,
-  // which may take as long as the drive does). Null when the file has no
-  // row. It uses the drive services, which must outlive it.
+  // of the settings, a disk on its letter), "" otherwise; never asks. In two
+  // steps, so that the disc need not be read on this thread: the rows are
+  // read now, and the function returned tells the path when called on any
+  // thread (for a disc it reads the drive's volume then, which may take as
+  // long as the drive does). Null when the file has no row. It uses the
+  // drive services, which must outlive it.
   std::function<std::string()> LocateLater(int fileId) const;
   // Both return 0 whatever the player answered. Stop gives up an open that
   // still waits, so that it acts at once.

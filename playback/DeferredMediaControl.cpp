@@ -6,17 +6,6 @@
 #include <cstring>
 #include <exception>
 
-namespace {
-
-void CopyText(const std::string& text, char* out, unsigned size) {
-  if (out == nullptr || size == 0) return;
-  const std::size_t count = std::min<std::size_t>(text.size(), size - 1);
-  std::memcpy(out, text.data(), count);
-  out[count] = '\0';
-}
-
-}  // namespace
-
 DeferredMediaControl::DeferredMediaControl(Factory factory) : factory_(std::move(factory)) {}
 
 platform::MediaControl* DeferredMediaControl::Control() {
@@ -36,12 +25,12 @@ platform::MediaControl* DeferredMediaControl::Control() {
 std::uint32_t DeferredMediaControl::mciSendString(const char* command, char* reply,
                                                   unsigned size) {
   if (!Started() && command != nullptr && strcasecmp(command, "close all") == 0) {
-    CopyText("", reply, size);
+    platform::CopyTruncated("", reply, size);
     return platform::kMciNoError;
   }
   platform::MediaControl* control = Control();
   if (control == nullptr) {
-    CopyText("", reply, size);
+    platform::CopyTruncated("", reply, size);
     return platform::kMciNoAudioOutput;
   }
   return control->mciSendString(command, reply, size);
@@ -50,7 +39,7 @@ std::uint32_t DeferredMediaControl::mciSendString(const char* command, char* rep
 bool DeferredMediaControl::mciGetErrorString(std::uint32_t code, char* text, unsigned size) {
   if (Started()) return control_->mciGetErrorString(code, text, size);
   const bool known = startFailure_ && code == platform::kMciNoAudioOutput;
-  CopyText(known ? *startFailure_ : "", text, size);
+  platform::CopyTruncated(known ? *startFailure_ : "", text, size);
   return known;
 }
 

@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "catalogue/MediaDB.h"  // IdList
+#include "platform/PopupMenu.h"
 
 class CAppSettings;
 class CDriveServices;
@@ -36,11 +37,6 @@ struct PlayListButton {
   bool checkable;    // stays down when pressed, until pressed again
 };
 
-struct PlayListMenuEntry {
-  int command;
-  const char* text;
-};
-
 class PlayListView {
  public:
   virtual ~PlayListView() = default;
@@ -50,7 +46,7 @@ class PlayListView {
   // Creates the buttons along the top, left to right, tool tips active.
   virtual void AddButtons(std::span<const PlayListButton> buttons) = 0;
   // Shows the popup menu at the mouse; returns the chosen command, or 0.
-  virtual int TrackPopupMenu(std::span<const PlayListMenuEntry> entries) = 0;
+  virtual int TrackPopupMenu(std::span<const platform::MenuEntry> entries) = 0;
   // The one line under the list saying what the last copy came to.
   virtual void SetStatusLine(const std::string& text) = 0;
   // Whether a checkable button shows as down.
@@ -101,7 +97,7 @@ class CPlayListDlg {
       {kSkipForward, "|>|>", "Skip Forward", true, false},
       {kPlayThrough, "Play through", "Play on to the end of the list", false, true},
   }};
-  static constexpr std::array<PlayListMenuEntry, 3> kMenu{{
+  static constexpr std::array<platform::MenuEntry, 3> kMenu{{
       {kCopySelectionTo, "Copy Selection To .."},
       {kCopyAllTo, "Copy All To .."},
       {kSavePlayList, "Save PlayList"},

@@ -8,16 +8,9 @@
 #include "playlists/FileIds.h"
 
 std::vector<std::string> PlayListRowTexts(const CMediaFile& file) {
-  const std::string& title = file.Title.empty() ? file.id3Title : file.Title;
-  const std::string& artist = file.Artist.empty() ? file.id3Artist : file.Artist;
+  const std::string& title = UserOrTag(file.Title, file.id3Title);
+  const std::string& artist = UserOrTag(file.Artist, file.id3Artist);
   return {title.empty() ? file.FileName : title, artist, MinutesAndSeconds(file.Length)};
-}
-
-std::string SongLabel(const CMediaFile& file) {
-  const std::string& title = file.Title.empty() ? file.id3Title : file.Title;
-  const std::string& artist = file.Artist.empty() ? file.id3Artist : file.Artist;
-  if (title.empty() || artist.empty() || artist == "Unknown Artist") return file.FileName;
-  return artist + " - " + title;
 }
 
 IdList GetFileIds(const platform::ListControl& list, bool selectedOnly) {

@@ -24,11 +24,6 @@ class ListControl;
 // the file name), its artist (the user's or the tag's) and its length.
 std::vector<std::string> PlayListRowTexts(const CMediaFile& file);
 
-// The row label of a file: "Artist - Title" from the user's texts, or the
-// tag's where those are empty; the file name when either part is missing or
-// the artist is exactly "Unknown Artist".
-std::string SongLabel(const CMediaFile& file);
-
 // The item values of a list's rows (all, or the selected ones), top to bottom.
 IdList GetFileIds(const platform::ListControl& list, bool selectedOnly);
 

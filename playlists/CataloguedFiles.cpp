@@ -3,8 +3,8 @@
 #include "base/AsciiCase.h"
 #include "platform/DriveTable.h"
 #include "playlists/FileIds.h"
-#include "scan/CDriveServices.h"
-#include "scan/Paths.h"
+#include "volumes/CDriveServices.h"
+#include "volumes/Paths.h"
 
 namespace {
 

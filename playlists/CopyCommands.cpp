@@ -1,14 +1,14 @@
 #include "playlists/CopyCommands.h"
 
 #include "base/MessageText.h"
+#include "base/WorkerDialogHost.h"
 #include "platform/MessageBox.h"
 #include "playlists/CCopyDlg.h"
 #include "playlists/CPlayListModel.h"
 #include "playlists/CopyWorker.h"
-#include "base/WorkerDialogHost.h"
-#include "scan/CDriveServices.h"
-#include "scan/Paths.h"
 #include "settings/CAppSettings.h"
+#include "volumes/CDriveServices.h"
+#include "volumes/Paths.h"
 
 CopyCommands::CopyCommands(CPlayListModel& model, MediaDB& db, const CDriveServices& drives,
                            const CAppSettings& settings, WorkerDialogHost& dialogs)

@@ -6,8 +6,8 @@
 #include "platform/FileSystem.h"
 #include "playlists/CopyJob.h"
 #include "playlists/FileIds.h"
-#include "scan/CDriveServices.h"
-#include "scan/Paths.h"
+#include "volumes/CDriveServices.h"
+#include "volumes/Paths.h"
 
 namespace {
 

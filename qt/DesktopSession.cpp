@@ -4,24 +4,21 @@
 #include <memory>
 
 #include "app/CLibraryApp.h"
+#include "app/ExitStatus.h"
 #include "catalogue/CppSQLite3Exception.h"
+#include "platform/DataFolder.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
-#include "platform/DataFolder.h"
 #include "platform/mci/GstMediaControl.h"
-#include "qt/RunningWindow.h"
 #include "playback/DeferredMediaControl.h"
 #include "playback/PlayerThread.h"
 #include "qt/MainWindow.h"
 #include "qt/QtDialogSet.h"
+#include "qt/RunningWindow.h"
 #include "qt/dialogs/QtCoverLoader.h"
 #include "qt/dialogs/QtMessageBox.h"
 
 namespace {
-
-constexpr int kDone = 0;
-constexpr int kCatalogueFailed = 1;
-constexpr int kCatalogueInUse = 4;
 
 // The main window from start-up to its close; a refused catalogue closes
 // it right after start-up. Either way the close puts the geometry into the
@@ -75,7 +72,7 @@ int RunDesktop() {
   const platform::DataFolder data = platform::FindDataFolder();
   if (!data.error.empty()) {
     messages.Show(data.error, platform::Buttons::Ok, platform::Icon::Error);
-    return kCatalogueFailed;
+    return exit_status::kCatalogueFailed;
   }
   platform::LinuxDriveTable::CreateDefaultIfMissing(data.path);
   platform::LinuxDriveTable drives(data.path);
@@ -93,20 +90,20 @@ int RunDesktop() {
   } catch (const CppSQLite3Exception& failure) {
     messages.Show(std::string("Cannot open the catalogue: ") + failure.Message(), platform::Buttons::Ok,
                   platform::Icon::Error);
-    return kCatalogueFailed;
+    return exit_status::kCatalogueFailed;
   }
   if (started == CLibraryApp::StartResult::InUse) {
     // The user's own window on this catalogue comes to the front instead.
-    if (RaiseRunningWindow(app.CatalogueHolder())) return kDone;
+    if (RaiseRunningWindow(app.CatalogueHolder())) return exit_status::kDone;
     messages.Show(app.InUseMessage(), platform::Buttons::Ok, platform::Icon::Error);
-    return kCatalogueInUse;
+    return exit_status::kCatalogueInUse;
   }
   if (started == CLibraryApp::StartResult::Forbidden) {
     messages.Show(app.ForbiddenMessage(), platform::Buttons::Ok, platform::Icon::Error);
-    return kCatalogueFailed;
+    return exit_status::kCatalogueFailed;
   }
   RunMainWindow(app, messages, started == CLibraryApp::StartResult::Refused);
   messages.SetParent(nullptr);
   app.Exit();
-  return kDone;
+  return exit_status::kDone;
 }

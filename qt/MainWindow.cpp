@@ -214,6 +214,8 @@ QPushButton* MainWindow::Button(int command) const {
 
 int MainWindow::Splitter() const { return logic_->Splitter(); }
 
+// Qt calls the overrides of its virtuals; cppcheck sees no caller.
+// cppcheck-suppress unusedFunction
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   if (!logic_) return false;
   switch (event->type()) {

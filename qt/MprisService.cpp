@@ -138,6 +138,8 @@ void MprisService::Announce(const QString& interface, const QVariantMap& changed
 
 MprisRootAdaptor::MprisRootAdaptor(MprisService& service) : QDBusAbstractAdaptor(&service), service_(service) {}
 
+// Called over D-Bus, by the slot's name.
+// cppcheck-suppress unusedFunction
 void MprisRootAdaptor::Raise() {
   QWidget& window = service_.Window();
   window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
@@ -146,6 +148,7 @@ void MprisRootAdaptor::Raise() {
   service_.Window().activateWindow();
 }
 
+// cppcheck-suppress unusedFunction
 void MprisRootAdaptor::Quit() { service_.Window().close(); }
 
 MprisPlayerAdaptor::MprisPlayerAdaptor(MprisService& service)
@@ -181,10 +184,14 @@ void MprisPlayerAdaptor::SetPosition(const QDBusObjectPath& trackId, qlonglong p
 MprisPlayListsAdaptor::MprisPlayListsAdaptor(MprisService& service)
     : QDBusAbstractAdaptor(&service), service_(service) {}
 
+// Read over D-Bus, by the property's name.
+// cppcheck-suppress unusedFunction
 uint MprisPlayListsAdaptor::PlaylistCount() const {
   return static_cast<uint>(service_.Remote().PlayLists().size());
 }
 
+// Called over D-Bus, by the slot's name.
+// cppcheck-suppress unusedFunction
 void MprisPlayListsAdaptor::ActivatePlaylist(const QDBusObjectPath& playListId) {
   const int id = IdOfPath(playListId, kPlayListPath);
   if (!service_.Remote().ActivatePlayList(id)) return;
@@ -192,6 +199,7 @@ void MprisPlayListsAdaptor::ActivatePlaylist(const QDBusObjectPath& playListId) 
     if (stored.first == id) active_ = {true, ToMpris(stored)};
 }
 
+// cppcheck-suppress unusedFunction
 QList<MprisPlayList> MprisPlayListsAdaptor::GetPlaylists(uint index, uint maxCount, const QString&,
                                                         bool reverseOrder) {
   auto stored = service_.Remote().PlayLists();

@@ -102,9 +102,9 @@ void PlayListWindow::AddButtons(std::span<const PlayListButton> buttons) {
   }
 }
 
-int PlayListWindow::TrackPopupMenu(std::span<const PlayListMenuEntry> entries) {
+int PlayListWindow::TrackPopupMenu(std::span<const platform::MenuEntry> entries) {
   std::vector<std::pair<int, const char*>> items;
-  for (const PlayListMenuEntry& entry : entries) items.emplace_back(entry.command, entry.text);
+  for (const platform::MenuEntry& entry : entries) items.emplace_back(entry.command, entry.text);
   return TrackPopupAtCursor(this, items);
 }
 
@@ -134,6 +134,8 @@ void PlayListWindow::resizeEvent(QResizeEvent* event) {
   if (logic_) logic_->OnSize(width(), height());
 }
 
+// Qt calls the overrides of its virtuals; cppcheck sees no caller.
+// cppcheck-suppress unusedFunction
 void PlayListWindow::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
   if (logic_) logic_->OnContextMenu(false);

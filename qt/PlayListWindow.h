@@ -34,7 +34,7 @@ class PlayListWindow final : public QWidget, public PlayListView {
   // The list takes the rectangle less a line at its bottom for the status line.
   void MoveList(int x, int y, int width, int height) override;
   void AddButtons(std::span<const PlayListButton> buttons) override;
-  int TrackPopupMenu(std::span<const PlayListMenuEntry> entries) override;
+  int TrackPopupMenu(std::span<const platform::MenuEntry> entries) override;
   void SetStatusLine(const std::string& text) override;
   void SetChecked(int command, bool checked) override;
   void MarkPlayingFile(std::int32_t fileId) override;

@@ -70,13 +70,6 @@ bool QtListControl::IsSelected(int row) const {
   return selectionModel()->rowIntersectsSelection(row, {});
 }
 
-void QtListControl::SetSelected(int row, bool selected) {
-  model_->Flush();
-  const auto how = (selected ? QItemSelectionModel::Select : QItemSelectionModel::Deselect) |
-                   QItemSelectionModel::Rows;
-  selectionModel()->select(model_->index(row, 0), how);
-}
-
 void QtListControl::SelectAll() {
   model_->Flush();
   const int rows = model_->rowCount();
@@ -161,6 +154,8 @@ std::unique_ptr<QMimeData> QtListControl::DragData() const {
   return carried;
 }
 
+// Qt calls the overrides of its virtuals; cppcheck sees no caller.
+// cppcheck-suppress unusedFunction
 void QtListControl::startDrag(Qt::DropActions) {
   std::unique_ptr<QMimeData> carried = DragData();
   if (carried->data(kFileIdsMime).isEmpty()) return;
@@ -173,6 +168,7 @@ bool QtListControl::Accepts(const QMimeData& carried) const {
   return rowsMovable_ && (carried.hasFormat(kFileIdsMime) || carried.hasUrls());
 }
 
+// cppcheck-suppress unusedFunction
 void QtListControl::dragEnterEvent(QDragEnterEvent* event) {
   if (Accepts(*event->mimeData()))
     event->acceptProposedAction();
@@ -180,6 +176,7 @@ void QtListControl::dragEnterEvent(QDragEnterEvent* event) {
     event->ignore();
 }
 
+// cppcheck-suppress unusedFunction
 void QtListControl::dragMoveEvent(QDragMoveEvent* event) {
   if (Accepts(*event->mimeData()))
     event->acceptProposedAction();
@@ -196,6 +193,7 @@ int QtListControl::RowBefore(const QPoint& at) const {
   return at.y() > cell.center().y() ? index.row() + 1 : index.row();
 }
 
+// cppcheck-suppress unusedFunction
 void QtListControl::dropEvent(QDropEvent* event) {
   if (!Accepts(*event->mimeData())) return event->ignore();
   event->acceptProposedAction();

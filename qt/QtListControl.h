@@ -49,7 +49,6 @@ class QtListControl final : public QTableView, public platform::ListControl {
   std::int32_t RowValue(int row) const override;
   std::string RowText(int row, int column) const override;
   bool IsSelected(int row) const override;
-  void SetSelected(int row, bool selected) override;
   void SelectAll() override;
   unsigned ExtendedStyle() const override { return styles_; }
   void SetExtendedStyle(unsigned styles) override;

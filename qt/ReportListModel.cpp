@@ -112,6 +112,8 @@ void ReportListModel::MarkValue(std::int32_t value) {
   if (!rows_.empty()) emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1), {Qt::FontRole});
 }
 
+// Qt calls the overrides of its virtuals; cppcheck sees no caller.
+// cppcheck-suppress unusedFunction
 QVariant ReportListModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 ||
       section >= columnCount())

@@ -6,9 +6,9 @@
 #include "catalogue/MediaDB.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
-#include "scan/CDriveServices.h"
-#include "scan/OffLimitsFolders.h"
-#include "scan/Paths.h"
+#include "volumes/CDriveServices.h"
+#include "volumes/OffLimitsFolders.h"
+#include "volumes/Paths.h"
 
 namespace {
 

@@ -11,9 +11,9 @@
 #include "catalogue/MediaDB.h"
 #include "platform/FileSystem.h"
 #include "platform/LinuxPaths.h"
-#include "scan/CDriveServices.h"
-#include "scan/Paths.h"
 #include "scan/ScanReport.h"
+#include "volumes/CDriveServices.h"
+#include "volumes/Paths.h"
 
 namespace {
 
@@ -294,18 +294,6 @@ int DiscoveryScan::FindOrAddPath(const std::string& folder, int parentId, int vo
   db_.AddPath(path);
   index_.AddPath({path.PathID, path.ParentID, path.FullPath, 0});
   return path.PathID;
-}
-
-int DiscoveryScan::FindOrAddFile(const std::string& fullPath, int pathId, int volId,
-                                 const std::string& localPath) {
-  const int found = index_.FindFile(pathId, GetFileNamePart(fullPath));
-  if (found != -1) return found;
-  Sighting file;
-  file.facts = drives_.Files().Stat(localPath.empty() ? fullPath : localPath);
-  if (!file.facts) return -1;
-  volId_ = volId;
-  Record(file, pathId);
-  return index_.FindFile(pathId, file.facts->name);
 }
 
 void DiscoveryScan::SweepSubtree(const std::string& root, int volId) {

@@ -29,9 +29,9 @@
 
 #include "platform/FileSystem.h"
 #include "scan/BatchedTransaction.h"
-#include "scan/OffLimitsFolders.h"
-#include "scan/Paths.h"
 #include "scan/VolumeIndex.h"
+#include "volumes/OffLimitsFolders.h"
+#include "volumes/Paths.h"
 
 class CDriveServices;
 class MediaDB;
@@ -60,10 +60,6 @@ class DiscoveryScan {
   int RecordMediaFolders(const std::string& root, int volId);
 
   int FindOrAddPath(const std::string& folder, int parentId, int volId);
-  // -1 when the file vanished before it could be recorded. localPath, when
-  // given, is the same file as a Linux path, which spares resolving fullPath.
-  int FindOrAddFile(const std::string& fullPath, int pathId, int volId,
-                    const std::string& localPath = "");
 
   // Removes the folders under the root not seen by this scan, with their
   // files, and the unseen files of the folders that were seen.

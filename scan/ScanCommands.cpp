@@ -7,11 +7,11 @@
 #include "platform/FileSystem.h"
 #include "platform/FolderPicker.h"
 #include "platform/MessageBox.h"
-#include "scan/CDriveServices.h"
 #include "scan/CScanDlg.h"
 #include "scan/CVolumeScanner.h"
-#include "scan/Paths.h"
 #include "settings/CAppSettings.h"
+#include "volumes/CDriveServices.h"
+#include "volumes/Paths.h"
 
 ScanCommands::ScanCommands(CVolumeScanner& scanner, CDriveServices& drives, CAppSettings& settings,
                            platform::FolderPicker& picker, WorkerDialogHost& dialogs)

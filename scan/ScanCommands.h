@@ -11,7 +11,7 @@
 
 #include "base/Listeners.h"
 #include "scan/CVolumeScanner.h"
-#include "scan/Paths.h"
+#include "volumes/Paths.h"
 
 class CAppSettings;
 class CDriveServices;

@@ -2,7 +2,7 @@
 
 #include "base/CountText.h"
 #include "platform/FileSystem.h"
-#include "scan/Paths.h"
+#include "volumes/Paths.h"
 
 namespace {
 

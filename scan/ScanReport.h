@@ -12,7 +12,7 @@
 #include <string>
 #include <utility>
 
-#include "scan/Paths.h"
+#include "volumes/Paths.h"
 
 namespace platform {
 struct DirEntry;

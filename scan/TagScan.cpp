@@ -8,11 +8,11 @@
 #include "catalogue/MediaDB.h"
 #include "catalogue/Records.h"
 #include "platform/MessageBox.h"
-#include "scan/Paths.h"
 #include "scan/ScanReport.h"
 #include "scan/TagReadAhead.h"
 #include "scan/VolumeIndex.h"
 #include "tags/TagReader.h"
+#include "volumes/Paths.h"
 
 namespace {
 

@@ -15,6 +15,7 @@ packages=(
   dbus-daemon dbus-bin
   bindfs
   desktop-file-utils appstream
+  cppcheck
   "$@"
 )
 

@@ -16,10 +16,6 @@ void CAppSettings::SetConfigText(int configId, const std::string& value, bool in
   db_.SetConfig(configId, value, insert);
 }
 
-void CAppSettings::SetConfigInt(int configId, int value, bool insert) {
-  SetConfigText(configId, std::to_string(value), insert);
-}
-
 void CAppSettings::Load() {
   cdDrive = GetConfigText(kCdDrive);
   cacheFolder = GetConfigText(kCacheFolder);

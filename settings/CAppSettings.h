@@ -69,7 +69,6 @@ class CAppSettings {
   std::string GetConfigText(int configId);
   int GetConfigInt(int configId);
   void SetConfigText(int configId, const std::string& value, bool insert);
-  void SetConfigInt(int configId, int value, bool insert);
 
   // Reads every stored setting, one statement each.
   void Load();

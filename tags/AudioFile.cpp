@@ -14,19 +14,22 @@
 #include <taglib/tfilestream.h>
 #include <taglib/vorbisfile.h>
 
-#include "base/AsciiCase.h"
+#include "catalogue/MediaTypes.h"
 
 namespace tags {
 
 FileKind KindFromName(std::string_view path) {
-  if (path.size() <= 4) return FileKind::Unknown;
-  if (EndsWithIgnoringAsciiCase(path, ".OGG")) return FileKind::OggVorbis;
-  if (EndsWithIgnoringAsciiCase(path, ".MP3")) return FileKind::Mpeg;
-  if (EndsWithIgnoringAsciiCase(path, ".FLAC")) return FileKind::Flac;
-  if (EndsWithIgnoringAsciiCase(path, ".MPC")) return FileKind::Musepack;
-  if (EndsWithIgnoringAsciiCase(path, ".WMA")) return FileKind::Asf;
-  if (EndsWithIgnoringAsciiCase(path, ".OPUS")) return FileKind::Opus;
-  if (EndsWithIgnoringAsciiCase(path, ".M4A")) return FileKind::Mp4;
+  if (path.size() <= 4 || path.find('.') == std::string_view::npos) return FileKind::Unknown;
+  switch (MediaTypeOfName(path)) {
+    case kOgg: return FileKind::OggVorbis;
+    case kMp3: return FileKind::Mpeg;
+    case kFlac: return FileKind::Flac;
+    case kMusepack: return FileKind::Musepack;
+    case kWma: return FileKind::Asf;
+    case kOpus: return FileKind::Opus;
+    case kM4a: return FileKind::Mp4;
+    case kNotMedia: break;
+  }
   return FileKind::Unknown;
 }
 

@@ -6,6 +6,7 @@
 
 #include <memory>
 
+#include "base/Utf8.h"
 #include "tags/AudioFile.h"
 
 namespace {
@@ -14,20 +15,11 @@ bool IsTrailingWhiteSpace(char c) {
   return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\v' || c == '\f';
 }
 
-// Cut before the sequence that would not fit whole: a byte that continues a
-// sequence (10xxxxxx) never starts the part cut away.
-void CutUtf8(std::string& utf8, std::size_t limit) {
-  if (utf8.size() <= limit) return;
-  std::size_t end = limit;
-  while (end > 0 && (static_cast<unsigned char>(utf8[end]) & 0xC0) == 0x80) --end;
-  utf8.resize(end);
-}
-
 std::string Utf8WithoutTrailingWhiteSpace(const TagLib::String& text) {
   // No character takes less than a byte, so the first kMaxTagTextBytes
   // characters hold all that can be kept; the rest is never converted.
   std::string utf8 = text.substr(0, static_cast<unsigned int>(CTagReader::kMaxTagTextBytes)).to8Bit(true);
-  CutUtf8(utf8, CTagReader::kMaxTagTextBytes);
+  utf8.resize(Utf8CutAt(utf8, CTagReader::kMaxTagTextBytes));
   std::size_t end = utf8.size();
   while (end > 0 && IsTrailingWhiteSpace(utf8[end - 1])) --end;
   utf8.resize(end);

@@ -14,13 +14,13 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <memory>
 #include <optional>
 #include <vector>
 
 #include "base/AsciiCase.h"
 #include "platform/FileSystem.h"
+#include "platform/SmallFile.h"
 #include "tags/AudioFile.h"
 #include "tags/PictureSize.h"
 
@@ -123,18 +123,6 @@ std::optional<CoverPicture> Embedded(const std::string& localPath, bool& tooLarg
                       std::string(chosen->bytes.data(), chosen->bytes.size())};
 }
 
-// The whole file when it is a regular file of at most kMaxPictureBytes.
-std::optional<std::string> ReadSmallFile(const std::filesystem::path& path) {
-  std::error_code error;
-  if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
-  const auto size = std::filesystem::file_size(path, error);
-  if (error || size > CoverFinder::kMaxPictureBytes) return std::nullopt;
-  std::ifstream in(path, std::ios::binary);
-  std::string bytes(static_cast<std::size_t>(size), '\0');
-  if (!in.read(bytes.data(), static_cast<std::streamsize>(size))) return std::nullopt;
-  return bytes;
-}
-
 // The folder's entries that bear one of the names, in the names' order.
 std::vector<std::filesystem::path> FolderCandidates(const std::filesystem::path& folder) {
   std::vector<std::vector<std::filesystem::path>> byName(CoverFinder::kFolderNames.size());
@@ -154,7 +142,7 @@ std::vector<std::filesystem::path> FolderCandidates(const std::filesystem::path&
 std::optional<CoverPicture> InFolder(const std::string& localPath) {
   const std::filesystem::path folder = std::filesystem::path(localPath).parent_path();
   for (const std::filesystem::path& candidate : FolderCandidates(folder)) {
-    std::optional<std::string> bytes = ReadSmallFile(candidate);
+    std::optional<std::string> bytes = platform::ReadSmallFile(candidate.string(), CoverFinder::kMaxPictureBytes);
     if (bytes && CoverFinder::LooksLikePicture(*bytes) && CoverFinder::SmallEnough(*bytes))
       return CoverPicture{CoverPicture::Source::FolderFile, candidate.filename().string(), std::move(*bytes)};
   }

@@ -1,10 +1,10 @@
 #include "ui/CMainDlg.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <tuple>
 
 #include "base/CountText.h"
+#include "base/LengthText.h"
 #include "catalogue/MediaDB.h"
 #include "dialogs/COptionsDlg.h"
 #include "platform/ColumnLayout.h"
@@ -366,16 +366,6 @@ void CMainDlg::OnSeek(int ms) {
 void CMainDlg::OnVolume(int level) {
   parts_.settings.volume = std::clamp(level, 0, CAppSettings::kFullVolume);
   parts_.playback.SetVolume(parts_.settings.volume);
-}
-
-std::string FormatPlayTime(int ms) {
-  const int seconds = ms > 0 ? ms / 1000 : 0;
-  char text[32];
-  if (seconds >= 3600)
-    std::snprintf(text, sizeof text, "%d:%02d:%02d", seconds / 3600, seconds / 60 % 60, seconds % 60);
-  else
-    std::snprintf(text, sizeof text, "%d:%02d", seconds / 60, seconds % 60);
-  return text;
 }
 
 void CMainDlg::RunOptions() {

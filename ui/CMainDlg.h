@@ -172,6 +172,3 @@ class CMainDlg {
   std::string artist_;
   std::string coverPath_;
 };
-
-// "m:ss", or "h:mm:ss" from an hour on; negative times count as 0.
-std::string FormatPlayTime(int ms);

@@ -20,10 +20,6 @@ namespace {
 constexpr int kRatingWidth = 10;
 constexpr int kColumnPadding = 16;  // room for the cell's margins and the sort arrow
 
-const std::string& UserOrTag(const std::string& user, const std::string& tag) {
-  return user.empty() ? tag : user;
-}
-
 // Ten characters: as many "*" as the rating, the rest blanks.
 std::string RatingText(int rating) {
   const int stars = std::clamp(rating, 0, kRatingWidth);

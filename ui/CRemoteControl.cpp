@@ -16,10 +16,6 @@ namespace {
 
 constexpr std::int64_t kUsPerMs = 1000;
 
-const std::string& UserOrTag(const std::string& user, const std::string& tag) {
-  return user.empty() ? tag : user;
-}
-
 }  // namespace
 
 CRemoteControl::CRemoteControl(CMainDlg& window, CPlayListModel& playList, CPlayThrough& playThrough,

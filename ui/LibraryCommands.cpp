@@ -8,10 +8,10 @@
 #include "dialogs/CVolumeInfoDlg.h"
 #include "platform/DriveTable.h"
 #include "platform/MessageBox.h"
-#include "scan/CDriveServices.h"
-#include "scan/Paths.h"
 #include "scan/ScanCommands.h"
 #include "settings/CAppSettings.h"
+#include "volumes/CDriveServices.h"
+#include "volumes/Paths.h"
 
 LibraryCommands::LibraryCommands(MediaDB& db, const CAppSettings& settings,
                                  const CDriveServices& drives)

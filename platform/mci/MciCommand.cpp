@@ -40,9 +40,10 @@ std::optional<std::vector<std::string>> SplitTokens(std::string_view text) {
   }
 }
 
-// Digits only; a number too large for 64 bits saturates, so that it reads as
-// "past the end" rather than as junk.
-std::optional<std::uint64_t> ParseMilliseconds(std::string_view digits) {
+// A position in milliseconds or a volume level: digits only; a number too
+// large for 64 bits saturates, so that it reads as past the end (or as the
+// loudest) rather than as junk.
+std::optional<std::uint64_t> ParseUnsigned(std::string_view digits) {
   if (digits.empty()) return std::nullopt;
   for (char c : digits) {
     if (c < '0' || c > '9') return std::nullopt;
@@ -113,7 +114,7 @@ std::optional<MciCommand> ParseStatus(const Tokens& t) {
 
 std::optional<MciCommand> ParsePlay(const Tokens& t) {
   if (t.size() != 4 || !SameWord(t[2], "from")) return std::nullopt;
-  auto from = ParseMilliseconds(t[3]);
+  auto from = ParseUnsigned(t[3]);
   if (!from) return std::nullopt;
   return MciCommand{MciVerb::PlayFrom, t[1], {}, *from};
 }
@@ -126,7 +127,7 @@ std::optional<MciCommand> ParseSeek(const Tokens& t) {
     command.toEnd = true;
     return command;
   }
-  const auto to = SameWord(t[3], "start") ? std::optional<std::uint64_t>(0) : ParseMilliseconds(t[3]);
+  const auto to = SameWord(t[3], "start") ? std::optional<std::uint64_t>(0) : ParseUnsigned(t[3]);
   if (!to) return std::nullopt;
   command.fromMs = *to;
   return command;
@@ -135,7 +136,7 @@ std::optional<MciCommand> ParseSeek(const Tokens& t) {
 // setaudio A volume to N
 std::optional<MciCommand> ParseSetAudio(const Tokens& t) {
   if (t.size() != 5 || !SameWord(t[2], "volume") || !SameWord(t[3], "to")) return std::nullopt;
-  auto level = ParseMilliseconds(t[4]);
+  auto level = ParseUnsigned(t[4]);
   if (!level) return std::nullopt;
   MciCommand command{MciVerb::SetVolume, t[1], {}, 0};
   command.volume = *level;

@@ -44,11 +44,4 @@ std::string OpenTimedOutText(std::chrono::milliseconds limit) {
          " seconds";
 }
 
-void CopyTruncated(std::string_view text, char* out, unsigned size) {
-  if (out == nullptr || size == 0) return;
-  std::size_t count = std::min<std::size_t>(text.size(), size - 1);
-  std::memcpy(out, text.data(), count);
-  out[count] = '\0';
-}
-
 }  // namespace platform::mci

@@ -16,8 +16,4 @@ std::optional<std::string_view> MciErrorText(std::uint32_t code);
 // "did not open within 10 seconds" for a limit of 10 s; tenths below a second.
 std::string OpenTimedOutText(std::chrono::milliseconds limit);
 
-// Writes up to size - 1 bytes of text and a terminating zero. A null buffer or
-// a size of 0 writes nothing.
-void CopyTruncated(std::string_view text, char* out, unsigned size);
-
 }  // namespace platform::mci

@@ -37,8 +37,6 @@ void QtCoverView::ShowCoverOf(int fileId, const std::string& path) {
   loader_.Request(fileId, path);
 }
 
-bool QtCoverView::ShowsPicture() const { return !pixmap().isNull(); }
-
 void QtCoverView::OnLoaded(int fileId, const QString& path, const QImage& image) {
   if (fileId != fileId_ || (!locating_ && path != path_)) return;
   if (locating_) {

@@ -27,7 +27,6 @@ class QtCoverView : public QLabel {
   // meanwhile the square says "Checking the disc…".
   void ShowCoverLocated(int fileId, std::function<std::string()> locate);
   void ShowNothing();
-  bool ShowsPicture() const;
 
  private:
   void OnLoaded(int fileId, const QString& path, const QImage& image);

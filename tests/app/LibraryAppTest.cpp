@@ -9,6 +9,7 @@
 #include <filesystem>
 
 #include "app/CLibraryApp.h"
+#include "tests/support/CatalogueRows.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingMediaControl.h"
 
@@ -51,7 +52,7 @@ TEST_F(LibraryAppTest, FirstStartWritesTheDefaultsAndMakesTheCacheFolder) {
       {540, "400"}, {545, "210"}, {550, ""},           {555, ""},   {560, "0"},
       {605, ""},    {700, "1000"}, {705, "1"}, {710, "0"}};
   // The settings, and the marks of the highest ids given (901 to 904).
-  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 23);
+  EXPECT_EQ(testing_support::QueryNumber(app->Db(), "SELECT count(*) FROM Configs;"), 23);
   for (const auto& [id, value] : expected) EXPECT_EQ(Config(*app, id), value) << id;
   EXPECT_TRUE(fs::is_directory(folder.Path() + "/home/QORCache"));
   EXPECT_TRUE(messages.Shown().empty());
@@ -80,7 +81,7 @@ TEST_F(LibraryAppTest, LaterStartsInsertNothingAndExitWritesOnlyWhenASettingChan
   EXPECT_EQ(exitStatements.front() + exitStatements.back(), "BEGINCOMMIT");
   EXPECT_EQ(exitStatements[3], "UPDATE Configs SET Value='41' WHERE ConfigID=505;");
   EXPECT_TRUE(StatementsOf(*app, [&] { app->Exit(); }).empty());  // saved: unchanged again
-  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 23);
+  EXPECT_EQ(testing_support::QueryNumber(app->Db(), "SELECT count(*) FROM Configs;"), 23);
 }
 
 // The holder is named only when it is a Vantrelle program: a lock held by
@@ -135,7 +136,7 @@ TEST_F(LibraryAppTest, CatalogueVersionTest) {
   {
     MediaDB db;
     db.Open(folder.Path() + "/");
-    db.ExecuteChange("DELETE FROM Configs WHERE ConfigID=1;");
+    testing_support::RunSql(db, "DELETE FROM Configs WHERE ConfigID=1;");
   }
   EXPECT_EQ(NewApp()->Start(), CLibraryApp::StartResult::Ready);
   EXPECT_EQ(messages.Shown().size(), 2u);
@@ -145,7 +146,7 @@ TEST_F(LibraryAppTest, MissingSettingRowsAreWrittenWithTheirDefaultsAndSettingsS
   {
     auto app = NewApp();
     app->Start();
-    app->Db().ExecuteChange("DELETE FROM Configs WHERE ConfigID IN (410,505,605,700,705,710);");
+    testing_support::RunSql(app->Db(), "DELETE FROM Configs WHERE ConfigID IN (410,505,605,700,705,710);");
   }
   {
     auto app = NewApp();
@@ -171,7 +172,7 @@ TEST_F(LibraryAppTest, MissingSettingRowsAreWrittenWithTheirDefaultsAndSettingsS
   EXPECT_EQ(s.cacheFolder + " " + std::to_string(s.mainLeft), "C:\\It's a cache -20");
   EXPECT_EQ(s.playListFolder + " " + std::to_string(s.volume), "C:\\Lists\\ 350");
   EXPECT_EQ(s.lastAddedFolder, "");  // kept for one run only
-  EXPECT_EQ(app->Db().QueryInt("SELECT count(*) FROM Configs;"), 23);
+  EXPECT_EQ(testing_support::QueryNumber(app->Db(), "SELECT count(*) FROM Configs;"), 23);
 }
 
 TEST_F(LibraryAppTest, AnEmptyOrHalfMadeCatalogueIsMadeWhole) {
@@ -182,12 +183,12 @@ TEST_F(LibraryAppTest, AnEmptyOrHalfMadeCatalogueIsMadeWhole) {
     auto app = NewApp();
     ASSERT_EQ(app->Start(), CLibraryApp::StartResult::Ready);
     EXPECT_EQ(Config(*app, 1), "2.1");
-    app->Db().ExecuteChange("DROP TABLE Configs;");
+    testing_support::RunSql(app->Db(), "DROP TABLE Configs;");
   }
   auto app = NewApp();
   ASSERT_EQ(app->Start(), CLibraryApp::StartResult::Ready);
   EXPECT_EQ(Config(*app, 410), "C:\\QORCache");
-  EXPECT_EQ(app->Db().QueryInt(
+  EXPECT_EQ(testing_support::QueryNumber(app->Db(), 
                 "SELECT count(*) FROM sqlite_master WHERE type='table' AND name NOT LIKE 'vantrelle!_%' ESCAPE '!';"),
             5);
 }

@@ -12,6 +12,7 @@
 
 #include "catalogue/CatalogueFailure.h"
 #include "tests/catalogue/CatalogueFixture.h"
+#include "tests/support/CatalogueRows.h"
 
 namespace {
 
@@ -67,7 +68,7 @@ TEST_F(CatalogueTest, NewCatalogueHoldsExactlyTheFiveTablesAndItsOwnAdditions) {
 
 TEST_F(CatalogueTest, ACatalogueWithoutIndexesGainsThemAndRemovesSubtreesInTwoStatements) {
   for (const char* index : {"vantrelle_files_by_path", "vantrelle_paths_by_parent", "vantrelle_paths_by_volume"})
-    db.ExecuteChange((std::string("DROP INDEX ") + index + ";").c_str());
+    testing_support::RunSql(db, std::string("DROP INDEX ") + index + ";");
   const int vol = AddVolume("1", 3);
   const int music = AddPath(vol, "\\Music\\");
   const int rock = AddPath(vol, "\\Music\\Rock\\", music);
@@ -75,7 +76,7 @@ TEST_F(CatalogueTest, ACatalogueWithoutIndexesGainsThemAndRemovesSubtreesInTwoSt
   const int last = AddFile(rock, "b.mp3");
   MediaDB reopened;
   ASSERT_EQ(reopened.Open(folder.Path() + "/"), 0);
-  EXPECT_EQ(reopened.QueryInt("SELECT count(*) FROM sqlite_master WHERE type='index';"), 3);
+  EXPECT_EQ(testing_support::QueryNumber(reopened, "SELECT count(*) FROM sqlite_master WHERE type='index';"), 3);
 
   std::vector<std::string> statements;
   reopened.ObserveStatements([&](const char* sql) { statements.emplace_back(sql); });
@@ -84,8 +85,8 @@ TEST_F(CatalogueTest, ACatalogueWithoutIndexesGainsThemAndRemovesSubtreesInTwoSt
   EXPECT_EQ(std::count_if(statements.begin(), statements.end(),
                           [](const std::string& s) { return s.starts_with("DELETE"); }),
             2);
-  EXPECT_EQ(reopened.QueryInt("SELECT count(*) FROM MediaFiles;"), 0);
-  EXPECT_EQ(reopened.QueryInt("SELECT count(*) FROM MediaPaths;"), 0);
+  EXPECT_EQ(testing_support::QueryNumber(reopened, "SELECT count(*) FROM MediaFiles;"), 0);
+  EXPECT_EQ(testing_support::QueryNumber(reopened, "SELECT count(*) FROM MediaPaths;"), 0);
   // The removed rows held the highest ids: none is handed out again.
   CMediaPath jazz;
   jazz.VolID = vol;
@@ -118,7 +119,6 @@ TEST_F(CatalogueTest, TextsWithQuotesAndOddLettersRoundTrip) {
 
 TEST_F(CatalogueTest, MissingRowsAndNullColumns) {
   EXPECT_EQ(db.GetFile(99), nullptr);
-  EXPECT_EQ(db.GetVolumeType(99), -1);
   EXPECT_EQ(db.GetPathFullPath(99), "");
   EXPECT_EQ(db.GetConfig(405), "");
   const int vol = AddVolume("1", 3);
@@ -128,7 +128,7 @@ TEST_F(CatalogueTest, MissingRowsAndNullColumns) {
   EXPECT_EQ(file->Title, "");
   // What the system never writes stays NULL.
   db.UpdateFileTagsAndProperties(*file, 0);
-  EXPECT_EQ(db.QueryInt("SELECT count(*) FROM MediaFiles WHERE Size IS NULL AND id3Genre IS NULL;"), 1);
+  EXPECT_EQ(testing_support::QueryNumber(db, "SELECT count(*) FROM MediaFiles WHERE Size IS NULL AND id3Genre IS NULL;"), 1);
 }
 
 TEST_F(CatalogueTest, SearchSeesEveryChangeWhoeverMadeIt) {
@@ -253,7 +253,7 @@ TEST_F(CatalogueTest, IdsAreNeverHandedOutTwiceAcrossRemovalsAndRestarts) {
   db.DeleteFiles({second});
   const int third = AddFile(path, "c.mp3");
   EXPECT_GT(third, second);
-  EXPECT_EQ(db.QueryInt("SELECT count(*) FROM MediaFiles;"), 2);  // no placeholder left
+  EXPECT_EQ(testing_support::QueryNumber(db, "SELECT count(*) FROM MediaFiles;"), 2);  // no placeholder left
 
   // The highest rows of every table go, then the catalogue is opened anew.
   CPlayList list;
@@ -272,7 +272,7 @@ TEST_F(CatalogueTest, IdsAreNeverHandedOutTwiceAcrossRemovalsAndRestarts) {
   EXPECT_GT(reopened.AddFile(file), third);
   reopened.Commit();
   EXPECT_GT(reopened.AddPlayList(list), listId);
-  EXPECT_EQ(reopened.QueryInt("SELECT count(*) FROM MediaFiles;"), 1);
+  EXPECT_EQ(testing_support::QueryNumber(reopened, "SELECT count(*) FROM MediaFiles;"), 1);
   EXPECT_GT(first, 0);
 }
 
@@ -281,11 +281,11 @@ TEST_F(CatalogueTest, ACatalogueWithoutIdMarksGetsThemFromItsRows) {
   const int path = AddPath(vol, "\\A\\");
   AddFile(path, "a.mp3");
   const int last = AddFile(path, "b.mp3");
-  db.ExecuteChange("DELETE FROM Configs;");  // as a catalogue of an older version
+  testing_support::RunSql(db, "DELETE FROM Configs;");  // as a catalogue of an older version
   MediaDB reopened;
   ASSERT_EQ(reopened.Open(folder.Path() + "/"), 0);
   EXPECT_EQ(reopened.GetConfig(901), std::to_string(last));
-  reopened.DeletePathFiles(path);
+  reopened.DeletePathTree(path);
   CMediaFile file;
   EXPECT_EQ(reopened.AddFile(file), last + 1);
 }
@@ -294,17 +294,18 @@ using CatalogueDeathTest = CatalogueTest;
 
 TEST_F(CatalogueDeathTest, FailingStatementEndsTheProcessWithStatusOne) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
-  EXPECT_EXIT(db.ExecuteChange("DELETE FROM NoSuchTable;"), ::testing::ExitedWithCode(1),
-              "no such table: NoSuchTable");
-  EXPECT_EXIT(db.QueryInt("SELECT NoSuchColumn FROM MediaFiles;"), ::testing::ExitedWithCode(1),
-              "no such column");
+  // Another program takes the tables away.
+  testing_support::RunSql(db, "DROP TABLE PlayLists; ALTER TABLE MediaFiles DROP COLUMN Rating;");
+  EXPECT_EXIT(db.DeletePlayList(1), ::testing::ExitedWithCode(1), "no such table: PlayLists");
+  EXPECT_EXIT(db.GetFolderListRows(1), ::testing::ExitedWithCode(1), "no such column");
 }
 
 // The failure is told (where a window shows it) before the process ends.
 TEST_F(CatalogueDeathTest, AFailureIsToldBeforeTheProcessEnds) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   const auto tell = [](const std::string& text) { std::fprintf(stderr, "told: %s\n", text.c_str()); };
-  EXPECT_EXIT((NoticeCatalogueFailuresWith(tell), db.ExecuteChange("DELETE FROM NoSuchTable;")),
+  testing_support::RunSql(db, "DROP TABLE PlayLists;");
+  EXPECT_EXIT((NoticeCatalogueFailuresWith(tell), db.DeletePlayList(1)),
               ::testing::ExitedWithCode(1), "told: vantrelle: catalogue statement failed: .*no such table");
 }
 
@@ -338,12 +339,8 @@ TEST_F(CatalogueTest, WithoutAWriteAheadLogTheCatalogueKeepsARollbackJournal) {
   testing_support::StoreFile(shared, testing_support::StoreFolder(shared, later, "\\Music\\", -1), "a.mp3");
   EXPECT_FALSE(std::filesystem::exists(path + "-wal"));
   EXPECT_FALSE(std::filesystem::exists(path + "-shm"));
-  CppSQLite3ResultSet mode;
-  shared.RunQuery("PRAGMA journal_mode;", mode);
-  EXPECT_STREQ(mode.FieldText(0), "delete");
-  CppSQLite3ResultSet check;
-  shared.RunQuery("PRAGMA integrity_check;", check);
-  EXPECT_STREQ(check.FieldText(0), "ok");
+  EXPECT_EQ(testing_support::RunSql(path, "PRAGMA journal_mode; PRAGMA integrity_check;"),
+            (std::vector<std::vector<std::string>>{{"delete"}, {"ok"}}));
 }
 
 }  // namespace

@@ -89,25 +89,25 @@ TEST_F(PlaybackTest, APresentPathIsGivenOnlyForTheRightDiscAndNeverAsks) {
   const auto later = app->Playback().LocateLater(cdFile);
   ASSERT_TRUE(later);
   EXPECT_FALSE(app->Playback().LocateLater(999));
-  EXPECT_EQ(app->Playback().PresentPath(cdFile), "");  // the drive is empty
+  const auto presentPath = [&](int fileId) { return app->Playback().LocateLater(fileId)(); };
+  EXPECT_EQ(presentPath(cdFile), "");  // the drive is empty
   std::string located = "unset";
   std::thread([&] { located = later(); }).join();
   EXPECT_EQ(located, "");
   drives.InsertDisc('E', Disc("other", 2));
-  EXPECT_EQ(app->Playback().PresentPath(cdFile), "");
+  EXPECT_EQ(presentPath(cdFile), "");
   drives.InsertDisc('E', Disc("right", kSerial));
-  EXPECT_EQ(app->Playback().PresentPath(cdFile), "E:\\Jazz\\a.mp3");
-  app->Db().ExecuteChange("DELETE FROM MediaFiles;");
+  EXPECT_EQ(presentPath(cdFile), "E:\\Jazz\\a.mp3");
+  testing_support::RunSql(app->Db(), "DELETE FROM MediaFiles;");
   std::thread([&] { located = later(); }).join();
   EXPECT_EQ(located, "E:\\Jazz\\a.mp3");
   // A disk is at hand on its letter only while the letter holds that disk.
   const int onDisk = AddFile(kDriveFixed, "C", "\\Music\\", "b.flac");
-  EXPECT_EQ(app->Playback().PresentPath(onDisk), "");
+  EXPECT_EQ(presentPath(onDisk), "");
   const std::string serial = app->Drives().ReadVolumeInfo("C")->SerialNo;
-  app->Db().ExecuteChange(("UPDATE MediaVolumes SET SerialNo='" + serial + "' WHERE VolID=" +
+  testing_support::RunSql(app->Db(), ("UPDATE MediaVolumes SET SerialNo='" + serial + "' WHERE VolID=" +
                            std::to_string(app->Db().GetFileVolume(onDisk)) + ";").c_str());
-  EXPECT_EQ(app->Playback().PresentPath(onDisk), "C:\\Music\\b.flac");
-  EXPECT_EQ(app->Playback().PresentPath(999), "");
+  EXPECT_EQ(presentPath(onDisk), "C:\\Music\\b.flac");
   EXPECT_TRUE(messages.Shown().empty());
   EXPECT_TRUE(media.Commands().empty());
 }
@@ -138,9 +138,9 @@ TEST_F(PlaybackTest, AFileThatDoesNotOpenIsReportedAndOneWithoutItsRowsIsNotTrie
   // A file without its folder or volume row is not tried at all.
   media.Forget();
   const int noFolder = AddFile(kDriveFixed, "C", "\\", "a.mp3");
-  app->Db().ExecuteChange("DELETE FROM MediaPaths;");
+  testing_support::RunSql(app->Db(), "DELETE FROM MediaPaths;");
   const int noVolume = AddFile(kDriveFixed, "C", "\\", "b.mp3");
-  app->Db().ExecuteChange("DELETE FROM MediaVolumes;");
+  testing_support::RunSql(app->Db(), "DELETE FROM MediaVolumes;");
   for (int id : {noFolder, noVolume, 999}) EXPECT_EQ(app->Playback().PlayFile(id), CPlaybackControl::kNotPlayed) << id;
   EXPECT_TRUE(media.Commands().empty());
   EXPECT_EQ(messages.Texts().size(), 2u);

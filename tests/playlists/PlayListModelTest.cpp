@@ -2,26 +2,6 @@
 
 namespace {
 
-TEST(SongLabel, ArtistAndTitleOrElseTheFileName) {
-  const auto label = [](const char* title, const char* id3Title, const char* artist, const char* id3Artist) {
-    CMediaFile file;
-    file.FileName = "track.mp3";
-    file.Title = title;
-    file.id3Title = id3Title;
-    file.Artist = artist;
-    file.id3Artist = id3Artist;
-    return SongLabel(file);
-  };
-  EXPECT_EQ(label("Blue Road", "Tag", "Quartet", "Tag"), "Quartet - Blue Road");
-  EXPECT_EQ(label("", "Blue", "X", ""), "X - Blue");
-  EXPECT_EQ(label("T", "", "", "Tagged"), "Tagged - T");
-  EXPECT_EQ(label("", "", "X", "Y"), "track.mp3");
-  EXPECT_EQ(label("T", "", "", ""), "track.mp3");
-  EXPECT_EQ(label("T", "", "Unknown Artist", "Y"), "track.mp3");
-  EXPECT_EQ(label("T", "", "", "Unknown Artist"), "track.mp3");
-  EXPECT_EQ(label("T", "", "unknown artist", ""), "unknown artist - T");
-}
-
 using PlayListModelTest = PlayListTest;
 
 TEST_F(PlayListModelTest, RowsHoldEachFileOnceInTheOrderAdded) {

@@ -29,7 +29,7 @@ class PlayListWindowTest : public PlayListTest, private PlayListView {
   void MoveWindow(int, int, int, int) override {}
   void MoveList(int, int, int, int) override {}
   void AddButtons(std::span<const PlayListButton>) override {}
-  int TrackPopupMenu(std::span<const PlayListMenuEntry>) override { return CPlayListDlg::kSavePlayList; }
+  int TrackPopupMenu(std::span<const platform::MenuEntry>) override { return CPlayListDlg::kSavePlayList; }
   void SetStatusLine(const std::string& text) override { statusLine = text; }
 
   testing_support::WorkerDialogDriver copyDialogs{messages};

@@ -101,7 +101,7 @@ class MprisBusTest : public ::testing::Test, protected testing_support::ProgramF
       const int fileId = testing_support::StoreFile(app.Db(), pathId, std::string(title) + ".wav");
       const std::string tags = "UPDATE MediaFiles SET Title='" + std::string(title) +
                                "', Artist='Quartet' WHERE FileID=" + std::to_string(fileId) + ";";
-      app.Db().ExecuteChange(tags.c_str());
+      testing_support::RunSql(app.Db(), tags);
       ids += (ids.empty() ? "" : ",") + std::to_string(fileId);
     }
     CPlayList list;

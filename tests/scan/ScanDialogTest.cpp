@@ -97,8 +97,8 @@ TEST_F(ScanCommandsTest, EverySpellingOfAFolderGivesOneRoot) {
     commands.AddFolder(spelling);
   EXPECT_EQ(CataloguedFolders(), (std::map<std::string, int>{{"\\Keep\\", 1}}));
   EXPECT_EQ(settings.lastAddedFolder, "C:\\Keep\\");
-  ASSERT_EQ(db.GetVolumeIds(3).size(), 1u);
-  EXPECT_EQ(db.GetVolume(db.GetVolumeIds(3)[0])->DrvLtr, "C");
+  ASSERT_EQ(db.GetVolumesOfType(3).size(), 1u);
+  EXPECT_EQ(db.GetVolumesOfType(3)[0].DrvLtr, "C");
 }
 
 TEST_F(ScanCommandsTest, AddCdPromptsForADiscAndFindsKnownDiscsAgain) {
@@ -125,7 +125,7 @@ TEST_F(ScanCommandsTest, AddCdPromptsForADiscAndFindsKnownDiscsAgain) {
   testDrives.InsertDisc('E', jazz);
   commands.AddCd();
 
-  EXPECT_EQ(db.GetVolumeIds(5).size(), 2u);
+  EXPECT_EQ(db.GetVolumesOfType(5).size(), 2u);
   const int jazzVol = db.FindVolumeBySerial("305419896");
   auto volume = db.GetVolume(jazzVol);
   EXPECT_EQ(volume->DisplayName, "Jazz 1");
@@ -185,7 +185,7 @@ TEST_F(ScanCommandsTest, AddHdScansThePickedFolderAndStartsThereNextTime) {
   EXPECT_EQ(picker.startedAt,
             (std::vector<std::string>{"", "", folder.Path() + "/c/Music/"}));
   EXPECT_EQ(CataloguedFolders().size(), 1u);
-  EXPECT_EQ(db.GetVolumeIds(3).size(), 1u);
+  EXPECT_EQ(db.GetVolumesOfType(3).size(), 1u);
 
   picker.folder = "/proc";  // no drive of this table holds it: nothing happens
   commands.AddHd();

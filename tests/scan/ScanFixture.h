@@ -12,12 +12,13 @@
 
 #include "catalogue/MediaDB.h"
 #include "platform/LinuxDriveTable.h"
-#include "scan/CDriveServices.h"
 #include "scan/CVolumeScanner.h"
 #include "tags/CTagReader.h"
+#include "tests/support/CatalogueRows.h"
 #include "tests/support/FailingListings.h"
 #include "tests/support/ScriptedMessageBox.h"
 #include "tests/support/TempFolder.h"
+#include "volumes/CDriveServices.h"
 
 // Reads through the real reader, calling a hook first (to throw, to block, to
 // see which files are read). Scans read on several threads at once: the hook
@@ -71,17 +72,17 @@ class ScanTest : public ::testing::Test {
   // Stored folder path -> PathID, of every folder in the catalogue.
   std::map<std::string, int> CataloguedFolders() {
     std::map<std::string, int> folders;
-    for (std::int32_t vol : db.GetVolumeIds(-1))
-      for (const PathRow& row : db.GetVolumePathRows(vol)) folders[row.FullPath] = row.PathID;
+    for (const auto& row : testing_support::RunSql(db.Path(), "SELECT FullPath,PathID FROM MediaPaths;"))
+      folders[row[0]] = std::stoi(row[1]);
     return folders;
   }
 
   // "stored folder path + file name" -> FileID, of every file in the catalogue.
   std::map<std::string, int> CataloguedFiles() {
     std::map<std::string, int> result;
-    for (std::int32_t vol : db.GetVolumeIds(-1))
-      for (const FileRow& row : db.GetVolumeFileRows(vol))
-        result[db.GetPathFullPath(row.PathID) + row.FileName] = row.FileID;
+    for (const auto& row : testing_support::RunSql(
+             db.Path(), "SELECT p.FullPath||f.FileName,f.FileID FROM MediaFiles f JOIN MediaPaths p ON p.PathID=f.PathID;"))
+      result[row[0]] = std::stoi(row[1]);
     return result;
   }
 

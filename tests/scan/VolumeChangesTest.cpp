@@ -9,6 +9,7 @@
 
 #include "tests/platform/ScopedTmpfs.h"
 #include "tests/scan/ScanFixture.h"
+#include "tests/support/CatalogueRows.h"
 
 namespace {
 
@@ -100,7 +101,7 @@ TEST_F(VolumeChangesTest, ADiskUnpluggedDuringARescanKeepsEveryRowAndEdit) {
   EXPECT_EQ(scanner.Report().Refusal(), "");
   EXPECT_EQ(CataloguedFiles(), files);
   EXPECT_EQ(Title(edited), "Mine/Café Müller/5");
-  EXPECT_EQ(db.GetVolumeIds(-1).size(), 1u);
+  EXPECT_EQ(testing_support::QueryNumber(db, "SELECT count(*) FROM MediaVolumes;"), 1);
 }
 
 TEST_F(VolumeChangesTest, FilesChangedSinceTheyWereReadAreReadAgainAndNoOthers) {
@@ -129,11 +130,11 @@ TEST_F(VolumeChangesTest, FilesChangedSinceTheyWereReadAreReadAgainAndNoOthers) 
   EXPECT_EQ(Title(files.at("\\Music\\retagged.mp3")), "Mine/Second Take/0");
 
   // Rows read before stamps were kept gain them without being read again.
-  db.ExecuteChange("DELETE FROM vantrelle_file_stamps;");
+  testing_support::RunSql(db, "DELETE FROM vantrelle_file_stamps;");
   read.clear();
   Scan(3, "C:\\Music\\");
   EXPECT_TRUE(read.empty());
-  EXPECT_EQ(db.QueryInt("SELECT count(*) FROM vantrelle_file_stamps;"), 3);
+  EXPECT_EQ(testing_support::QueryNumber(db, "SELECT count(*) FROM vantrelle_file_stamps;"), 3);
   fs::resize_file(music + "same.mp3", fs::file_size(music + "same.mp3") - 1);
   Scan(3, "C:\\Music\\");
   EXPECT_EQ(read, (std::vector<std::string>{"same.mp3"}));

@@ -4,11 +4,11 @@
 #include "catalogue/MediaDB.h"
 #include "dialogs/CFolderDialog.h"
 #include "dialogs/COptionsDlg.h"
-#include "scan/CDriveServices.h"
 #include "settings/CAppSettings.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/ScriptedFolderPicker.h"
 #include "tests/support/ScriptedViews.h"
+#include "volumes/CDriveServices.h"
 
 namespace {
 

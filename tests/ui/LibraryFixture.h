@@ -62,7 +62,7 @@ class LibraryTest : public ::testing::Test, protected testing_support::ProgramFo
   }
   int AddFile(int pathId, const std::string& fileName) { return testing_support::StoreFile(app->Db(), pathId, fileName); }
 
-  int Exec(const std::string& sql) { return app->Db().ExecuteChange(sql.c_str()); }
+  void Exec(const std::string& sql) { testing_support::RunSql(app->Db(), sql); }
 
   // One line per node: depth shown by two blanks, label, value, "+" when
   // expanded and "*" when bold.

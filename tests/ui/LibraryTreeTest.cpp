@@ -1,6 +1,7 @@
 #include <limits>
 
 #include "tests/ui/LibraryFixture.h"
+#include "tests/support/CatalogueRows.h"
 #include "ui/NodeValue.h"
 #include "ui/QuickSearch.h"
 
@@ -41,7 +42,7 @@ class LibraryTreeTest : public LibraryTest {
     app->Tree().Rebuild();
   }
   std::string Count(const std::string& rows) {
-    return std::to_string(app->Db().QueryInt(("SELECT count(*) FROM " + rows).c_str()));
+    return std::to_string(testing_support::QueryNumber(app->Db(), "SELECT count(*) FROM " + rows));
   }
 
   int cd = 0, disk = 0, music = 0, rock = 0, live = 0, rockFile = 0, liveFile = 0;

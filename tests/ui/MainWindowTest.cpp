@@ -51,7 +51,7 @@ class MainWindowTest : public LibraryTest, private MainWindowView, private PlayL
 
   platform::ListControl& List() override { return playList; }
   void AddButtons(std::span<const PlayListButton>) override {}
-  int TrackPopupMenu(std::span<const PlayListMenuEntry>) override { return 0; }
+  int TrackPopupMenu(std::span<const platform::MenuEntry>) override { return 0; }
   // The main window's and the play list window's line alike.
   void SetStatusLine(const std::string& text) override { statusLine = text; }
 

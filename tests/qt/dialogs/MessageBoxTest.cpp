@@ -11,6 +11,7 @@
 #include "qt/dialogs/QtFolderPicker.h"
 #include "qt/dialogs/QtMessageBox.h"
 #include "tests/qt/dialogs/WhenShown.h"
+#include "tests/support/CatalogueRows.h"
 #include "tests/support/TempFolder.h"
 
 namespace {
@@ -59,6 +60,7 @@ TEST(QtMessageBoxDeathTest, AFailedCatalogueStatementIsShownBeforeTheProgramEnds
   testing_support::TempFolder folder;
   MediaDB db;
   db.Open(folder.Path() + "/");
+  testing_support::RunSql(db, "DROP TABLE PlayLists;");
   QtMessageBox messages;
   EXPECT_EXIT(
       {
@@ -67,7 +69,7 @@ TEST(QtMessageBoxDeathTest, AFailedCatalogueStatementIsShownBeforeTheProgramEnds
           std::fprintf(stderr, "shown: %s\n", box.text().toStdString().c_str());
           box.accept();
         });
-        db.ExecuteChange("DELETE FROM NoSuchTable;");
+        db.DeletePlayList(1);
       },
       ::testing::ExitedWithCode(1), "shown: Vantrelle has to end: catalogue statement failed: .*no such table");
 }

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "scan/Paths.h"
+#include "volumes/Paths.h"
 
 TEST(Paths, FoldersFullPathsAndTheirParts) {
   EXPECT_EQ(NormalizeFolder("C:\\Music"), "C:\\Music\\");

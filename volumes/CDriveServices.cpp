@@ -1,4 +1,4 @@
-#include "scan/CDriveServices.h"
+#include "volumes/CDriveServices.h"
 
 #include <cctype>
 
@@ -6,7 +6,7 @@
 #include "platform/DriveTable.h"
 #include "platform/FileSystem.h"
 #include "platform/MessageBox.h"
-#include "scan/Paths.h"
+#include "volumes/Paths.h"
 
 namespace {
 
@@ -56,30 +56,11 @@ int CDriveServices::WaitForVolume(const std::string& drive, const std::string& s
   }
 }
 
-std::vector<std::string> CDriveServices::ListSubfolders(const std::string& folder) const {
-  std::vector<std::string> names;
-  for (const auto& entry : files_.List(folder, "*.*").entries)
-    if (entry.IsFolder()) names.push_back(entry.name);
-  return names;
-}
-
 std::vector<std::string> CDriveServices::ListFiles(const std::string& folder) const {
   std::vector<std::string> names;
   for (const auto& entry : files_.List(folder, "*.*").entries)
     if (entry.IsFile()) names.push_back(entry.name);
   return names;
-}
-
-std::vector<std::string> CDriveServices::ListMediaFiles(const std::string& folder) const {
-  std::vector<std::string> names;
-  for (const auto& entry : files_.List(folder, "*.*").entries)
-    if (entry.IsFile() && GetFileType(entry.name) != kNotMedia) names.push_back(entry.name);
-  return names;
-}
-
-std::unique_ptr<CMediaFile> CDriveServices::MakeFileRecord(const std::string& fullPath) const {
-  const auto facts = files_.Stat(fullPath);
-  return facts ? FileRecordOf(*facts) : nullptr;
 }
 
 std::unique_ptr<CMediaFile> CDriveServices::FileRecordOf(const platform::FileFacts& facts) {

@@ -9,18 +9,7 @@
 
 #include <string>
 
-// Media types kept in MediaFiles.Type.
-enum MediaType : int {
-  kNotMedia = 0,
-  kMp3 = 1,
-  kOgg = 2,
-  kWma = 3,
-  // Recorded only when the user asks for every audio format.
-  kFlac = 4,
-  kMusepack = 5,
-  kOpus = 6,
-  kM4a = 7,
-};
+#include "catalogue/MediaTypes.h"
 
 // Which endings a scan records: MP3, Ogg Vorbis and WMA, or those and FLAC,
 // Musepack, Opus and M4A too.

@@ -37,15 +37,12 @@ class CDriveServices {
   int WaitForVolume(const std::string& drive, const std::string& serialNo,
                     const std::string& prompt) const;
 
-  // Names in a normalised folder, in the order the file system yields them;
-  // files are regular files (links followed).
-  std::vector<std::string> ListSubfolders(const std::string& folder) const;
+  // The names of the regular files (links followed) in a normalised folder,
+  // in the order the file system yields them.
   std::vector<std::string> ListFiles(const std::string& folder) const;
-  std::vector<std::string> ListMediaFiles(const std::string& folder) const;
 
-  // A new record for a file (name as stored, size, type), or none when missing.
-  std::unique_ptr<CMediaFile> MakeFileRecord(const std::string& fullPath) const;
-  // The same from what a look at the file found.
+  // A new record for a file (name as stored, size, type) from what a look at
+  // the file found.
   static std::unique_ptr<CMediaFile> FileRecordOf(const platform::FileFacts& facts);
 
   // Removes the files of a folder; sub-folders stay; failures are ignored.

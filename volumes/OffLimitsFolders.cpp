@@ -1,10 +1,10 @@
-#include "scan/OffLimitsFolders.h"
+#include "volumes/OffLimitsFolders.h"
 
 #include <algorithm>
 
 #include "platform/LinuxPaths.h"
 #include "platform/MountTable.h"
-#include "scan/CDriveServices.h"
+#include "volumes/CDriveServices.h"
 
 OffLimitsFolders::OffLimitsFolders(const CDriveServices& drives) : files_(&drives.Files()) {
   const auto machineRoot = files_->Identity("/");

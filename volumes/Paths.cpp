@@ -1,9 +1,8 @@
-#include "scan/Paths.h"
+#include "volumes/Paths.h"
 
 #include <algorithm>
 #include <cctype>
 
-#include "base/AsciiCase.h"
 
 namespace {
 
@@ -48,16 +47,6 @@ bool Catalogues(AudioFormats formats, int type) {
 }
 
 int GetFileType(const std::string& fileName, AudioFormats formats) {
-  const auto dot = fileName.rfind('.');
-  const std::string extension =
-      AsciiLower(dot == std::string::npos ? fileName : fileName.substr(dot + 1));
-  int type = kNotMedia;
-  if (extension == "mp3") type = kMp3;
-  else if (extension == "ogg") type = kOgg;
-  else if (extension == "wma") type = kWma;
-  else if (extension == "flac") type = kFlac;
-  else if (extension == "mpc") type = kMusepack;
-  else if (extension == "opus") type = kOpus;
-  else if (extension == "m4a") type = kM4a;
+  const MediaType type = MediaTypeOfName(fileName);
   return Catalogues(formats, type) ? type : kNotMedia;
 }
