@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#ifdef VANTRELLE_THREAD_CHECKS
 void ThreadOwner::CheckNow() const {
   const std::thread::id self = std::this_thread::get_id();
   std::thread::id expected{};
@@ -12,6 +13,7 @@ void ThreadOwner::CheckNow() const {
                lent_.load() ? " while a worker holds it" : "");
   std::abort();
 }
+#endif
 
 ThreadOwner::Loan::Loan(ThreadOwner& owner)
     : owner_(owner), previous_(owner.owner_.exchange(std::this_thread::get_id())) {

@@ -102,10 +102,6 @@ sqlite3_stmt* CppSQLite3Database::Prepare(const char* sql) {
   return statement;
 }
 
-std::int64_t CppSQLite3Database::TotalChanges() const {
-  return connection_ ? sqlite3_total_changes64(connection_) : 0;
-}
-
 std::int64_t CppSQLite3Database::LastInsertId() const {
   return sqlite3_last_insert_rowid(connection_);
 }

@@ -55,8 +55,6 @@ class CppSQLite3Database {
   using BoundValue = std::variant<int, std::int64_t, std::string_view>;
   int ExecutePrepared(const char* sql, std::initializer_list<BoundValue> values);
   std::int64_t LastInsertId() const;
-  // Rows inserted, changed or deleted through this connection since it opened.
-  std::int64_t TotalChanges() const;
   // SQLite's message for the connection's latest failure; "" when closed.
   const char* ErrorMessage() const;
   void SetBusyTimeout(int milliseconds);
