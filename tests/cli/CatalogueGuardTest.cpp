@@ -12,6 +12,7 @@
 #include <thread>
 
 #include "tests/cli/ConsoleFixture.h"
+#include "tests/support/Eventually.h"
 
 namespace {
 
@@ -41,11 +42,8 @@ class CatalogueGuardTest : public ConsoleFixture {
   }
 
   bool WaitForOutput(const std::string& text) {
-    for (auto waited = 0ms; waited < 20s; waited += 20ms) {
-      if (ReadAll(folder.Path() + "/out").find(text) != std::string::npos) return true;
-      std::this_thread::sleep_for(20ms);
-    }
-    return false;
+    return testing_support::Eventually(
+        [&] { return ReadAll(folder.Path() + "/out").find(text) != std::string::npos; });
   }
 
   void Answer(const std::string& line) { ASSERT_EQ(write(terminal_, line.data(), line.size()), static_cast<ssize_t>(line.size())); }
@@ -204,10 +202,21 @@ TEST_F(CatalogueGuardTest, KillsDuringTheFirstStartLeaveACatalogueTheNextStartUs
       execl("./vantrelle-cli", "vantrelle-cli", "tree", static_cast<char*>(nullptr));
       _exit(127);
     }
-    // Spread the kills over the start-up: from before the catalogue exists to after it is made.
-    std::this_thread::sleep_for(std::chrono::milliseconds(round));
-    kill(child, SIGKILL);
-    ExitStatus(child);
+    // Once the program writes the new catalogue (or has already ended), the
+    // kills are spread over the making of it: time passing is the point here.
+    bool ended = false;
+    const std::string made = program + "/Quillora.db";
+    ASSERT_TRUE(testing_support::Eventually([&] {
+      std::error_code error;
+      ended = waitpid(child, nullptr, WNOHANG) == child;
+      const auto size = fs::file_size(made, error);
+      return ended || (!error && size > 0);
+    })) << "round " << round;
+    if (!ended) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(round));
+      kill(child, SIGKILL);
+      ExitStatus(child);
+    }
 
     const Outcome next = Run("options");
     ASSERT_EQ(next.status, 0) << "round " << round << ": " << next.err;

@@ -8,6 +8,7 @@
 #include "playlists/FileIds.h"
 #include "tests/platform/ScopedTmpfs.h"
 #include "tests/playlists/PlayListFixture.h"
+#include "tests/support/Eventually.h"
 #include "tests/support/WorkerDialogDriver.h"
 
 namespace {
@@ -16,9 +17,7 @@ namespace fs = std::filesystem;
 using Strings = std::vector<std::string>;
 using platform::Answer;
 
-void WaitFor(const std::function<bool()>& condition) {
-  while (!condition()) std::this_thread::sleep_for(std::chrono::milliseconds(1));
-}
+void WaitFor(const std::function<bool()>& condition) { EXPECT_TRUE(testing_support::Eventually(condition)); }
 
 class CopyTest : public PlayListTest {
  protected:

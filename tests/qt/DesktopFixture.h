@@ -24,6 +24,7 @@
 #include "tests/qt/DesktopDialogSet.h"
 #include "tests/qt/UserActions.h"
 #include "tests/support/ProgramFolder.h"
+#include "tests/support/QtEventually.h"
 #include "tests/support/RecordingMediaControl.h"
 #include "ui/CMainDlg.h"
 
@@ -54,7 +55,7 @@ class DesktopTest : public ::testing::Test, protected testing_support::ProgramFo
           model, QAbstractItemModelTester::FailureReportingMode::Fatal));
     window->Start();
     window->show();
-    EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
+    EXPECT_EVENTUALLY(window->windowHandle() && window->windowHandle()->isExposed());
   }
   // Closes the window, which stores the windows' places in the settings,
   // and opens it again from them, as the next run would.

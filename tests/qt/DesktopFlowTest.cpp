@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <QFileDialog>
+#include <QFileSystemModel>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -44,17 +45,20 @@ std::vector<std::string> CatalogueLocks(const std::string& programFolder) {
   return locks;
 }
 
-TEST_F(DesktopTest, AddBrowseSearchEditRescanAndRemoveAFolder) {
-  AddMusicFolder();
-  QTreeWidgetItem* rock = Node("Rock");
-  ASSERT_NE(rock, nullptr);
-  ASSERT_NE(Node("Pop"), nullptr);
+// The window after "Add HD" catalogued home/Music, the Rock folder shown.
+class CataloguedDesktopTest : public DesktopTest {
+ protected:
+  CataloguedDesktopTest() {
+    AddMusicFolder();
+    Click(Node("Rock"));
+  }
+};
 
+TEST_F(CataloguedDesktopTest, AddingAFolderShowsItsFilesAndAHeadingSortsThem) {
+  ASSERT_NE(Node("Pop"), nullptr);
   EXPECT_EQ(window->StatusLine().text().toStdString(),
             "Found 3 folders: 4 files added, 0 files removed, 0 files could not be read.");
-
-  Click(rock);
-  EXPECT_TRUE(rock->font(0).bold());
+  EXPECT_TRUE(Node("Rock")->font(0).bold());
   EXPECT_EQ(Column(List(), 2), (Strings{"id3v1.mp3", "SONG.MP3"}));
   EXPECT_EQ(Column(List(), 0), (Strings{"Café Müller", "Upper Case Extension"}));
   EXPECT_TRUE(List().horizontalHeader()->sectionsMovable());
@@ -67,20 +71,24 @@ TEST_F(DesktopTest, AddBrowseSearchEditRescanAndRemoveAFolder) {
   EXPECT_EQ(Column(List(), 0), (Strings{"Upper Case Extension", "Café Müller"}));
   EXPECT_TRUE(heading.isSortIndicatorShown());
   EXPECT_EQ(heading.sortIndicatorOrder(), Qt::DescendingOrder);
+}
 
-  // "File Info / Edit" on the second row: a new title and three stars.
-  ClickRow(List(), 1);
+// "File Info / Edit" on a row: a new title and three stars.
+TEST_F(CataloguedDesktopTest, FileInfoEditsTheTitleAndTheRating) {
+  ClickRow(List(), 0);
   user::ChooseFromMenu("File Info / Edit");
   WhenShown<QtFileInfoDialog>([](QtFileInfoDialog& dialog) {
     dialog.findChild<QLineEdit*>("Title:")->setText("Mine");
     QTest::mouseClick(dialog.findChildren<QRadioButton*>().at(2), Qt::LeftButton);
     QTest::mouseClick(ButtonSaying(dialog, "Update"), Qt::LeftButton);
   });
-  RightClick(List(), 1);
-  EXPECT_EQ(List().RowText(1, 0), "Mine");
-  EXPECT_EQ(List().RowText(1, 3), "***       ");
+  RightClick(List(), 0);
+  EXPECT_EQ(List().RowText(0, 0), "Mine");
+  EXPECT_EQ(List().RowText(0, 3), "***       ");
+}
 
-  // Enter in the Find field searches the whole library; Esc empties it.
+// Enter in the Find field searches the whole library; Esc empties it.
+TEST_F(CataloguedDesktopTest, FindSearchesTheWholeLibraryAndEscEmptiesTheField) {
   QTest::keyClicks(&window->FindField(), "o ");
   QTest::keyClick(&window->FindField(), Qt::Key_Return);
   EXPECT_EQ(Column(List(), 2, true), (Strings{"SONG.MP3", "id3v1.mp3", "vorbis.ogg"}));
@@ -89,8 +97,9 @@ TEST_F(DesktopTest, AddBrowseSearchEditRescanAndRemoveAFolder) {
   QTest::keyClick(&window->FindField(), Qt::Key_Escape);
   EXPECT_EQ(window->FindField().text(), "");
   EXPECT_TRUE(window->isVisible());
+}
 
-  // A rescan keeps the expanded, selected folder.
+TEST_F(CataloguedDesktopTest, ARescanKeepsTheExpandedSelectedFolder) {
   QTreeWidgetItem* music = Node("Music");
   Click(music);
   music->setExpanded(true);
@@ -106,10 +115,10 @@ TEST_F(DesktopTest, AddBrowseSearchEditRescanAndRemoveAFolder) {
   EXPECT_EQ(music->childCount(), 2);
   EXPECT_EQ(window->StatusLine().text().toStdString(),
             "Found 3 folders: 0 files added, 1 file removed, 0 files could not be read.");
+}
 
-  // Delete on a folder asks first; "remove" on the volume takes its folders along.
-  rock = Node("Rock");
-  Click(rock);
+// Delete on a folder asks first; "remove" on the volume takes its folders along.
+TEST_F(CataloguedDesktopTest, RemovingAsksFirstAndTheVolumeTakesItsFoldersAlong) {
   messages.Script({Answer::Cancel});
   QTest::keyClick(&Tree(), Qt::Key_Delete);
   EXPECT_EQ(messages.Texts().back(), "Remove Path from database?");
@@ -201,7 +210,7 @@ TEST_F(DesktopTest, SplitterKeysOptionsAboutAndGeometry) {
 
   // "PL" raises the play list window while the main window covers it, then hides it.
   window->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  ASSERT_EVENTUALLY(window->isActiveWindow());
   ASSERT_TRUE(window->frameGeometry().intersects(window->PlayList().frameGeometry()));
   QTest::mouseClick(window->Button(CMainDlg::kTogglePlayList), Qt::LeftButton);
   EXPECT_TRUE(window->PlayList().isVisible());
@@ -292,8 +301,16 @@ TEST_F(DesktopTest, TheFolderPickerLeavesTheCataloguesLocksAlone) {
   ASSERT_TRUE(std::any_of(before.begin(), before.end(),
                           [](const std::string& lock) { return lock.find("FLOCK") != std::string::npos; }));
   QtFolderPicker realPicker(window.get());
-  WhenShown<QFileDialog>([](QFileDialog& dialog) {
-    QTest::qWait(500);  // the dialog lists the program folder meanwhile
+  // Answered once the dialog has listed the program folder.
+  WhenShown<QFileDialog>([this](QFileDialog& dialog) {
+    auto* listing = dialog.findChild<QFileSystemModel*>();
+    ASSERT_NE(listing, nullptr);
+    const QModelIndex shown = listing->index(QString::fromStdString(folder.Path()));
+    const bool filesToo = listing->filter() & QDir::Files;
+    int expected = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(folder.Path()))
+      expected += entry.path().filename().string()[0] != '.' && (filesToo || entry.is_directory());
+    EXPECT_EVENTUALLY(listing->rowCount(shown) == expected);
     dialog.reject();
   });
   std::string chosen;

@@ -25,24 +25,16 @@
 #include "tests/support/HeldFile.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingMediaControl.h"
+#include "tests/support/QtEventually.h"
 #include "ui/CMainDlg.h"
 
 namespace {
 
+using testing_support::TurnsUntil;
+
 namespace fs = std::filesystem;
 const std::string kFixtures = VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/";
 
-// Turns the event loop until the condition holds; false after twenty seconds.
-// (QTRY_* report to Qt's own test runner, which GoogleTest does not hear.)
-template <class Condition>
-bool Eventually(Condition condition) {
-  const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-  while (!condition()) {
-    if (std::chrono::steady_clock::now() > deadline) return false;
-    QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-  }
-  return true;
-}
 
 class OpenHangsDesktopTest : public ::testing::Test, protected testing_support::ProgramFolder {
  protected:
@@ -88,22 +80,22 @@ TEST_F(OpenHangsDesktopTest, TheStripSaysWhatOpensAndStopAndPlayActWhileItHangs)
   ASSERT_TRUE(holder.Held());
   app.Playback().PlayFile(held);
   EXPECT_EQ(Song(), QStringLiteral("Opening held.mp3\u2026"));
-  EXPECT_TRUE(Eventually([&] { return holder.Awaited(); }));
+  EXPECT_TRUE(TurnsUntil([&] { return holder.Awaited(); }));
   QTest::mouseClick(window->Button(CMainDlg::kStop), Qt::LeftButton);
-  EXPECT_TRUE(Eventually([&] { return Song().isEmpty(); }));
+  EXPECT_TRUE(TurnsUntil([&] { return Song().isEmpty(); }));
 
   // Play another file while the open hangs again: it plays.
   app.Playback().PlayFile(held);
-  EXPECT_TRUE(Eventually([&] { return holder.Awaited(); }));
+  EXPECT_TRUE(TurnsUntil([&] { return holder.Awaited(); }));
   app.Playback().PlayFile(good);
-  EXPECT_TRUE(Eventually([&] { return window->Logic().LastStatus().fileId == good; }));
+  EXPECT_TRUE(TurnsUntil([&] { return window->Logic().LastStatus().fileId == good; }));
   EXPECT_EQ(window->Logic().LastStatus().mode, CMciPlayer::Mode::Playing);
   EXPECT_TRUE(messages.Texts().empty());
 
   // Quitting while an open hangs: the runner's thread is joined at once
   // (the fixture's limit is an hour).
   app.Playback().PlayFile(held);
-  EXPECT_TRUE(Eventually([&] { return holder.Awaited(); }));
+  EXPECT_TRUE(TurnsUntil([&] { return holder.Awaited(); }));
   Quit();
   EXPECT_TRUE(messages.Texts().empty());
 }

@@ -51,36 +51,36 @@ TEST_F(PlayerDesktopTest, ASlowOpenLeavesTheWindowAnsweringThenTheStripFollowsTh
   QTimer timer;
   QObject::connect(&timer, &QTimer::timeout, [&ticks] { ++ticks; });
   timer.start(5);
-  QTRY_VERIFY(opening);
-  QTRY_VERIFY(ticks >= 10);  // the event loop turns while the open is held
+  ASSERT_EVENTUALLY(opening);
+  ASSERT_EVENTUALLY(ticks >= 10);  // the event loop turns while the open is held
   EXPECT_FALSE(window->Strip().PauseButton().isEnabled());
   release.set_value();
 
   NowPlayingBar& strip = window->Strip();
-  QTRY_COMPARE(strip.Time().text(), QStringLiteral("1:23 / 4:05"));
+  ASSERT_EVENTUALLY(strip.Time().text() == QStringLiteral("1:23 / 4:05"));
   EXPECT_EQ(strip.Song().text(), QStringLiteral("Café Müller — Dara O'Neill"));
   EXPECT_EQ(strip.SeekSlider().value(), 83000);
-  QTRY_VERIFY(!strip.Cover()->pixmap().isNull());  // the folder's picture, read off this thread
+  ASSERT_EVENTUALLY(!strip.Cover()->pixmap().isNull());  // the folder's picture, read off this thread
   EXPECT_TRUE(std::ranges::count(messages.Texts(), std::string(CPlaybackControl::kCannotPlay)) == 0);
 
   // Space pauses, the button then offers to resume; the sliders send their levels.
   QTest::keyClick(&List(), Qt::Key_Space);
-  QTRY_VERIFY(media.Received("pause QL_MCI_DEV_1"));
+  ASSERT_EVENTUALLY(media.Received("pause QL_MCI_DEV_1"));
   media.Answer("status QL_MCI_DEV_1 mode", 0, "paused");
-  QTRY_COMPARE(strip.PauseButton().text(), QStringLiteral("Resume"));
+  ASSERT_EVENTUALLY(strip.PauseButton().text() == QStringLiteral("Resume"));
   QTest::mouseClick(&strip.PauseButton(), Qt::LeftButton);
-  QTRY_VERIFY(media.Received("resume QL_MCI_DEV_1"));
+  ASSERT_EVENTUALLY(media.Received("resume QL_MCI_DEV_1"));
   strip.SeekSlider().setValue(120000);
-  QTRY_VERIFY(media.Received("seek QL_MCI_DEV_1 to 120000"));
+  ASSERT_EVENTUALLY(media.Received("seek QL_MCI_DEV_1 to 120000"));
   strip.VolumeSlider().setValue(300);
-  QTRY_VERIFY(media.Received("setaudio QL_MCI_DEV_1 volume to 300"));
+  ASSERT_EVENTUALLY(media.Received("setaudio QL_MCI_DEV_1 volume to 300"));
   EXPECT_EQ(app.Settings().volume, 300);
 
   // Enter in the list plays the selected file; Ctrl+F goes to Find.
   media.Forget();
   ClickRow(List(), 1);
   QTest::keyClick(&List(), Qt::Key_Return);
-  QTRY_VERIFY(media.Received("open \"C:\\Music\\Rock\\SONG.MP3\" type mpegvideo alias QL_MCI_DEV_1"));
+  ASSERT_EVENTUALLY(media.Received("open \"C:\\Music\\Rock\\SONG.MP3\" type mpegvideo alias QL_MCI_DEV_1"));
   QTest::keyPress(&List(), Qt::Key_Control, Qt::ControlModifier);
   QTest::keyClick(&List(), Qt::Key_F, Qt::ControlModifier);
   QTest::keyRelease(&List(), Qt::Key_Control);
@@ -105,14 +105,14 @@ TEST_F(PlayerDesktopTest, ThePlayListPlaysThroughMarksThePlayingRowAndTheButtonI
   const auto bold = [this](int row) {
     return PlayList().model()->index(row, 0).data(Qt::FontRole).value<QFont>().bold();
   };
-  QTRY_VERIFY(bold(0));
+  ASSERT_EVENTUALLY(bold(0));
   EXPECT_FALSE(bold(1));
   // The first file ends: the second plays and is marked.
   media.Answer("status QL_MCI_DEV_1 position", 0, "245000");
   media.Answer("status QL_MCI_DEV_1 mode", 0, "stopped");
-  QTRY_VERIFY(media.Received("open \"C:\\Music\\Rock\\SONG.MP3\" type mpegvideo alias QL_MCI_DEV_1"));
+  ASSERT_EVENTUALLY(media.Received("open \"C:\\Music\\Rock\\SONG.MP3\" type mpegvideo alias QL_MCI_DEV_1"));
   media.Answer("status QL_MCI_DEV_1 mode", 0, "playing");
-  QTRY_VERIFY(bold(1));
+  ASSERT_EVENTUALLY(bold(1));
   EXPECT_FALSE(bold(0));
 
   QTest::mouseClick(through, Qt::LeftButton);

@@ -15,11 +15,11 @@
 
 namespace user {
 
-// Runs act once ready() holds, polling the event loop; gives up after ten
+// Runs act once ready() holds, polling the event loop; gives up after thirty
 // seconds (the test then fails on what did not happen).
 inline void WhenReady(std::function<bool()> ready, std::function<void()> act) {
   auto* timer = new QTimer(qApp);
-  auto deadline = std::make_shared<int>(1000);
+  auto deadline = std::make_shared<int>(3000);
   QObject::connect(timer, &QTimer::timeout, timer, [timer, ready, act, deadline] {
     if (!ready() && --*deadline > 0) return;
     timer->stop();

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <thread>
+#include <future>
 
 #include "platform/FolderPicker.h"
 #include "scan/ScanCommands.h"
@@ -60,14 +60,13 @@ TEST_F(ScanCommandsTest, TheDialogShowsProgressAndSaysCompleteOnce) {
 
 TEST_F(ScanCommandsTest, CancelEndsTheDialogAtOnceButTheWorkerFinishesFirst) {
   Put("c/Music/a.mp3", "id3v1.mp3");
-  std::atomic<bool> release{false};
-  reader.beforeRead = [&](const std::string&) {
-    while (!release) std::this_thread::sleep_for(std::chrono::milliseconds(1));
-  };
+  std::promise<void> release;
+  std::shared_future<void> released = release.get_future().share();
+  reader.beforeRead = [released](const std::string&) { released.wait(); };
   dialogs.beforeTick = [&](CWorkerDlg& dialog, int tick) {
     if (tick == 3) {
       dialog.OnCancel();
-      release = true;  // the worker may go on only once the dialog has ended
+      release.set_value();  // the worker may go on only once the dialog has ended
     }
   };
   commands.ScanVolume(3, "C:\\Music\\");

@@ -3,14 +3,15 @@
 // record what they were shown and a timer ticked by hand (faster than a
 // person's 500 ms) until the dialog ends.
 
-#include <chrono>
+#include <gtest/gtest.h>
+
 #include <functional>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "base/CWorkerDlg.h"
 #include "base/WorkerDialogHost.h"
+#include "tests/support/Eventually.h"
 
 namespace testing_support {
 
@@ -51,12 +52,13 @@ class WorkerDialogDriver : public WorkerDialogHost, public WorkerDialogView {
     overallTexts.clear();
     endedWith = -1;
     dialog.OnInitDialog();
-    for (int tick = 0; endedWith == -1; ++tick) {
-      if (beforeTick) beforeTick(dialog, tick);
-      if (endedWith != -1) break;
-      std::this_thread::sleep_for(std::chrono::milliseconds(2));
-      dialog.OnTimer(dialog.TimerId());
-    }
+    int tick = 0;
+    const bool ended = Eventually([&] {
+      if (beforeTick) beforeTick(dialog, tick++);
+      if (endedWith == -1) dialog.OnTimer(dialog.TimerId());
+      return endedWith != -1;
+    });
+    if (!ended) ADD_FAILURE() << "the worker dialog never ended";
     dialog.OnDestroy();
   }
 

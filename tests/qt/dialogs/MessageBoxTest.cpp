@@ -12,6 +12,7 @@
 #include "qt/dialogs/QtMessageBox.h"
 #include "tests/qt/dialogs/WhenShown.h"
 #include "tests/support/CatalogueRows.h"
+#include "tests/support/QtEventually.h"
 #include "tests/support/TempFolder.h"
 
 namespace {
@@ -34,7 +35,7 @@ TEST(QtMessageBox, QuestionsFromAWorkerAndFromTheUserInterfaceThreadAreAnswered)
     answer = messages.Show("Please insert 'Jazz' into drive E:", Buttons::OkCancel, Icon::Information);
     answered = true;
   });
-  const bool done = QTest::qWaitFor([&] { return answered.load(); }, 10000);
+  const bool done = testing_support::TurnsUntil([&] { return answered.load(); });
   worker.join();
   ASSERT_TRUE(done);
   EXPECT_EQ(answer, Answer::Cancel);

@@ -10,6 +10,7 @@
 #include "qt/dialogs/QtWorkerDialogHost.h"
 #include "scan/CScanDlg.h"
 #include "tests/qt/dialogs/WhenShown.h"
+#include "tests/support/QtEventually.h"
 #include "tests/scan/ScanFixture.h"
 
 namespace {
@@ -45,11 +46,11 @@ TEST_F(QtScanDialogTest, CancelKeepsTheDialogUpUntilTheWorkerEndsAndItsBoxesAreA
   std::optional<platform::Answer> workerAnswer;
   reader.beforeRead = [&](const std::string&) {
     reading = true;
-    while (!scanner.Progress().cancel) std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    EXPECT_TRUE(testing_support::Eventually([&] { return scanner.Progress().cancel.load(); }));
     workerAnswer = workerBoxes.Show("Go on?", platform::Buttons::OkCancel, platform::Icon::Warning);
   };
   WhenShown<QtWorkerDialog>([&](QtWorkerDialog& dialog) {
-    ASSERT_TRUE(QTest::qWaitFor([&] { return reading.load(); }, 10000));
+    ASSERT_EVENTUALLY(reading.load());
     QTest::mouseClick(ButtonSaying(dialog, "Cancel"), Qt::LeftButton);
     WhenShown<QMessageBox>([&dialog](QMessageBox& box) {
       EXPECT_TRUE(dialog.isVisible());  // still up while the worker waits for the answer
