@@ -17,6 +17,7 @@
 #include "qt/RunningWindow.h"
 #include "qt/dialogs/QtCoverLoader.h"
 #include "qt/dialogs/QtMessageBox.h"
+#include "qt/dialogs/QueuedCalls.h"
 
 namespace {
 
@@ -26,9 +27,12 @@ namespace {
 void RunMainWindow(CLibraryApp& app, QtMessageBox& messages, bool refused) {
   // The catalogue's changes reach the views from the event loop, after the
   // code that made them has returned.
-  app.Db().Events().PostWith([](std::function<void()> deliver) {
-    QMetaObject::invokeMethod(qApp, std::move(deliver), Qt::QueuedConnection);
-  });
+  QueuedCalls onThisThread;
+  app.Db().Events().PostWith([&onThisThread](std::function<void()> deliver) { onThisThread.Post(std::move(deliver)); });
+  struct NoPostingAfter {
+    CatalogueEvents& events;
+    ~NoPostingAfter() { events.PostWith({}); }
+  } noPostingAfter{app.Db().Events()};
   QtCoverLoader covers(app.Platform().files);
   QtDialogSet dialogs(messages, covers);
   MainWindow window(app, dialogs.Services());
@@ -37,9 +41,7 @@ void RunMainWindow(CLibraryApp& app, QtMessageBox& messages, bool refused) {
   window.onClosed = [] { QCoreApplication::quit(); };
   // Opening and seeking run on a thread of their own from here on; the
   // thread ends (after its last command) before the window goes.
-  PlayerThread player(app.Player(), [](std::function<void()> done) {
-    QMetaObject::invokeMethod(qApp, std::move(done), Qt::QueuedConnection);
-  });
+  PlayerThread player(app.Player(), [&onThisThread](std::function<void()> done) { onThisThread.Post(std::move(done)); });
   app.Playback().UseRunner(&player);
   // An open that still waits is given up first, so that the thread's last
   // command ends at once and quitting never waits for a file that hangs.

@@ -3,6 +3,7 @@
 #include <QBuffer>
 #include <QImageReader>
 
+#include "qt/dialogs/QueuedCalls.h"
 #include "tags/CoverFinder.h"
 
 namespace {
@@ -19,10 +20,7 @@ QtCoverLoader::QtCoverLoader(const platform::FileSystem& files, QObject* parent)
 
 // Reads not yet started are dropped: only the one under way is waited for,
 // so closing never waits for a queue of slow discs.
-QtCoverLoader::~QtCoverLoader() {
-  pool_.clear();
-  pool_.waitForDone();
-}
+QtCoverLoader::~QtCoverLoader() { ClearAndWait(pool_); }
 
 QImage QtCoverLoader::Decode(const std::string& bytes) {
   QByteArray data = QByteArray::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
@@ -53,25 +51,22 @@ void QtCoverLoader::Request(int fileId, const std::string& path) {
   if (!reading_.insert(key).second) return;
   // The destructor waits for the task, so the loader outlives it; a result
   // posted to a loader deleted since is dropped with the loader's events.
-  pool_.start([this, finder = finder_, key] {
+  StartTask(pool_, [this, finder = finder_, key] {
     const QImage image = Decode(finder->Find(key.second).bytes);
-    QMetaObject::invokeMethod(this, [this, key, image] { Store(key, image); }, Qt::QueuedConnection);
+    results_.Post([this, key, image] { Store(key, image); });
   });
 }
 
 void QtCoverLoader::RequestLocated(int fileId, std::function<std::string()> locate) {
-  pool_.start([this, finder = finder_, fileId, locate = std::move(locate)] {
+  StartTask(pool_, [this, finder = finder_, fileId, locate = std::move(locate)] {
     const std::string path = locate();
     const QImage image = path.empty() ? QImage() : Decode(finder->Find(path).bytes);
-    QMetaObject::invokeMethod(
-        this,
-        [this, key = Key{fileId, path}, image] {
-          if (key.second.empty())
-            emit Loaded(key.first, QString(), image);
-          else
-            Store(key, image);
-        },
-        Qt::QueuedConnection);
+    results_.Post([this, key = Key{fileId, path}, image] {
+      if (key.second.empty())
+        emit Loaded(key.first, QString(), image);
+      else
+        Store(key, image);
+    });
   });
 }
 

@@ -21,6 +21,7 @@
 #include <string>
 #include <utility>
 
+#include "qt/dialogs/QueuedCalls.h"
 #include "tags/CoverFinder.h"
 
 
@@ -65,5 +66,6 @@ class QtCoverLoader : public QObject {
   std::shared_ptr<const CoverFinder> finder_;
   std::deque<std::pair<Key, QImage>> cache_;  // the newest last
   std::set<Key> reading_;
+  QueuedCalls results_{this};  // results reach this object's thread through it
   QThreadPool pool_;
 };

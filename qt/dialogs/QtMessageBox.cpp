@@ -1,8 +1,6 @@
 #include "qt/dialogs/QtMessageBox.h"
 
-#include <QCoreApplication>
 #include <QMessageBox>
-#include <QThread>
 
 #include "catalogue/CatalogueFailure.h"
 #include "qt/dialogs/QtText.h"
@@ -62,11 +60,8 @@ platform::Answer QtMessageBox::ShowHere(const std::string& text, platform::Butto
 
 platform::Answer QtMessageBox::Show(const std::string& text, platform::Buttons buttons,
                                     platform::Icon icon) {
-  QCoreApplication* app = QCoreApplication::instance();
-  if (QThread::currentThread() == app->thread()) return ShowHere(text, buttons, icon);
   platform::Answer answer = platform::Answer::Cancel;
-  QMetaObject::invokeMethod(
-      app, [&] { return ShowHere(text, buttons, icon); }, Qt::BlockingQueuedConnection, &answer);
+  onItsThread_.RunAndWait([&] { answer = ShowHere(text, buttons, icon); });
   return answer;
 }
 

@@ -9,6 +9,7 @@
 #include <QWidget>
 
 #include "platform/MessageBox.h"
+#include "qt/dialogs/QueuedCalls.h"
 
 class QMessageBox;
 
@@ -33,6 +34,7 @@ class QtMessageBox : public platform::MessageBox {
                             platform::Icon icon);
 
   QPointer<QWidget> parent_;
+  QueuedCalls onItsThread_;  // the user-interface thread's, where this is made
 };
 
 // From now on a failed catalogue statement, which ends the program, is shown

@@ -29,6 +29,7 @@
 #include "playback/PlayerThread.h"
 #include "qt/MainWindow.h"
 #include "qt/MprisService.h"
+#include "qt/dialogs/QueuedCalls.h"
 #include "tests/qt/DesktopDialogSet.h"
 #include "tests/support/CatalogueRows.h"
 #include "tests/support/HeldFile.h"
@@ -132,9 +133,8 @@ class MprisBusTest : public ::testing::Test, protected testing_support::ProgramF
   platform::mci::GstMediaControl media{platform::mci::AudioOutput::Silent, files};
   CLibraryApp app{folder.Path() + "/", PlatformServices{table, files, messages, media}};
   DesktopDialogSet dialogs{messages};
-  PlayerThread thread{app.Player(), [](std::function<void()> done) {
-                        QMetaObject::invokeMethod(qApp, std::move(done), Qt::QueuedConnection);
-                      }};
+  QueuedCalls mainThread;  // the player thread's results reach the test through it
+  PlayerThread thread{app.Player(), [this](std::function<void()> done) { mainThread.Post(std::move(done)); }};
   std::unique_ptr<MainWindow> window;
   QDBusConnection client = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("remote"));
 };

@@ -20,6 +20,7 @@
 #include "qt/MainWindow.h"
 #include "qt/NowPlayingBar.h"
 #include "qt/SessionBus.h"
+#include "qt/dialogs/QueuedCalls.h"
 #include "tests/qt/DesktopDialogSet.h"
 #include "tests/support/CatalogueRows.h"
 #include "tests/support/HeldFile.h"
@@ -67,9 +68,10 @@ class OpenHangsDesktopTest : public ::testing::Test, protected testing_support::
   platform::mci::GstMediaControl media{platform::mci::AudioOutput::Silent, files, std::chrono::hours(1)};
   CLibraryApp app{folder.Path() + "/", PlatformServices{table, files, messages, media}};
   DesktopDialogSet dialogs{messages};
+  QueuedCalls mainThread;  // the player thread's results reach the test through it
   std::unique_ptr<PlayerThread> thread = std::make_unique<PlayerThread>(
       app.Player(),
-      [](std::function<void()> done) { QMetaObject::invokeMethod(qApp, std::move(done), Qt::QueuedConnection); });
+      [this](std::function<void()> done) { mainThread.Post(std::move(done)); });
   std::unique_ptr<MainWindow> window;
   int held = 0;
   int good = 0;

@@ -13,6 +13,7 @@
 #include "playback/PlayerThread.h"
 #include "qt/NowPlayingBar.h"
 #include "qt/dialogs/QtCoverView.h"
+#include "qt/dialogs/QueuedCalls.h"
 #include "tests/qt/DesktopFixture.h"
 
 namespace {
@@ -27,9 +28,8 @@ class PlayerDesktopTest : public DesktopTest {
   }
   ~PlayerDesktopTest() override { app.Playback().UseRunner(nullptr); }
 
-  PlayerThread thread{app.Player(), [](std::function<void()> done) {
-                        QMetaObject::invokeMethod(qApp, std::move(done), Qt::QueuedConnection);
-                      }};
+  QueuedCalls mainThread;  // the player thread's results reach the test through it
+  PlayerThread thread{app.Player(), [this](std::function<void()> done) { mainThread.Post(std::move(done)); }};
 };
 
 TEST_F(PlayerDesktopTest, ASlowOpenLeavesTheWindowAnsweringThenTheStripFollowsThePlayer) {
