@@ -2,8 +2,6 @@
 
 #include <unistd.h>
 
-#include <CLI/CLI.hpp>
-
 #include "app/CLibraryApp.h"
 #include "cli/ConsoleProgressDialog.h"
 #include "cli/NoFolderPicker.h"
@@ -22,12 +20,12 @@ int RunScanCommand(CLibraryApp& app, Action action) {
 
 }  // namespace
 
-AddHdCommand::AddHdCommand(CLI::App& parent)
-    : command_(parent.add_subcommand("add-hd", "Scan a folder on a disk and store it in the library")) {
-  command_->add_option("FOLDER", folder_, "A Linux path, or a drive path such as C:\\Music")->required();
+AddHdCommand::AddHdCommand(CommandArguments& parent)
+    : command_(parent, "add-hd", "Scan a folder on a disk and store it in the library") {
+  command_.Add("FOLDER", folder_, "A Linux path, or a drive path such as C:\\Music").Required();
 }
 
-bool AddHdCommand::Chosen() const { return command_->parsed(); }
+bool AddHdCommand::Chosen() const { return command_.Chosen(); }
 
 int AddHdCommand::Run(CLibraryApp& app, std::FILE*) {
   const std::string drivePath = FolderArgument(app, folder_);
@@ -36,10 +34,10 @@ int AddHdCommand::Run(CLibraryApp& app, std::FILE*) {
   return RunScanCommand(app, [&](ScanCommands& commands) { commands.AddFolder(drivePath); });
 }
 
-AddCdCommand::AddCdCommand(CLI::App& parent)
-    : command_(parent.add_subcommand("add-cd", "Scan the CD in the CD drive and store it in the library")) {}
+AddCdCommand::AddCdCommand(CommandArguments& parent)
+    : command_(parent, "add-cd", "Scan the CD in the CD drive and store it in the library") {}
 
-bool AddCdCommand::Chosen() const { return command_->parsed(); }
+bool AddCdCommand::Chosen() const { return command_.Chosen(); }
 
 int AddCdCommand::Run(CLibraryApp& app, std::FILE*) {
   return RunScanCommand(app, [](ScanCommands& commands) { commands.AddCd(); });

@@ -6,22 +6,22 @@
 // `add-hd FOLDER`: "Add HD" with FOLDER chosen in the picker.
 class AddHdCommand : public ConsoleCommand {
  public:
-  explicit AddHdCommand(CLI::App& parent);
+  explicit AddHdCommand(CommandArguments& parent);
   bool Chosen() const override;
   int Run(CLibraryApp& app, std::FILE* out) override;
 
  private:
-  CLI::App* command_;
+  CommandArguments command_;
   std::string folder_;
 };
 
 // `add-cd`: "Add CD" on the configured CD drive.
 class AddCdCommand : public ConsoleCommand {
  public:
-  explicit AddCdCommand(CLI::App& parent);
+  explicit AddCdCommand(CommandArguments& parent);
   bool Chosen() const override;
   int Run(CLibraryApp& app, std::FILE* out) override;
 
  private:
-  CLI::App* command_;
+  CommandArguments command_;
 };

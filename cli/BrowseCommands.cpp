@@ -1,20 +1,18 @@
 #include "cli/BrowseCommands.h"
 
-#include <CLI/CLI.hpp>
-
 #include "cli/ConsoleLibraryWindow.h"
 
-TreeCommand::TreeCommand(CLI::App& parent)
-    : command_(parent.add_subcommand("tree", "Print the library tree with each node's item value")) {}
+TreeCommand::TreeCommand(CommandArguments& parent)
+    : command_(parent, "tree", "Print the library tree with each node's item value") {}
 
-bool TreeCommand::Chosen() const { return command_->parsed(); }
+bool TreeCommand::Chosen() const { return command_.Chosen(); }
 
 int TreeCommand::Run(CLibraryApp& app, std::FILE* out) {
   ConsoleLibraryWindow(app).PrintTree(out);
   return 0;
 }
 
-ListCommand::ListCommand(CLI::App& parent)
+ListCommand::ListCommand(CommandArguments& parent)
     : NodeCommand(parent, "list", "Print the files of a folder or a play list", {"folder", "playlist"}) {}
 
 int ListCommand::Run(CLibraryApp& app, std::FILE* out) {
@@ -24,12 +22,12 @@ int ListCommand::Run(CLibraryApp& app, std::FILE* out) {
   return 0;
 }
 
-SearchCommand::SearchCommand(CLI::App& parent)
-    : command_(parent.add_subcommand("search", "Quick search: files whose name, title or artist holds TEXT")) {
-  command_->add_option("TEXT", text_, "The text typed into the Find field")->required();
+SearchCommand::SearchCommand(CommandArguments& parent)
+    : command_(parent, "search", "Quick search: files whose name, title or artist holds TEXT") {
+  command_.Add("TEXT", text_, "The text typed into the Find field").Required();
 }
 
-bool SearchCommand::Chosen() const { return command_->parsed(); }
+bool SearchCommand::Chosen() const { return command_.Chosen(); }
 
 int SearchCommand::Run(CLibraryApp& app, std::FILE* out) {
   ConsoleLibraryWindow window(app);

@@ -7,30 +7,30 @@
 // `tree`: the library tree as a rebuild leaves it.
 class TreeCommand : public ConsoleCommand {
  public:
-  explicit TreeCommand(CLI::App& parent);
+  explicit TreeCommand(CommandArguments& parent);
   bool Chosen() const override;
   int Run(CLibraryApp& app, std::FILE* out) override;
 
  private:
-  CLI::App* command_;
+  CommandArguments command_;
 };
 
 // `list folder PATHID` / `list playlist PLAYLISTID`: that node selected, and
 // the media list it fills.
 class ListCommand : public NodeCommand {
  public:
-  explicit ListCommand(CLI::App& parent);
+  explicit ListCommand(CommandArguments& parent);
   int Run(CLibraryApp& app, std::FILE* out) override;
 };
 
 // `search TEXT`: the quick search with TEXT in the Find field.
 class SearchCommand : public ConsoleCommand {
  public:
-  explicit SearchCommand(CLI::App& parent);
+  explicit SearchCommand(CommandArguments& parent);
   bool Chosen() const override;
   int Run(CLibraryApp& app, std::FILE* out) override;
 
  private:
-  CLI::App* command_;
+  CommandArguments command_;
   std::string text_;
 };

@@ -1,14 +1,13 @@
 #pragma once
-// One command of the console: it declares its arguments on a CLI11
-// subcommand when constructed and runs between start-up and exit.
+// One command of the console: it declares its arguments on its command of the
+// command line when constructed and runs between start-up and exit.
 
 #include <cstdio>
 #include <stdexcept>
 #include <string>
 
-namespace CLI {
-class App;
-}
+#include "cli/CommandLine.h"
+
 class CLibraryApp;
 
 // A wrong argument noticed while a command runs (exit status 2).

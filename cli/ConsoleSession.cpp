@@ -2,8 +2,8 @@
 
 #include <unistd.h>
 
-#include <CLI/CLI.hpp>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "app/CLibraryApp.h"
@@ -77,9 +77,8 @@ int RunSession(ConsoleCommand& command, AnswerPolicy policy) {
 }  // namespace
 
 int RunConsole(int argc, char** argv) {
-  CLI::App cli{"The console face of Vantrelle: catalogue, search and play music on disks and CDs.",
-               "vantrelle-cli"};
-  cli.footer(
+  CommandLine cli(
+      "vantrelle-cli", "The console face of Vantrelle: catalogue, search and play music on disks and CDs.",
       "Exit status: 0 done (a cancelled question too); 1 a catalogue statement failed, the\n"
       "catalogue cannot be opened or must not be used where it lies, it is read-only and the\n"
       "command would change it, or a rescan found another disk or lost its disk; 2 a wrong\n"
@@ -87,10 +86,9 @@ int RunConsole(int argc, char** argv) {
       "the catalogue.\n"
       "The catalogue lives in $VANTRELLE_DATA, else beside the program when it holds Quillora.db\n"
       "or vantrelle.portable, else in $XDG_DATA_HOME/vantrelle or ~/.local/share/vantrelle.");
-  cli.require_subcommand(1);
   bool yes = false, no = false;
-  auto* yesFlag = cli.add_flag("--yes", yes, "Answer every question with OK (or Retry)");
-  cli.add_flag("--no", no, "Answer every question with Cancel")->excludes(yesFlag);
+  const Argument yesFlag = cli.AddFlag("--yes", yes, "Answer every question with OK (or Retry)");
+  cli.AddFlag("--no", no, "Answer every question with Cancel").Excludes(yesFlag);
 
   std::vector<std::unique_ptr<ConsoleCommand>> commands;
   commands.push_back(std::make_unique<AddCdCommand>(cli));
@@ -110,14 +108,7 @@ int RunConsole(int argc, char** argv) {
   commands.push_back(std::make_unique<RescanCommand>(cli));
   commands.push_back(std::make_unique<RemoveCommand>(cli));
 
-  try {
-    cli.parse(argc, argv);
-  } catch (const CLI::CallForHelp& help) {
-    return cli.exit(help);
-  } catch (const CLI::ParseError& error) {
-    std::fprintf(stderr, "vantrelle-cli: %s\n", error.what());
-    return exit_status::kWrongCommandLine;
-  }
+  if (const std::optional<int> ended = cli.Parse(argc, argv, exit_status::kWrongCommandLine)) return *ended;
 
   const AnswerPolicy policy = yes ? AnswerPolicy::Yes : no ? AnswerPolicy::No : AnswerPolicy::Ask;
   for (auto& command : commands)

@@ -1,14 +1,12 @@
 #include "cli/DrivesCommand.h"
 
-#include <CLI/CLI.hpp>
-
 #include "app/CLibraryApp.h"
 #include "platform/DriveTable.h"
 
-DrivesCommand::DrivesCommand(CLI::App& parent)
-    : command_(parent.add_subcommand("drives", "List the drive table")) {}
+DrivesCommand::DrivesCommand(CommandArguments& parent)
+    : command_(parent, "drives", "List the drive table") {}
 
-bool DrivesCommand::Chosen() const { return command_->parsed(); }
+bool DrivesCommand::Chosen() const { return command_.Chosen(); }
 
 int DrivesCommand::Run(CLibraryApp& app, std::FILE* out) {
   platform::DriveTable& table = app.Platform().drives;

@@ -5,10 +5,10 @@
 // folder, ready or not, serial number, label.
 class DrivesCommand : public ConsoleCommand {
  public:
-  explicit DrivesCommand(CLI::App& parent);
+  explicit DrivesCommand(CommandArguments& parent);
   bool Chosen() const override;
   int Run(CLibraryApp& app, std::FILE* out) override;
 
  private:
-  CLI::App* command_;
+  CommandArguments command_;
 };

@@ -1,7 +1,5 @@
 #include "cli/FileInfoCommand.h"
 
-#include <CLI/CLI.hpp>
-
 #include "app/CLibraryApp.h"
 #include "cli/ConsoleLibraryWindow.h"
 #include "tags/CoverFinder.h"
@@ -34,18 +32,18 @@ std::string PictureLine(const platform::FileSystem& files, const FileInfoForm& f
 
 }  // namespace
 
-FileInfoCommand::FileInfoCommand(CLI::App& parent)
-    : command_(parent.add_subcommand("file-info", "Show or edit a file's texts and rating")) {
-  command_->add_option("FILEID", fileId_, "The file")->required();
-  command_->add_option("--title", title_, "Type this title");
-  command_->add_option("--artist", artist_, "Type this artist");
-  command_->add_option("--album", album_, "Type this album");
-  command_->add_option("--comment", comment_, "Type this comment");
-  auto* rating = command_->add_option("--rating", rating_, "Check this rating button")->check(CLI::Range(1, 5));
-  command_->add_flag("--no-rating", noRating_, "Check no rating button")->excludes(rating);
+FileInfoCommand::FileInfoCommand(CommandArguments& parent)
+    : command_(parent, "file-info", "Show or edit a file's texts and rating") {
+  command_.Add("FILEID", fileId_, "The file").Required();
+  command_.Add("--title", title_, "Type this title");
+  command_.Add("--artist", artist_, "Type this artist");
+  command_.Add("--album", album_, "Type this album");
+  command_.Add("--comment", comment_, "Type this comment");
+  const Argument rating = command_.Add("--rating", rating_, "Check this rating button").InRange(1, 5);
+  command_.AddFlag("--no-rating", noRating_, "Check no rating button").Excludes(rating);
 }
 
-bool FileInfoCommand::Chosen() const { return command_->parsed(); }
+bool FileInfoCommand::Chosen() const { return command_.Chosen(); }
 
 bool FileInfoCommand::Edits() const {
   return title_ || artist_ || album_ || comment_ || rating_ || noRating_;

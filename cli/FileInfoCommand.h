@@ -13,14 +13,14 @@
 // edits (the other fields as the dialog showed them).
 class FileInfoCommand : public ConsoleCommand {
  public:
-  explicit FileInfoCommand(CLI::App& parent);
+  explicit FileInfoCommand(CommandArguments& parent);
   bool Chosen() const override;
   int Run(CLibraryApp& app, std::FILE* out) override;
 
  private:
   bool Edits() const;
 
-  CLI::App* command_;
+  CommandArguments command_;
   int fileId_ = 0;
   std::optional<std::string> title_;
   std::optional<std::string> artist_;

@@ -1,17 +1,15 @@
 #include "cli/NodeCommand.h"
 
-#include <CLI/CLI.hpp>
-
 #include "app/CLibraryApp.h"
 
-NodeCommand::NodeCommand(CLI::App& parent, const char* name, const char* description,
+NodeCommand::NodeCommand(CommandArguments& parent, const char* name, const char* description,
                          std::initializer_list<std::string> kinds)
-    : command_(parent.add_subcommand(name, description)) {
-  command_->add_option("KIND", kind_, "The kind of node")->required()->check(CLI::IsMember(kinds));
-  command_->add_option("ID", id_, "Its VolID, PathID or PlayListID")->required();
+    : command_(parent, name, description) {
+  command_.Add("KIND", kind_, "The kind of node").Required().OneOf(kinds);
+  command_.Add("ID", id_, "Its VolID, PathID or PlayListID").Required();
 }
 
-bool NodeCommand::Chosen() const { return command_->parsed(); }
+bool NodeCommand::Chosen() const { return command_.Chosen(); }
 
 void NodeCommand::RequireRow(CLibraryApp& app) const {
   MediaDB& db = app.Db();

@@ -9,7 +9,7 @@
 
 class NodeCommand : public ConsoleCommand {
  public:
-  NodeCommand(CLI::App& parent, const char* name, const char* description,
+  NodeCommand(CommandArguments& parent, const char* name, const char* description,
               std::initializer_list<std::string> kinds);
   bool Chosen() const override;
 
@@ -21,5 +21,5 @@ class NodeCommand : public ConsoleCommand {
   int id_ = 0;
 
  private:
-  CLI::App* command_;
+  CommandArguments command_;
 };

@@ -2,8 +2,6 @@
 
 #include <unistd.h>
 
-#include <CLI/CLI.hpp>
-
 #include "app/CLibraryApp.h"
 #include "cli/ConsoleProgressDialog.h"
 #include "cli/NoFolderPicker.h"
@@ -25,7 +23,7 @@ class ConsoleVolumeInfo : public VolumeInfoView {
 
 }  // namespace
 
-RescanCommand::RescanCommand(CLI::App& parent)
+RescanCommand::RescanCommand(CommandArguments& parent)
     : NodeCommand(parent, "rescan", "Rescan a volume or a folder of the library", {"volume", "folder"}) {}
 
 int RescanCommand::Run(CLibraryApp& app, std::FILE*) {
@@ -38,7 +36,7 @@ int RescanCommand::Run(CLibraryApp& app, std::FILE*) {
   return scanned ? 0 : 1;
 }
 
-RemoveCommand::RemoveCommand(CLI::App& parent)
+RemoveCommand::RemoveCommand(CommandArguments& parent)
     : NodeCommand(parent, "remove",
                   "Remove a volume, a folder or a play list from the library (asks first)",
                   {"volume", "folder", "playlist"}) {}
@@ -55,14 +53,14 @@ int RemoveCommand::Run(CLibraryApp& app, std::FILE*) {
   return 0;
 }
 
-VolumeInfoCommand::VolumeInfoCommand(CLI::App& parent)
-    : command_(parent.add_subcommand("volume-info", "Show or edit a volume's display name and description")) {
-  command_->add_option("VOLID", volId_, "The volume")->required();
-  command_->add_option("--display-name", displayName_, "Type this display name, then press Update");
-  command_->add_option("--description", description_, "Type this description, then press Update");
+VolumeInfoCommand::VolumeInfoCommand(CommandArguments& parent)
+    : command_(parent, "volume-info", "Show or edit a volume's display name and description") {
+  command_.Add("VOLID", volId_, "The volume").Required();
+  command_.Add("--display-name", displayName_, "Type this display name, then press Update");
+  command_.Add("--description", description_, "Type this description, then press Update");
 }
 
-bool VolumeInfoCommand::Chosen() const { return command_->parsed(); }
+bool VolumeInfoCommand::Chosen() const { return command_.Chosen(); }
 
 int VolumeInfoCommand::Run(CLibraryApp& app, std::FILE* out) {
   if (!app.Db().GetVolume(volId_))

@@ -9,7 +9,7 @@
 // the tree's menu runs it.
 class RescanCommand : public NodeCommand {
  public:
-  explicit RescanCommand(CLI::App& parent);
+  explicit RescanCommand(CommandArguments& parent);
   int Run(CLibraryApp& app, std::FILE* out) override;
 };
 
@@ -17,7 +17,7 @@ class RescanCommand : public NodeCommand {
 // PLAYLISTID`: the library's removal, after its question.
 class RemoveCommand : public NodeCommand {
  public:
-  explicit RemoveCommand(CLI::App& parent);
+  explicit RemoveCommand(CommandArguments& parent);
   int Run(CLibraryApp& app, std::FILE* out) override;
 };
 
@@ -26,12 +26,12 @@ class RemoveCommand : public NodeCommand {
 // presses Update with those edits.
 class VolumeInfoCommand : public ConsoleCommand {
  public:
-  explicit VolumeInfoCommand(CLI::App& parent);
+  explicit VolumeInfoCommand(CommandArguments& parent);
   bool Chosen() const override;
   int Run(CLibraryApp& app, std::FILE* out) override;
 
  private:
-  CLI::App* command_;
+  CommandArguments command_;
   int volId_ = 0;
   std::optional<std::string> displayName_;
   std::optional<std::string> description_;

@@ -1,6 +1,5 @@
 #include "cli/OptionsCommand.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cctype>
 
@@ -40,19 +39,18 @@ class ConsoleOptionsView : public OptionsView {
 
 }  // namespace
 
-OptionsCommand::OptionsCommand(CLI::App& parent)
-    : command_(parent.add_subcommand("options", "Show or change the cache folder and the CD drive")) {
-  command_->add_option("--cache-path", cachePath_,
-                       "Cache folder: a Linux path or a drive path such as C:\\QORCache");
-  command_->add_option("--cd-drive", cdDrive_, "Letter of the CD drive used by Add CD and playback");
-  command_->add_option("--all-formats", allFormats_,
-                       "yes: scans also record FLAC, Musepack, Opus and M4A files; no: only MP3, Ogg "
-                       "Vorbis and WMA (the next scan of a volume asks, then removes the others)")
-      ->check(CLI::IsMember({"yes", "no"}, CLI::ignore_case))
-      ->option_text("yes|no");
+OptionsCommand::OptionsCommand(CommandArguments& parent)
+    : command_(parent, "options", "Show or change the cache folder and the CD drive") {
+  command_.Add("--cache-path", cachePath_, "Cache folder: a Linux path or a drive path such as C:\\QORCache");
+  command_.Add("--cd-drive", cdDrive_, "Letter of the CD drive used by Add CD and playback");
+  command_.Add("--all-formats", allFormats_,
+               "yes: scans also record FLAC, Musepack, Opus and M4A files; no: only MP3, Ogg "
+               "Vorbis and WMA (the next scan of a volume asks, then removes the others)")
+      .OneOf({"yes", "no"}, true)
+      .ValueText("yes|no");
 }
 
-bool OptionsCommand::Chosen() const { return command_->parsed(); }
+bool OptionsCommand::Chosen() const { return command_.Chosen(); }
 
 std::string OptionsCommand::CdDriveLetter() const {
   std::string letter = *cdDrive_;

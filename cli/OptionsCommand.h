@@ -10,7 +10,7 @@
 // chosen.
 class OptionsCommand : public ConsoleCommand {
  public:
-  explicit OptionsCommand(CLI::App& parent);
+  explicit OptionsCommand(CommandArguments& parent);
   bool Chosen() const override;
   int Run(CLibraryApp& app, std::FILE* out) override;
 
@@ -18,7 +18,7 @@ class OptionsCommand : public ConsoleCommand {
   // The letter of "E", "e", "E:" or "E:\".
   std::string CdDriveLetter() const;
 
-  CLI::App* command_;
+  CommandArguments command_;
   std::optional<std::string> cachePath_;
   std::optional<std::string> cdDrive_;
   std::optional<bool> allFormats_;

@@ -1,6 +1,5 @@
 #include "cli/PlayCommand.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <thread>
 
@@ -29,15 +28,15 @@ void WaitWhilePlaying(CMciPlayer& player, milliseconds limit) {
 
 }  // namespace
 
-PlayCommand::PlayCommand(CLI::App& parent)
-    : command_(parent.add_subcommand("play", "Play a catalogued file, then stop")) {
-  command_->add_option("FILEID", fileId_, "The file's FileID, as `list` and `search` show it")
-      ->required();
-  command_->add_option("--seconds", seconds_, "Stop after this many seconds (default: at the end)")
-      ->check(CLI::NonNegativeNumber);
+PlayCommand::PlayCommand(CommandArguments& parent)
+    : command_(parent, "play", "Play a catalogued file, then stop") {
+  command_.Add("FILEID", fileId_, "The file's FileID, as `list` and `search` show it")
+      .Required();
+  command_.Add("--seconds", seconds_, "Stop after this many seconds (default: at the end)")
+      .NonNegative();
 }
 
-bool PlayCommand::Chosen() const { return command_->parsed(); }
+bool PlayCommand::Chosen() const { return command_.Chosen(); }
 
 milliseconds PlayCommand::Limit(const CMciPlayer& player) const {
   if (seconds_) return std::chrono::seconds(*seconds_);

@@ -12,7 +12,7 @@ class CMciPlayer;
 // on after its box); the box names the file and the reason.
 class PlayCommand : public ConsoleCommand {
  public:
-  explicit PlayCommand(CLI::App& parent);
+  explicit PlayCommand(CommandArguments& parent);
   bool Chosen() const override;
   int Run(CLibraryApp& app, std::FILE* out) override;
 
@@ -20,7 +20,7 @@ class PlayCommand : public ConsoleCommand {
   // How long to let the file play at most.
   std::chrono::milliseconds Limit(const CMciPlayer& player) const;
 
-  CLI::App* command_;
+  CommandArguments command_;
   int fileId_ = 0;
   std::optional<int> seconds_;
 };

@@ -1,7 +1,5 @@
 #include "cli/PlayListCommands.h"
 
-#include <CLI/CLI.hpp>
-
 #include "app/CLibraryApp.h"
 #include "cli/ConsolePlayListWindow.h"
 #include "playlists/CPlayListModel.h"
@@ -32,13 +30,13 @@ void PrintNotCopied(std::FILE* out, const CopySummary& summary) {
 
 }  // namespace
 
-SavePlayListCommand::SavePlayListCommand(CLI::App& parent)
-    : command_(parent.add_subcommand("save-playlist", "Store files as a named play list")) {
-  command_->add_option("NAME", name_, "The play list's name")->required();
-  command_->add_option("FILEID", fileIds_, "The files, in play list order");
+SavePlayListCommand::SavePlayListCommand(CommandArguments& parent)
+    : command_(parent, "save-playlist", "Store files as a named play list") {
+  command_.Add("NAME", name_, "The play list's name").Required();
+  command_.Add("FILEID", fileIds_, "The files, in play list order");
 }
 
-bool SavePlayListCommand::Chosen() const { return command_->parsed(); }
+bool SavePlayListCommand::Chosen() const { return command_.Chosen(); }
 
 int SavePlayListCommand::Run(CLibraryApp& app, std::FILE*) {
   const IdList ids = CataloguedFiles(app, fileIds_);
@@ -49,17 +47,15 @@ int SavePlayListCommand::Run(CLibraryApp& app, std::FILE*) {
   return 0;
 }
 
-CopyCommand::CopyCommand(CLI::App& parent)
-    : command_(parent.add_subcommand("copy", "Copy files to the cache folder or to a folder")) {
-  auto* target = command_->add_option_group("target", "Where the copies go");
-  target->add_flag("--cache", toCache_, "Copy to the cache folder");
-  target->add_option("--to", folder_,
-                     "Copy to this folder: a Linux path, or a drive path such as C:\\Out");
-  target->require_option(1);
-  command_->add_option("FILEID", fileIds_, "The files to copy");
+CopyCommand::CopyCommand(CommandArguments& parent)
+    : command_(parent, "copy", "Copy files to the cache folder or to a folder") {
+  CommandArguments target = command_.AddChoiceGroup("target", "Where the copies go");
+  target.AddFlag("--cache", toCache_, "Copy to the cache folder");
+  target.Add("--to", folder_, "Copy to this folder: a Linux path, or a drive path such as C:\\Out");
+  command_.Add("FILEID", fileIds_, "The files to copy");
 }
 
-bool CopyCommand::Chosen() const { return command_->parsed(); }
+bool CopyCommand::Chosen() const { return command_.Chosen(); }
 
 int CopyCommand::Run(CLibraryApp& app, std::FILE* out) {
   const std::string target = folder_ ? FolderArgument(app, *folder_) : "";
@@ -76,10 +72,10 @@ int CopyCommand::Run(CLibraryApp& app, std::FILE* out) {
   return 0;
 }
 
-ClearCacheCommand::ClearCacheCommand(CLI::App& parent)
-    : command_(parent.add_subcommand("clear-cache", "Delete the files in the cache folder")) {}
+ClearCacheCommand::ClearCacheCommand(CommandArguments& parent)
+    : command_(parent, "clear-cache", "Delete the files in the cache folder") {}
 
-bool ClearCacheCommand::Chosen() const { return command_->parsed(); }
+bool ClearCacheCommand::Chosen() const { return command_.Chosen(); }
 
 int ClearCacheCommand::Run(CLibraryApp& app, std::FILE*) {
   ConsolePlayListWindow window(app);

@@ -9,12 +9,12 @@
 // that order (each once); "Save PlayList", NAME typed, "Save" pressed.
 class SavePlayListCommand : public ConsoleCommand {
  public:
-  explicit SavePlayListCommand(CLI::App& parent);
+  explicit SavePlayListCommand(CommandArguments& parent);
   bool Chosen() const override;
   int Run(CLibraryApp& app, std::FILE* out) override;
 
  private:
-  CLI::App* command_;
+  CommandArguments command_;
   std::string name_;
   std::vector<int> fileIds_;
 };
@@ -25,12 +25,12 @@ class SavePlayListCommand : public ConsoleCommand {
 // or "not copied: SOURCE: REASON".
 class CopyCommand : public ConsoleCommand {
  public:
-  explicit CopyCommand(CLI::App& parent);
+  explicit CopyCommand(CommandArguments& parent);
   bool Chosen() const override;
   int Run(CLibraryApp& app, std::FILE* out) override;
 
  private:
-  CLI::App* command_;
+  CommandArguments command_;
   bool toCache_ = false;
   std::optional<std::string> folder_;
   std::vector<int> fileIds_;
@@ -39,10 +39,10 @@ class CopyCommand : public ConsoleCommand {
 // `clear-cache`: the play list window's "C", question first.
 class ClearCacheCommand : public ConsoleCommand {
  public:
-  explicit ClearCacheCommand(CLI::App& parent);
+  explicit ClearCacheCommand(CommandArguments& parent);
   bool Chosen() const override;
   int Run(CLibraryApp& app, std::FILE* out) override;
 
  private:
-  CLI::App* command_;
+  CommandArguments command_;
 };

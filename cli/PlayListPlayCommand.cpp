@@ -1,6 +1,5 @@
 #include "cli/PlayListPlayCommand.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <chrono>
 #include <thread>
@@ -20,15 +19,15 @@ constexpr milliseconds kEndMargin{3000};
 
 }  // namespace
 
-PlayListPlayCommand::PlayListPlayCommand(CLI::App& parent)
-    : command_(parent.add_subcommand("play-list", "Play a stored play list through, file after file")) {
-  command_->add_option("PLAYLISTID", playListId_, "The play list's PlayListID, as `tree` shows it")
-      ->required();
-  command_->add_option("--seconds", seconds_, "Play this many seconds of each file (default: all)")
-      ->check(CLI::NonNegativeNumber);
+PlayListPlayCommand::PlayListPlayCommand(CommandArguments& parent)
+    : command_(parent, "play-list", "Play a stored play list through, file after file") {
+  command_.Add("PLAYLISTID", playListId_, "The play list's PlayListID, as `tree` shows it")
+      .Required();
+  command_.Add("--seconds", seconds_, "Play this many seconds of each file (default: all)")
+      .NonNegative();
 }
 
-bool PlayListPlayCommand::Chosen() const { return command_->parsed(); }
+bool PlayListPlayCommand::Chosen() const { return command_.Chosen(); }
 
 int PlayListPlayCommand::Run(CLibraryApp& app, std::FILE* out) {
   const auto stored = app.Db().GetPlayList(playListId_);

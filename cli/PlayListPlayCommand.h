@@ -16,12 +16,12 @@ void PlayFilesThrough(CLibraryApp& app, const IdList& files, std::optional<int> 
 // file that cannot be played, ends the run (status 0, as in the desktop).
 class PlayListPlayCommand : public ConsoleCommand {
  public:
-  explicit PlayListPlayCommand(CLI::App& parent);
+  explicit PlayListPlayCommand(CommandArguments& parent);
   bool Chosen() const override;
   int Run(CLibraryApp& app, std::FILE* out) override;
 
  private:
-  CLI::App* command_;
+  CommandArguments command_;
   int playListId_ = 0;
   std::optional<int> seconds_;
 };

@@ -1,78 +1,81 @@
 #include "platform/MountTable.h"
 
+#include <libmount.h>
 #include <sys/sysmacros.h>
 
-#include <fstream>
-#include <sstream>
+#include <cstdio>
+#include <memory>
 
 #include "platform/LinuxPaths.h"
 
 namespace platform {
 namespace {
 
-bool IsOctalDigit(char c) { return c >= '0' && c <= '7'; }
+struct TableDeleter {
+  void operator()(libmnt_table* table) const { mnt_unref_table(table); }
+};
+using Table = std::unique_ptr<libmnt_table, TableDeleter>;
 
-// The kernel writes blanks, tabs, line breaks and "\" in paths as "\ooo".
-std::string UnescapeField(std::string_view field) {
-  std::string text;
-  for (std::size_t i = 0; i < field.size(); ++i) {
-    if (field[i] == '\\' && i + 3 < field.size() && IsOctalDigit(field[i + 1]) &&
-        IsOctalDigit(field[i + 2]) && IsOctalDigit(field[i + 3])) {
-      text += static_cast<char>((field[i + 1] - '0') * 64 + (field[i + 2] - '0') * 8 + (field[i + 3] - '0'));
-      i += 3;
-    } else {
-      text += field[i];
-    }
+struct StreamCloser {
+  void operator()(std::FILE* stream) const { std::fclose(stream); }
+};
+
+std::string TextOrEmpty(const char* text) { return text ? text : ""; }
+
+// libmount unescapes the kernel's "\ooo" in every field.
+Mount MountOf(libmnt_fs* fs) {
+  Mount mount;
+  mount.device = mnt_fs_get_devno(fs);
+  mount.root = TextOrEmpty(mnt_fs_get_root(fs));
+  mount.mountPoint = TextOrEmpty(mnt_fs_get_target(fs));
+  mount.type = TextOrEmpty(mnt_fs_get_fstype(fs));
+  mount.source = TextOrEmpty(mnt_fs_get_source(fs));
+  return mount;
+}
+
+// Only what came from a mountinfo line: a table libmount took for another
+// format holds entries without a root.
+std::vector<Mount> MountsOf(libmnt_table* table) {
+  std::vector<Mount> mounts;
+  libmnt_iter* iter = mnt_new_iter(MNT_ITER_FORWARD);
+  libmnt_fs* fs = nullptr;
+  while (iter && mnt_table_next_fs(table, iter, &fs) == 0)
+    if (mnt_fs_is_kernel(fs) && mnt_fs_get_root(fs)) mounts.push_back(MountOf(fs));
+  mnt_free_iter(iter);
+  return mounts;
+}
+
+// libmount settles the format of a text by its first line; lines before the
+// first that starts with a mount id and a parent id would make it read the
+// rest as fstab.
+std::string_view FromFirstMountLine(std::string_view text) {
+  while (!text.empty()) {
+    unsigned id = 0, parent = 0;
+    const std::size_t end = text.find('\n');
+    const std::string line(text.substr(0, end));
+    if (std::sscanf(line.c_str(), "%u %u", &id, &parent) == 2) return text;
+    if (end == std::string_view::npos) return {};
+    text.remove_prefix(end + 1);
   }
   return text;
-}
-
-std::vector<std::string> SplitFields(const std::string& line) {
-  std::vector<std::string> fields;
-  std::istringstream stream(line);
-  for (std::string field; stream >> field;) fields.push_back(field);
-  return fields;
-}
-
-bool ParseDeviceNumber(const std::string& field, std::uint64_t& device) {
-  unsigned major = 0, minor = 0;
-  char colon = 0;
-  std::istringstream stream(field);
-  if (!(stream >> major >> colon >> minor) || colon != ':') return false;
-  device = makedev(major, minor);
-  return true;
-}
-
-// Fields: id parent major:minor root mountpoint options [optional...] - type source superoptions
-bool ParseMountLine(const std::string& line, Mount& mount) {
-  std::vector<std::string> fields = SplitFields(line);
-  std::size_t separator = 6;
-  while (separator < fields.size() && fields[separator] != "-") ++separator;
-  if (separator + 2 >= fields.size() || !ParseDeviceNumber(fields[2], mount.device)) return false;
-  mount.root = UnescapeField(fields[3]);
-  mount.mountPoint = UnescapeField(fields[4]);
-  mount.type = UnescapeField(fields[separator + 1]);
-  mount.source = UnescapeField(fields[separator + 2]);
-  return true;
 }
 
 }  // namespace
 
 std::vector<Mount> ParseMountInfo(std::string_view text) {
-  std::vector<Mount> mounts;
-  std::istringstream stream{std::string(text)};
-  for (std::string line; std::getline(stream, line);) {
-    Mount mount;
-    if (ParseMountLine(line, mount)) mounts.push_back(std::move(mount));
-  }
-  return mounts;
+  text = FromFirstMountLine(text);
+  if (text.empty()) return {};
+  std::string buffer(text);
+  std::unique_ptr<std::FILE, StreamCloser> stream(fmemopen(buffer.data(), buffer.size(), "r"));
+  Table table(mnt_new_table());
+  if (!stream || !table || mnt_table_parse_stream(table.get(), stream.get(), "mountinfo") != 0) return {};
+  return MountsOf(table.get());
 }
 
 std::vector<Mount> ReadMountTable() {
-  std::ifstream file("/proc/self/mountinfo");
-  std::stringstream text;
-  text << file.rdbuf();
-  return ParseMountInfo(text.str());
+  Table table(mnt_new_table());
+  if (!table || mnt_table_parse_file(table.get(), "/proc/self/mountinfo") != 0) return {};
+  return MountsOf(table.get());
 }
 
 const Mount* MountHolding(const std::vector<Mount>& mounts, const std::string& path) {
