@@ -27,8 +27,9 @@ CLibraryApp::StartResult CLibraryApp::Start() {
   if (lock_->GetState() == platform::CatalogueLock::State::InUse) return StartResult::InUse;
   if (lock_->GetState() == platform::CatalogueLock::State::Refused) return StartResult::Forbidden;
 
-  const bool created = db_.Open(settings_.programFolder, [this] { WriteFirstRunSettings(); },
-                                !lock_->SharedFileSystem()) == 1;
+  const bool created =
+      db_.Open(
+          settings_.programFolder, [this] { WriteFirstRunSettings(); }, !lock_->SharedFileSystem()) == 1;
   opened_ = true;
   if (!created) WriteMissingSettingRows();
   settings_.Load();
@@ -36,8 +37,8 @@ CLibraryApp::StartResult CLibraryApp::Start() {
   player_.SetVolume(settings_.volume);
   playThrough_.SetEnabled(settings_.playThrough);
   if (VersionAccepted()) return StartResult::Ready;
-  platform_.messages.Show("Incompatible database version (" + settings_.catalogueVersion + ")!",
-                          platform::Buttons::Ok, platform::Icon::Error);
+  platform_.messages.Show("Incompatible database version (" + settings_.catalogueVersion + ")!", platform::Buttons::Ok,
+                          platform::Icon::Error);
   return StartResult::Refused;
 }
 

@@ -42,11 +42,9 @@ class CLibraryApp {
   static constexpr const char* kAcceptedVersions = "2.1;2.0";
   static constexpr const char* kDefaultCacheFolder = "C:\\QORCache";
 
-  static constexpr const char* kCatalogueInUse =
-      "The catalogue is in use by another Vantrelle program (process %d).";
+  static constexpr const char* kCatalogueInUse = "The catalogue is in use by another Vantrelle program (process %d).";
   // When the holder cannot be told (a lock taken through a file system daemon).
-  static constexpr const char* kCatalogueInUseBySomeone =
-      "The catalogue is in use by another Vantrelle program.";
+  static constexpr const char* kCatalogueInUseBySomeone = "The catalogue is in use by another Vantrelle program.";
 
   enum class StartResult { Ready, Refused, InUse, Forbidden };
 

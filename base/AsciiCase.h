@@ -22,6 +22,5 @@ inline bool EqualIgnoringAsciiCase(std::string_view a, std::string_view b) {
 }
 
 inline bool EndsWithIgnoringAsciiCase(std::string_view text, std::string_view ending) {
-  return text.size() >= ending.size() &&
-         EqualIgnoringAsciiCase(text.substr(text.size() - ending.size()), ending);
+  return text.size() >= ending.size() && EqualIgnoringAsciiCase(text.substr(text.size() - ending.size()), ending);
 }

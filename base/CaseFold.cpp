@@ -97,7 +97,5 @@ bool CaseFold::Holds(std::string_view text, std::string_view foldedPart) const {
     const int ascii = AsciiHolds(text, foldedPart);
     if (ascii >= 0) return ascii == 1;
   }
-  return WithFolded(text, [&](std::string_view folded) {
-    return folded.find(foldedPart) != std::string_view::npos;
-  });
+  return WithFolded(text, [&](std::string_view folded) { return folded.find(foldedPart) != std::string_view::npos; });
 }

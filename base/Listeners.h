@@ -36,8 +36,7 @@ class Listeners {
     Listener listener;
   };
   bool Subscribed(int token) const {
-    return std::any_of(entries_.begin(), entries_.end(),
-                       [token](const Entry& entry) { return entry.token == token; });
+    return std::any_of(entries_.begin(), entries_.end(), [token](const Entry& entry) { return entry.token == token; });
   }
 
   std::vector<Entry> entries_;

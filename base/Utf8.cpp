@@ -6,11 +6,16 @@ std::size_t DecodeUtf8At(std::string_view text, std::size_t i, char32_t& c) {
   std::size_t length = 0;
   char32_t code = 0;
   char32_t least = 0;  // the smallest code point of that length: below it is overlong
-  if (lead < 0x80) length = 1, code = lead;
-  else if (lead >= 0xC2 && lead <= 0xDF) length = 2, code = lead & 0x1F, least = 0x80;
-  else if (lead >= 0xE0 && lead <= 0xEF) length = 3, code = lead & 0x0F, least = 0x800;
-  else if (lead >= 0xF0 && lead <= 0xF4) length = 4, code = lead & 0x07, least = 0x10000;
-  else return 0;
+  if (lead < 0x80)
+    length = 1, code = lead;
+  else if (lead >= 0xC2 && lead <= 0xDF)
+    length = 2, code = lead & 0x1F, least = 0x80;
+  else if (lead >= 0xE0 && lead <= 0xEF)
+    length = 3, code = lead & 0x0F, least = 0x800;
+  else if (lead >= 0xF0 && lead <= 0xF4)
+    length = 4, code = lead & 0x07, least = 0x10000;
+  else
+    return 0;
   if (i + length > text.size()) return 0;
   for (std::size_t k = 1; k < length; ++k) {
     if ((byte(k) & 0xC0) != 0x80) return 0;

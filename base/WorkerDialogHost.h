@@ -14,8 +14,7 @@ class MessageBox;
 
 class WorkerDialogHost {
  public:
-  using MakeLogic =
-      std::function<std::unique_ptr<CWorkerDlg>(WorkerDialogView& view, platform::MessageBox& messages)>;
+  using MakeLogic = std::function<std::unique_ptr<CWorkerDlg>(WorkerDialogView& view, platform::MessageBox& messages)>;
 
   virtual ~WorkerDialogHost() = default;
   // Returns when the dialog has closed and its worker has ended.

@@ -73,18 +73,14 @@ BenchLibrary::BenchLibrary(std::string folder, std::string fixtures, int files)
   addedNew_ = removed_ - addedExisting_;
 }
 
-void BenchLibrary::ForEachOriginalTrack(
-    const std::function<void(const Track&, bool removed)>& visit) const {
+void BenchLibrary::ForEachOriginalTrack(const std::function<void(const Track&, bool removed)>& visit) const {
   for (int album = 0; album < albums_; ++album) {
-    const std::string folder =
-        AlbumFolder(album / kAlbumsPerArtist, "Album%02d", album % kAlbumsPerArtist);
+    const std::string folder = AlbumFolder(album / kAlbumsPerArtist, "Album%02d", album % kAlbumsPerArtist);
     const int tracks = std::min(kTracksPerAlbum, files_ - album * kTracksPerAlbum);
     for (int t = 0; t < tracks; ++t) {
       const char* fixture = kAlbumPattern[t];
       const bool removed = changed_ && LosesTrack(album) && t == kRemovedTrack;
-      visit(Track{folder, TrackName(t + 1, "Track", fixture), fixture,
-                  album * kTracksPerAlbum + t},
-            removed);
+      visit(Track{folder, TrackName(t + 1, "Track", fixture), fixture, album * kTracksPerAlbum + t}, removed);
     }
   }
 }
@@ -94,10 +90,8 @@ void BenchLibrary::ForEachAddedTrack(const std::function<void(const Track&)>& vi
   int given = 0;
   for (int album = 0; album < albums_ && given < addedExisting_; ++album) {
     if (!GainsTrack(album)) continue;
-    const std::string folder =
-        AlbumFolder(album / kAlbumsPerArtist, "Album%02d", album % kAlbumsPerArtist);
-    visit(Track{folder, TrackName(kTracksPerAlbum + 1, "Bonus", kBonusFixture), kBonusFixture,
-                serial++});
+    const std::string folder = AlbumFolder(album / kAlbumsPerArtist, "Album%02d", album % kAlbumsPerArtist);
+    visit(Track{folder, TrackName(kTracksPerAlbum + 1, "Bonus", kBonusFixture), kBonusFixture, serial++});
     ++given;
   }
   const int artists = std::max(1, (albums_ + kAlbumsPerArtist - 1) / kAlbumsPerArtist);
@@ -105,8 +99,7 @@ void BenchLibrary::ForEachAddedTrack(const std::function<void(const Track&)>& vi
     const int album = k / kTracksPerAlbum;
     const int t = k % kTracksPerAlbum;
     const std::string folder = AlbumFolder(album % artists, "New Album %03d", album);
-    visit(Track{folder, TrackName(t + 1, "Track", kAlbumPattern[t]), kAlbumPattern[t],
-                serial++});
+    visit(Track{folder, TrackName(t + 1, "Track", kAlbumPattern[t]), kAlbumPattern[t], serial++});
   }
 }
 
@@ -120,14 +113,12 @@ void BenchLibrary::ForEachTrack(const std::function<void(const Track&)>& visit) 
 void BenchLibrary::ForEachFile(
     const std::function<void(const std::string& local, const std::string& drive)>& visit) const {
   const std::string library = folder_ + "/disk/Library/";
-  ForEachTrack([&](const Track& track) {
-    visit(library + track.folder + track.name, ToDrivePath(track.folder, track.name));
-  });
+  ForEachTrack(
+      [&](const Track& track) { visit(library + track.folder + track.name, ToDrivePath(track.folder, track.name)); });
 }
 
 std::string BenchLibrary::SourceOf(const Track& track) const {
-  const std::string copy =
-      folder_ + "/sources/" + std::to_string(track.serial / kTracksPerSourceCopy) + "/";
+  const std::string copy = folder_ + "/sources/" + std::to_string(track.serial / kTracksPerSourceCopy) + "/";
   const std::string source = copy + track.fixture;
   if (!fs::exists(source)) {
     fs::create_directories(copy);

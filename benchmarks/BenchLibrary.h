@@ -25,8 +25,7 @@ class BenchLibrary {
   void ApplyChange();
 
   // Every file of the library as it stands: its Linux path and drive path.
-  void ForEachFile(const std::function<void(const std::string& local,
-                                            const std::string& drive)>& visit) const;
+  void ForEachFile(const std::function<void(const std::string& local, const std::string& drive)>& visit) const;
 
   int FileCount() const { return files_; }
   int Removed() const { return changed_ ? removed_ : 0; }

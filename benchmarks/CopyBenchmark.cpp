@@ -129,8 +129,8 @@ int Run(const Settings& settings) {
   const IdList ids = BuildLibrary(db, disk, settings);
   ReadAll(disk + "/Music");
   const double megabytes = double(ids.size()) * settings.fileMb;
-  std::printf("%zu files of %d MB (%.0f MB), %d rounds, in %s\n", ids.size(), settings.fileMb,
-              megabytes, settings.rounds, settings.work.c_str());
+  std::printf("%zu files of %d MB (%.0f MB), %d rounds, in %s\n", ids.size(), settings.fileMb, megabytes,
+              settings.rounds, settings.work.c_str());
 
   CopyJob job;
   job.target = "C:\\WorkerCopy";
@@ -142,9 +142,7 @@ int Run(const Settings& settings) {
   TimeCopy(disk + "/CpCopy", [&] { [[maybe_unused]] const int ignored = std::system(cp.c_str()); });
   std::vector<double> workerTimes, cpTimes;
   for (int round = 0; round < settings.rounds; ++round) {
-    const auto timeWorker = [&] {
-      workerTimes.push_back(TimeCopy(disk + "/WorkerCopy", [&] { worker.Run(ids); }));
-    };
+    const auto timeWorker = [&] { workerTimes.push_back(TimeCopy(disk + "/WorkerCopy", [&] { worker.Run(ids); })); };
     const auto timeCp = [&] {
       cpTimes.push_back(TimeCopy(disk + "/CpCopy", [&] {
         if (std::system(cp.c_str()) != 0) std::fprintf(stderr, "cp failed\n");
@@ -161,9 +159,8 @@ int Run(const Settings& settings) {
   }
 
   const double workerMedian = Median(workerTimes), cpMedian = Median(cpTimes);
-  std::printf("median: worker %.3f s (%.0f MB/s), cp %.3f s (%.0f MB/s), ratio %.2f (target <= 1.20)\n",
-              workerMedian, megabytes / workerMedian, cpMedian, megabytes / cpMedian,
-              workerMedian / cpMedian);
+  std::printf("median: worker %.3f s (%.0f MB/s), cp %.3f s (%.0f MB/s), ratio %.2f (target <= 1.20)\n", workerMedian,
+              megabytes / workerMedian, cpMedian, megabytes / cpMedian, workerMedian / cpMedian);
   return 0;
 }
 

@@ -11,12 +11,11 @@
 
 #include <fcntl.h>
 #include <sys/wait.h>
-#include <unistd.h>
-
 #include <taglib/asffile.h>
 #include <taglib/mpegfile.h>
 #include <taglib/tag.h>
 #include <taglib/vorbisfile.h>
+#include <unistd.h>
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -48,16 +47,28 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 enum Phase {
-  kBuild, kWarm, kTagLib, kGetTag, kFresh, kRescan, kChanged,
-  kTree, kList, kSearchFirst, kSearchNone, kSearchTenth, kPlayList, kRemove, kPhaseCount
+  kBuild,
+  kWarm,
+  kTagLib,
+  kGetTag,
+  kFresh,
+  kRescan,
+  kChanged,
+  kTree,
+  kList,
+  kSearchFirst,
+  kSearchNone,
+  kSearchTenth,
+  kPlayList,
+  kRemove,
+  kPhaseCount
 };
 
 constexpr const char* kPhaseNames[kPhaseCount] = {
-    "build library",        "warm cache (read all)",  "floor: TagLib direct",
-    "floor: GetTag (drive)", "fresh scan",            "no-change rescan",
-    "rescan +1% -1%",        "tree: every folder",     "a folder's list",
-    "search, first of all",  "search, no match",      "search, 1/10 match",     "play list of 10,000",
-    "remove scanned folder",
+    "build library",       "warm cache (read all)", "floor: TagLib direct", "floor: GetTag (drive)",
+    "fresh scan",          "no-change rescan",      "rescan +1% -1%",       "tree: every folder",
+    "a folder's list",     "search, first of all",  "search, no match",     "search, 1/10 match",
+    "play list of 10,000", "remove scanned folder",
 };
 
 // Found in no file; found in the name of one track of every album of ten.
@@ -96,8 +107,7 @@ class OkMessageBox : public platform::MessageBox {
 
 void AddProblem(SizeResult& result, const std::string& text) {
   const std::size_t used = std::strlen(result.problems);
-  std::snprintf(result.problems + used, sizeof result.problems - used, "%s%s",
-                used ? "; " : "", text.c_str());
+  std::snprintf(result.problems + used, sizeof result.problems - used, "%s%s", used ? "; " : "", text.c_str());
 }
 
 // Runs one phase: time, and the resident peak reached while it ran.
@@ -109,8 +119,7 @@ void Measure(SizeResult& result, Phase phase, int files, Work&& work) {
   result.phase[phase].seconds = std::chrono::duration<double>(Clock::now() - start).count();
   result.phase[phase].files = files;
   result.phase[phase].peakKb = bench::PeakResidentKb();
-  if (result.phase[phase].peakKb > result.processPeakKb)
-    result.processPeakKb = result.phase[phase].peakKb;
+  if (result.phase[phase].peakKb > result.processPeakKb) result.processPeakKb = result.phase[phase].peakKb;
 }
 
 // Reads every byte of a file, so that the floor and the scans find it cached.
@@ -148,8 +157,8 @@ bool ReadWithTagLib(const std::string& path, std::size_t& checksum) {
   }
   const TagLib::AudioProperties* audio = file->audioProperties();
   if (!audio) return false;
-  checksum += static_cast<std::size_t>(audio->lengthInSeconds() + audio->bitrate() +
-                                       audio->sampleRate() + audio->channels());
+  checksum +=
+      static_cast<std::size_t>(audio->lengthInSeconds() + audio->bitrate() + audio->sampleRate() + audio->channels());
   return audio->bitrate() > 0;
 }
 
@@ -159,8 +168,7 @@ void CheckCatalogue(MediaDB& db, const char* after, int expected, SizeResult& re
   const int tagged = bench::QueryNumber(db.Path(), "SELECT count(*) FROM MediaFiles WHERE ScanState=2;");
   if (files != expected || tagged != expected) {
     AddProblem(result, std::string(after) + ": " + std::to_string(files) + " files catalogued, " +
-                           std::to_string(tagged) + " tagged, " + std::to_string(expected) +
-                           " expected");
+                           std::to_string(tagged) + " tagged, " + std::to_string(expected) + " expected");
   }
 }
 
@@ -211,9 +219,7 @@ void RunSize(const std::string& folder, const std::string& fixtures, SizeResult&
 
   std::size_t bytes = 0;
   Measure(result, kWarm, n, [&] {
-    library.ForEachFile([&](const std::string& local, const std::string&) {
-      bytes += ReadWhole(local);
-    });
+    library.ForEachFile([&](const std::string& local, const std::string&) { bytes += ReadWhole(local); });
   });
 
   std::size_t checksum = 0;
@@ -222,8 +228,7 @@ void RunSize(const std::string& folder, const std::string& fixtures, SizeResult&
       if (ReadWithTagLib(local, checksum)) ++result.floorParsed;
     });
   });
-  if (result.floorParsed != n)
-    AddProblem(result, "TagLib parsed " + std::to_string(result.floorParsed) + " files");
+  if (result.floorParsed != n) AddProblem(result, "TagLib parsed " + std::to_string(result.floorParsed) + " files");
 
   platform::LinuxDriveTable table(library.ProgramFolder());
   platform::LinuxFileSystem fileSystem(table);
@@ -315,17 +320,17 @@ double Mb(long kb) { return kb < 0 ? -1 : kb / 1024.0; }
 void PrintSize(const SizeResult& r) {
   for (int p = 0; p < kPhaseCount; ++p) {
     const PhaseResult& phase = r.phase[p];
-    std::printf("%8d  %-24s %8d %9.3f %10.0f %8.1f\n", r.n, kPhaseNames[p], phase.files,
-                phase.seconds, phase.seconds > 0 ? phase.files / phase.seconds : 0.0,
-                Mb(phase.peakKb));
+    std::printf("%8d  %-24s %8d %9.3f %10.0f %8.1f\n", r.n, kPhaseNames[p], phase.files, phase.seconds,
+                phase.seconds > 0 ? phase.files / phase.seconds : 0.0, Mb(phase.peakKb));
   }
   const double taglib = r.phase[kTagLib].seconds;
   const double getTag = r.phase[kGetTag].seconds;
   const double fresh = r.phase[kFresh].seconds;
-  std::printf("%8d  fresh/floor: %.2fx (TagLib), %.2fx (GetTag); process peak %.1f MB; "
-              "change -%d +%d\n",
-              r.n, taglib > 0 ? fresh / taglib : 0.0, getTag > 0 ? fresh / getTag : 0.0,
-              Mb(r.processPeakKb), r.removed, r.added);
+  std::printf(
+      "%8d  fresh/floor: %.2fx (TagLib), %.2fx (GetTag); process peak %.1f MB; "
+      "change -%d +%d\n",
+      r.n, taglib > 0 ? fresh / taglib : 0.0, getTag > 0 ? fresh / getTag : 0.0, Mb(r.processPeakKb), r.removed,
+      r.added);
   if (r.problems[0]) std::printf("%8d  PROBLEMS: %s\n", r.n, r.problems);
 }
 
@@ -338,20 +343,21 @@ void PrintTargets(const SizeResult& r) {
   // The fresh scan's own peak, where the kernel lets peaks be taken per phase.
   const double peak = Mb(r.peaksPerPhase ? r.phase[kFresh].peakKb : r.processPeakKb);
   const auto ms = [&](Phase phase) { return r.phase[phase].seconds * 1000; };
-  std::printf("targets at N=%d: fresh <= 1.2x TagLib: %.2fx %s | fresh scan peak <= 128 MB: %.1f MB %s | "
-              "rescan <= %.1f s: %.3f s %s\n",
-              r.n, ratio, Verdict(ratio <= 1.2), peak, Verdict(peak >= 0 && peak <= 128),
-              rescanLimit, rescan, Verdict(rescan <= rescanLimit));
+  std::printf(
+      "targets at N=%d: fresh <= 1.2x TagLib: %.2fx %s | fresh scan peak <= 128 MB: %.1f MB %s | "
+      "rescan <= %.1f s: %.3f s %s\n",
+      r.n, ratio, Verdict(ratio <= 1.2), peak, Verdict(peak >= 0 && peak <= 128), rescanLimit, rescan,
+      Verdict(rescan <= rescanLimit));
   // Removing a folder of 100,000 files within a second; larger ones in proportion.
   const double removeLimit = std::max(1.0, r.phase[kRemove].files / 100000.0);
-  std::printf("  list <= 20 ms: %.1f ms %s | search none <= 150 ms: %.1f ms %s | search %d "
-              "<= 600 ms: %.1f ms %s | tree <= 300 ms: %.1f ms %s | play list <= 200 ms: %.1f ms %s "
-              "| remove %d <= %.0f s: %.3f s %s\n",
-              ms(kList), Verdict(ms(kList) <= 20), ms(kSearchNone), Verdict(ms(kSearchNone) <= 150),
-              r.phase[kSearchTenth].files, ms(kSearchTenth), Verdict(ms(kSearchTenth) <= 600),
-              ms(kTree), Verdict(ms(kTree) <= 300), ms(kPlayList), Verdict(ms(kPlayList) <= 200),
-              r.phase[kRemove].files, removeLimit, r.phase[kRemove].seconds,
-              Verdict(r.phase[kRemove].seconds <= removeLimit));
+  std::printf(
+      "  list <= 20 ms: %.1f ms %s | search none <= 150 ms: %.1f ms %s | search %d "
+      "<= 600 ms: %.1f ms %s | tree <= 300 ms: %.1f ms %s | play list <= 200 ms: %.1f ms %s "
+      "| remove %d <= %.0f s: %.3f s %s\n",
+      ms(kList), Verdict(ms(kList) <= 20), ms(kSearchNone), Verdict(ms(kSearchNone) <= 150),
+      r.phase[kSearchTenth].files, ms(kSearchTenth), Verdict(ms(kSearchTenth) <= 600), ms(kTree),
+      Verdict(ms(kTree) <= 300), ms(kPlayList), Verdict(ms(kPlayList) <= 200), r.phase[kRemove].files, removeLimit,
+      r.phase[kRemove].seconds, Verdict(r.phase[kRemove].seconds <= removeLimit));
 }
 
 }  // namespace
@@ -385,8 +391,7 @@ int main(int argc, char** argv) {
   work = fs::canonical(work).string();
 
   std::printf("command: %s\nwork folder: %s\n\n", CommandLine(argc, argv).c_str(), work.c_str());
-  std::printf("%8s  %-24s %8s %9s %10s %8s\n", "N", "phase", "files", "time s", "files/s",
-              "peak MB");
+  std::printf("%8s  %-24s %8s %9s %10s %8s\n", "N", "phase", "files", "time s", "files/s", "peak MB");
 
   std::vector<SizeResult> results;
   bool allOk = true;
@@ -404,8 +409,7 @@ int main(int argc, char** argv) {
     results.push_back(result);
     if (!keep) fs::remove_all(folder, ignored);
   }
-  if (!results[0].peaksPerPhase)
-    std::printf("\n(peaks are since the child started: /proc/self/clear_refs refused)\n");
+  if (!results[0].peaksPerPhase) std::printf("\n(peaks are since the child started: /proc/self/clear_refs refused)\n");
   std::printf("\n");
   for (const SizeResult& r : results) PrintTargets(r);
 

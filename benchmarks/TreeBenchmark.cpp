@@ -74,7 +74,9 @@ class Quiet : public platform::MessageBox,
 class Session {
  public:
   Session(const std::string& program, Quiet& quiet)
-      : table_(program), files_(table_), app_(program, {table_, files_, quiet, quiet}),
+      : table_(program),
+        files_(table_),
+        app_(program, {table_, files_, quiet, quiet}),
         scans_(app_.Scanner(), app_.Drives(), app_.Settings(), quiet, quiet) {
     app_.Start();
     app_.Tree().Bind({tree_, quiet, quiet, scans_});
@@ -182,8 +184,8 @@ double Median(std::vector<double> values) {
 
 void Report(const char* what, const std::vector<double>& times, double limitMs, const std::string& detail) {
   const double median = Median(times);
-  std::printf("%-28s %8.1f ms (limit %4.0f ms) %s  %s\n", what, median, limitMs,
-              median < limitMs ? "ok  " : "SLOW", detail.c_str());
+  std::printf("%-28s %8.1f ms (limit %4.0f ms) %s  %s\n", what, median, limitMs, median < limitMs ? "ok  " : "SLOW",
+              detail.c_str());
 }
 
 int Run(const Settings& settings) {
@@ -195,8 +197,8 @@ int Run(const Settings& settings) {
     Session session(program, quiet);
     BuildCatalogue(session.App().Db(), settings);
   }
-  std::printf("%d files in %d folders on %d volumes, median of %d rounds, in %s\n", settings.files,
-              settings.folders, settings.volumes, settings.rounds, settings.work.c_str());
+  std::printf("%d files in %d folders on %d volumes, median of %d rounds, in %s\n", settings.files, settings.folders,
+              settings.volumes, settings.rounds, settings.work.c_str());
 
   std::vector<double> startUp, rebuild, folderList, fewHits, allHits;
   std::size_t nodes = 0, folderRows = 0, fewRows = 0, allRows = 0;

@@ -44,9 +44,7 @@ bool CatalogueChanges::Empty() const {
                       [](const TableChanges& changes) { return changes.all || !changes.ids.empty(); });
 }
 
-bool CatalogueChanges::Touches(CatalogueTable table) const {
-  return At(table).all || !At(table).ids.empty();
-}
+bool CatalogueChanges::Touches(CatalogueTable table) const { return At(table).all || !At(table).ids.empty(); }
 
 bool CatalogueChanges::Touches(CatalogueTable table, std::int32_t id) const {
   const TableChanges& changes = At(table);

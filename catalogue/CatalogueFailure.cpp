@@ -31,8 +31,7 @@ void EndOnCatalogueFailure(const std::string& text) {
 }
 
 void EndOnCatalogueFailure(const CppSQLite3Exception& failure, const char* connectionMessage) {
-  const bool addMessage = connectionMessage && *connectionMessage &&
-                          !std::strstr(failure.Message(), connectionMessage);
+  const bool addMessage = connectionMessage && *connectionMessage && !std::strstr(failure.Message(), connectionMessage);
   std::string text = std::string("vantrelle: catalogue statement failed: ") + failure.Message();
   if (addMessage) text += std::string("(") + connectionMessage + ")";
   EndOnCatalogueFailure(text);

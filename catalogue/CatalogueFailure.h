@@ -9,8 +9,7 @@
 // (connectionMessage, when the failure does not carry it already) as one line
 // to standard error. Nothing is rolled back: SQLite discards the open
 // transaction when the catalogue is next opened.
-[[noreturn]] void EndOnCatalogueFailure(const CppSQLite3Exception& failure,
-                                        const char* connectionMessage);
+[[noreturn]] void EndOnCatalogueFailure(const CppSQLite3Exception& failure, const char* connectionMessage);
 // The same with a text of its own, written to standard error as it is.
 [[noreturn]] void EndOnCatalogueFailure(const std::string& text);
 

@@ -29,27 +29,20 @@ std::string FileUri(const char* path) {
 
 }  // namespace
 
-void CppSQLite3Database::Open(const char* path) {
-  Connect(sqlite3_open(path, &connection_));
-}
+void CppSQLite3Database::Open(const char* path) { Connect(sqlite3_open(path, &connection_)); }
 
 void CppSQLite3Database::OpenImmutable(const char* path) {
   const std::string uri = FileUri(path) + "?immutable=1";
-  Connect(sqlite3_open_v2(uri.c_str(), &connection_, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI,
-                          nullptr));
+  Connect(sqlite3_open_v2(uri.c_str(), &connection_, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr));
 }
 
 void CppSQLite3Database::OpenReadOnly(const char* path) {
   Connect(sqlite3_open_v2(path, &connection_, SQLITE_OPEN_READONLY, nullptr));
 }
 
-bool CppSQLite3Database::IsReadOnly() const {
-  return connection_ && sqlite3_db_readonly(connection_, "main") == 1;
-}
+bool CppSQLite3Database::IsReadOnly() const { return connection_ && sqlite3_db_readonly(connection_, "main") == 1; }
 
-bool CppSQLite3Database::InTransaction() const {
-  return connection_ && sqlite3_get_autocommit(connection_) == 0;
-}
+bool CppSQLite3Database::InTransaction() const { return connection_ && sqlite3_get_autocommit(connection_) == 0; }
 
 void CppSQLite3Database::Connect(int result) {
   if (result != SQLITE_OK) {
@@ -102,13 +95,9 @@ sqlite3_stmt* CppSQLite3Database::Prepare(const char* sql) {
   return statement;
 }
 
-std::int64_t CppSQLite3Database::LastInsertId() const {
-  return sqlite3_last_insert_rowid(connection_);
-}
+std::int64_t CppSQLite3Database::LastInsertId() const { return sqlite3_last_insert_rowid(connection_); }
 
-const char* CppSQLite3Database::ErrorMessage() const {
-  return connection_ ? sqlite3_errmsg(connection_) : "";
-}
+const char* CppSQLite3Database::ErrorMessage() const { return connection_ ? sqlite3_errmsg(connection_) : ""; }
 
 void CppSQLite3Database::SetBusyTimeout(int milliseconds) {
   busyTimeoutMs_ = milliseconds;
@@ -139,8 +128,7 @@ int CppSQLite3Database::ExecutePrepared(const char* sql, std::initializer_list<B
   const int result = sqlite3_step(statement);
   sqlite3_reset(statement);
   sqlite3_clear_bindings(statement);
-  if (result != SQLITE_DONE && result != SQLITE_ROW)
-    throw CppSQLite3Exception(result, sqlite3_errmsg(connection_));
+  if (result != SQLITE_DONE && result != SQLITE_ROW) throw CppSQLite3Exception(result, sqlite3_errmsg(connection_));
   return sqlite3_changes(connection_);
 }
 

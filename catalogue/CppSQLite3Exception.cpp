@@ -7,8 +7,7 @@
 namespace {
 
 char* FormatMessage(int code, const char* text) {
-  return sqlite3_mprintf("%s[%d]: %s", CppSQLite3Exception::CodeName(code), code,
-                         text ? text : "");
+  return sqlite3_mprintf("%s[%d]: %s", CppSQLite3Exception::CodeName(code), code, text ? text : "");
 }
 
 }  // namespace
@@ -28,18 +27,20 @@ CppSQLite3Exception::~CppSQLite3Exception() { sqlite3_free(message_); }
 
 const char* CppSQLite3Exception::CodeName(int code) {
   static constexpr const char* kNames[] = {
-      "SQLITE_OK",       "SQLITE_ERROR",    "SQLITE_INTERNAL", "SQLITE_PERM",
-      "SQLITE_ABORT",    "SQLITE_BUSY",     "SQLITE_LOCKED",   "SQLITE_NOMEM",
-      "SQLITE_READONLY", "SQLITE_INTERRUPT", "SQLITE_IOERR",   "SQLITE_CORRUPT",
-      "SQLITE_NOTFOUND", "SQLITE_FULL",     "SQLITE_CANTOPEN", "SQLITE_PROTOCOL",
-      "SQLITE_EMPTY",    "SQLITE_SCHEMA",   "SQLITE_TOOBIG",   "SQLITE_CONSTRAINT",
-      "SQLITE_MISMATCH", "SQLITE_MISUSE",   "SQLITE_NOLFS",    "SQLITE_AUTH",
+      "SQLITE_OK",       "SQLITE_ERROR",      "SQLITE_INTERNAL", "SQLITE_PERM",      "SQLITE_ABORT", "SQLITE_BUSY",
+      "SQLITE_LOCKED",   "SQLITE_NOMEM",      "SQLITE_READONLY", "SQLITE_INTERRUPT", "SQLITE_IOERR", "SQLITE_CORRUPT",
+      "SQLITE_NOTFOUND", "SQLITE_FULL",       "SQLITE_CANTOPEN", "SQLITE_PROTOCOL",  "SQLITE_EMPTY", "SQLITE_SCHEMA",
+      "SQLITE_TOOBIG",   "SQLITE_CONSTRAINT", "SQLITE_MISMATCH", "SQLITE_MISUSE",    "SQLITE_NOLFS", "SQLITE_AUTH",
       "SQLITE_FORMAT",   "SQLITE_RANGE"};
   if (code >= 0 && code < static_cast<int>(std::size(kNames))) return kNames[code];
   switch (code) {
-    case 100: return "SQLITE_ROW";
-    case 101: return "SQLITE_DONE";
-    case kLayerError: return "CPPSQLITE_ERROR";
-    default: return "UNKNOWN_ERROR";
+    case 100:
+      return "SQLITE_ROW";
+    case 101:
+      return "SQLITE_DONE";
+    case kLayerError:
+      return "CPPSQLITE_ERROR";
+    default:
+      return "UNKNOWN_ERROR";
   }
 }

@@ -8,17 +8,14 @@
 
 #include "catalogue/CppSQLite3Exception.h"
 
-CppSQLite3ResultSet::CppSQLite3ResultSet(sqlite3* connection, sqlite3_stmt* statement,
-                                         bool atEnd, bool ownsStatement)
+CppSQLite3ResultSet::CppSQLite3ResultSet(sqlite3* connection, sqlite3_stmt* statement, bool atEnd, bool ownsStatement)
     : connection_(connection),
       statement_(statement),
       atEnd_(atEnd),
       columnCount_(sqlite3_column_count(statement)),
       ownsStatement_(ownsStatement) {}
 
-CppSQLite3ResultSet::CppSQLite3ResultSet(CppSQLite3ResultSet&& other) noexcept {
-  *this = std::move(other);
-}
+CppSQLite3ResultSet::CppSQLite3ResultSet(CppSQLite3ResultSet&& other) noexcept { *this = std::move(other); }
 
 CppSQLite3ResultSet& CppSQLite3ResultSet::operator=(CppSQLite3ResultSet&& other) noexcept {
   if (this == &other) return *this;
@@ -51,8 +48,7 @@ void CppSQLite3ResultSet::Finalize() {
 }
 
 void CppSQLite3ResultSet::RequireStatement() const {
-  if (!statement_)
-    throw CppSQLite3Exception(CppSQLite3Exception::kLayerError, "Null Virtual Machine pointer");
+  if (!statement_) throw CppSQLite3Exception(CppSQLite3Exception::kLayerError, "Null Virtual Machine pointer");
 }
 
 void CppSQLite3ResultSet::CheckIndex(int index) const {
@@ -92,9 +88,7 @@ std::string_view CppSQLite3ResultSet::FieldBytes(int index) const {
   return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, index))};
 }
 
-const char* CppSQLite3ResultSet::FieldText(const char* name) const {
-  return FieldText(FieldIndex(name));
-}
+const char* CppSQLite3ResultSet::FieldText(const char* name) const { return FieldText(FieldIndex(name)); }
 
 int CppSQLite3ResultSet::FieldIndex(const char* name) const {
   RequireStatement();
@@ -116,9 +110,7 @@ int CppSQLite3ResultSet::FieldType(int index) const {
 
 bool CppSQLite3ResultSet::FieldIsNull(int index) const { return FieldType(index) == SQLITE_NULL; }
 
-bool CppSQLite3ResultSet::FieldIsNull(const char* name) const {
-  return FieldIsNull(FieldIndex(name));
-}
+bool CppSQLite3ResultSet::FieldIsNull(const char* name) const { return FieldIsNull(FieldIndex(name)); }
 
 int CppSQLite3ResultSet::FieldInt(int index, int nullValue) const {
   if (FieldIsNull(index)) return nullValue;

@@ -13,8 +13,7 @@ struct sqlite3_stmt;
 class CppSQLite3ResultSet {
  public:
   CppSQLite3ResultSet() = default;
-  CppSQLite3ResultSet(sqlite3* connection, sqlite3_stmt* statement, bool atEnd,
-                      bool ownsStatement);
+  CppSQLite3ResultSet(sqlite3* connection, sqlite3_stmt* statement, bool atEnd, bool ownsStatement);
   CppSQLite3ResultSet(CppSQLite3ResultSet&& other) noexcept;
   CppSQLite3ResultSet& operator=(CppSQLite3ResultSet&& other) noexcept;
   CppSQLite3ResultSet(const CppSQLite3ResultSet&) = delete;

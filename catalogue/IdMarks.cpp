@@ -25,8 +25,7 @@ const IdTable& TableOf(IdKind kind) { return kIdTables[static_cast<int>(kind)]; 
 
 bool IdMarks::AnyMarkMissing() {
   for (const IdTable& t : kIdTables)
-    if (db_.QueryIntF("SELECT count(*) FROM Configs WHERE ConfigID=%d;", t.configId) == 0)
-      return true;
+    if (db_.QueryIntF("SELECT count(*) FROM Configs WHERE ConfigID=%d;", t.configId) == 0) return true;
   return false;
 }
 
@@ -34,8 +33,8 @@ bool IdMarks::WriteMissingMarks() {
   bool wrote = false;
   for (const IdTable& t : kIdTables) {
     if (db_.QueryIntF("SELECT count(*) FROM Configs WHERE ConfigID=%d;", t.configId) != 0) continue;
-    const std::string format = std::string("INSERT INTO Configs(ConfigID,Value) SELECT %d,ifnull(max(") +
-                               t.key + "),0) FROM " + t.table + ";";
+    const std::string format =
+        std::string("INSERT INTO Configs(ConfigID,Value) SELECT %d,ifnull(max(") + t.key + "),0) FROM " + t.table + ";";
     db_.ExecuteForInsertIdF(format.c_str(), t.configId);
     wrote = true;
   }
@@ -45,11 +44,9 @@ bool IdMarks::WriteMissingMarks() {
 void IdMarks::Start() {
   mayBeBelowMark_.fill(true);
   for (const IdTable& t : kIdTables) {
-    const std::string format = std::string("CREATE TEMP TRIGGER IF NOT EXISTS vantrelle_mark_") +
-                               t.key + " AFTER DELETE ON main." + t.table +
-                               " BEGIN UPDATE Configs SET Value=OLD." + t.key +
-                               " WHERE ConfigID=%d AND CAST(Value AS INTEGER)<OLD." + t.key +
-                               "; END;";
+    const std::string format = std::string("CREATE TEMP TRIGGER IF NOT EXISTS vantrelle_mark_") + t.key +
+                               " AFTER DELETE ON main." + t.table + " BEGIN UPDATE Configs SET Value=OLD." + t.key +
+                               " WHERE ConfigID=%d AND CAST(Value AS INTEGER)<OLD." + t.key + "; END;";
     db_.ExecuteForInsertIdF(format.c_str(), t.configId);
   }
 }
@@ -57,8 +54,7 @@ void IdMarks::Start() {
 int IdMarks::PlaceholderId(IdKind kind) {
   if (!mayBeBelowMark_[static_cast<int>(kind)]) return 0;
   const IdTable& t = TableOf(kind);
-  const int mark = db_.QueryIntF("SELECT CAST(Value AS INTEGER) FROM Configs WHERE ConfigID=%d;",
-                                 t.configId);
+  const int mark = db_.QueryIntF("SELECT CAST(Value AS INTEGER) FROM Configs WHERE ConfigID=%d;", t.configId);
   const std::string highest = std::string("SELECT ifnull(max(") + t.key + "),0) FROM " + t.table + ";";
   const int placeholder = mark > db_.QueryInt(highest.c_str()) ? mark : 0;
   if (placeholder == 0) mayBeBelowMark_[static_cast<int>(kind)] = false;

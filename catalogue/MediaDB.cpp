@@ -30,8 +30,7 @@ constexpr TableDefinition kTables[] = {
     {"MediaPaths",
      "CREATE TABLE MediaPaths (  PathID INTEGER PRIMARY KEY, VolID INTEGER, ParentID INTEGER,   "
      "Name TEXT, FullPath TEXT, DirtyBit INTEGER);"},
-    {"PlayLists",
-     "CREATE TABLE PlayLists ( PlayListID INTEGER PRIMARY KEY, Name TEXT, FileIDs TEXT);"},
+    {"PlayLists", "CREATE TABLE PlayLists ( PlayListID INTEGER PRIMARY KEY, Name TEXT, FileIDs TEXT);"},
     {"Configs", "CREATE TABLE Configs(ConfigID INTEGER, Value TEXT);"},
 };
 
@@ -76,8 +75,7 @@ bool UserMayWrite(const std::string& path, const std::string& folder) {
 
 }  // namespace
 
-int MediaDB::Open(const std::string& programFolder, const std::function<void()>& fillNewCatalogue,
-                  bool writeAheadLog) {
+int MediaDB::Open(const std::string& programFolder, const std::function<void()>& fillNewCatalogue, bool writeAheadLog) {
   searchTexts_.Clear();
   searchTextsCurrent_ = false;
   path_ = programFolder + kFileName;
@@ -91,8 +89,7 @@ int MediaDB::Open(const std::string& programFolder, const std::function<void()>&
                                     [&](const TableDefinition& t) { return Holds(present, t.name); });
   if (IsReadOnly()) {  // nothing can be created or added; reading is all there is
     if (!complete)
-      throw CppSQLite3Exception(SQLITE_READONLY,
-                                (path_ + " is read-only and holds no whole catalogue").c_str());
+      throw CppSQLite3Exception(SQLITE_READONLY, (path_ + " is read-only and holds no whole catalogue").c_str());
     return 0;
   }
   ExecuteForInsertId(writeAheadLog ? kJournalSettings : kRollbackJournalSettings);
@@ -124,8 +121,7 @@ void MediaDB::OpenReadable(const std::string& path, bool writeAheadLog) {
     const int code = failure.Code() & 0xff;
     const std::string reason = db_.ErrorMessage();
     db_.Close();
-    if (code == SQLITE_NOTADB)
-      throw CppSQLite3Exception(code, (path + " is not a catalogue (" + reason + ")").c_str());
+    if (code == SQLITE_NOTADB) throw CppSQLite3Exception(code, (path + " is not a catalogue (" + reason + ")").c_str());
     throw CppSQLite3Exception(code, (path + ": " + reason).c_str());
   }
 }
@@ -141,10 +137,9 @@ void MediaDB::OpenForReadingOnly(const std::string& path) {
   // holds half a change until someone who may write it rolls that back.
   struct stat journal {};
   if (stat((path + "-journal").c_str(), &journal) == 0 && journal.st_size > 0)
-    throw CppSQLite3Exception(SQLITE_READONLY,
-                              (path + " was left in the middle of a change, which only a user who "
-                                      "may write it can take back")
-                                  .c_str());
+    throw CppSQLite3Exception(SQLITE_READONLY, (path + " was left in the middle of a change, which only a user who "
+                                                       "may write it can take back")
+                                                   .c_str());
   if (Exists(path + "-wal") && Exists(path + "-shm")) {
     try {
       db_.OpenReadOnly(path.c_str());
@@ -201,8 +196,7 @@ int MediaDB::ExecuteForInsertId(const char* sql) {
   }
 }
 
-int MediaDB::ExecutePreparedForInsertId(const char* sql,
-                                   std::initializer_list<CppSQLite3Database::BoundValue> values) {
+int MediaDB::ExecutePreparedForInsertId(const char* sql, std::initializer_list<CppSQLite3Database::BoundValue> values) {
   owner_.Check();
   try {
     db_.ExecutePrepared(sql, values);
@@ -281,8 +275,8 @@ int MediaDB::AddVolume(CMediaVolume& volume) {
     return ExecuteForInsertIdF(
         "INSERT INTO MediaVolumes(SerialNo,Name,VolType,DrvLtr,DisplayName,Description) "
         "values (%Q,%Q,%d,%Q,%Q,%Q);",
-        volume.SerialNo.c_str(), volume.Name.c_str(), volume.VolType, volume.DrvLtr.c_str(),
-        volume.DisplayName.c_str(), volume.Description.c_str());
+        volume.SerialNo.c_str(), volume.Name.c_str(), volume.VolType, volume.DrvLtr.c_str(), volume.DisplayName.c_str(),
+        volume.Description.c_str());
   });
   NoteChange(CatalogueTable::Volumes, volume.VolID);
   return volume.VolID;
@@ -310,8 +304,8 @@ int MediaDB::AddFile(CMediaFile& file) {
 
 int MediaDB::AddPlayList(CPlayList& playList) {
   playList.PlayListID = idMarks_.InsertAboveMark(IdKind::PlayList, [&] {
-    return ExecuteForInsertIdF("INSERT INTO PlayLists(Name,FileIDs) VALUES (%Q,%Q);",
-                          playList.Name.c_str(), playList.FileIDs.c_str());
+    return ExecuteForInsertIdF("INSERT INTO PlayLists(Name,FileIDs) VALUES (%Q,%Q);", playList.Name.c_str(),
+                               playList.FileIDs.c_str());
   });
   NoteChange(CatalogueTable::PlayLists, playList.PlayListID);
   return playList.PlayListID;
@@ -349,48 +343,40 @@ IdList MediaDB::GetSubtreePathIds(int pathId) {
 }
 
 int MediaDB::FindPath(const std::string& fullPath, int volId) {
-  return QueryIntF("SELECT PathID FROM MediaPaths WHERE FullPath=%Q AND VolID=%d",
-                   fullPath.c_str(), volId);
+  return QueryIntF("SELECT PathID FROM MediaPaths WHERE FullPath=%Q AND VolID=%d", fullPath.c_str(), volId);
 }
 
 int MediaDB::FindFile(const std::string& fileName, int pathId) {
-  return QueryIntF("SELECT FileID FROM MediaFiles WHERE FileName=%Q AND PathID=%d",
-                   fileName.c_str(), pathId);
+  return QueryIntF("SELECT FileID FROM MediaFiles WHERE FileName=%Q AND PathID=%d", fileName.c_str(), pathId);
 }
 
 int MediaDB::FindVolumeBySerial(const std::string& serialNo) {
   return QueryIntF("SELECT VolID FROM MediaVolumes WHERE SerialNo=%Q;", serialNo.c_str());
 }
 
-int MediaDB::GetIntField(const std::string& table, const std::string& column,
-                         const std::string& keyColumn, int keyValue) {
+int MediaDB::GetIntField(const std::string& table, const std::string& column, const std::string& keyColumn,
+                         int keyValue) {
   const std::string format = "SELECT " + column + " FROM " + table + " WHERE " + keyColumn + "=%d;";
   return QueryIntF(format.c_str(), keyValue);
 }
 
-std::string MediaDB::GetTextField(const std::string& table, const std::string& column,
-                                  const std::string& keyColumn, int keyValue) {
+std::string MediaDB::GetTextField(const std::string& table, const std::string& column, const std::string& keyColumn,
+                                  int keyValue) {
   const std::string format = "SELECT " + column + " FROM " + table + " WHERE " + keyColumn + "=%d;";
   CppSQLite3SqlText sql;
   sql.Format(format.c_str(), keyValue);
   return QueryFirstText(sql);
 }
 
-int MediaDB::SetIntField(const std::string& table, const std::string& column, int value,
-                         const std::string& keyColumn, int keyValue) {
+int MediaDB::SetIntField(const std::string& table, const std::string& column, int value, const std::string& keyColumn,
+                         int keyValue) {
   const std::string format = "UPDATE " + table + " SET " + column + "=%d WHERE " + keyColumn + "=%d;";
   return ExecuteForInsertIdF(format.c_str(), value, keyValue);
 }
 
-std::string MediaDB::GetVolumeSerial(int volId) {
-  return GetTextField("MediaVolumes", "SerialNo", "VolID", volId);
-}
-std::string MediaDB::GetPathFullPath(int pathId) {
-  return GetTextField("MediaPaths", "FullPath", "PathID", pathId);
-}
-std::string MediaDB::GetVolumeDrive(int volId) {
-  return GetTextField("MediaVolumes", "DrvLtr", "VolID", volId);
-}
+std::string MediaDB::GetVolumeSerial(int volId) { return GetTextField("MediaVolumes", "SerialNo", "VolID", volId); }
+std::string MediaDB::GetPathFullPath(int pathId) { return GetTextField("MediaPaths", "FullPath", "PathID", pathId); }
+std::string MediaDB::GetVolumeDrive(int volId) { return GetTextField("MediaVolumes", "DrvLtr", "VolID", volId); }
 int MediaDB::GetPathVolume(int pathId) { return GetIntField("MediaPaths", "VolID", "PathID", pathId); }
 int MediaDB::GetFileVolume(int fileId) { return GetIntField("MediaFiles", "VolID", "FileID", fileId); }
 
@@ -404,16 +390,15 @@ int MediaDB::SetPathDirtyBit(int pathId, int bit) {
 }
 int MediaDB::UpdateVolumeInfo(const CMediaVolume& volume) {
   const int result = ExecuteForInsertIdF("UPDATE MediaVolumes SET DisplayName=%Q,Description=%Q WHERE VolID=%d;",
-                        volume.DisplayName.c_str(), volume.Description.c_str(), volume.VolID);
+                                         volume.DisplayName.c_str(), volume.Description.c_str(), volume.VolID);
   NoteChange(CatalogueTable::Volumes, volume.VolID);
   return result;
 }
 
 int MediaDB::UpdateFileUserInfo(const CMediaFile& file) {
   const int result = ExecuteForInsertIdF(
-      "UPDATE MediaFiles SET Title=%Q,Artist=%Q,Album=%Q,Comment=%Q,Rating=%d WHERE FileID=%d;",
-      file.Title.c_str(), file.Artist.c_str(), file.Album.c_str(), file.Comment.c_str(),
-      file.Rating, file.FileID);
+      "UPDATE MediaFiles SET Title=%Q,Artist=%Q,Album=%Q,Comment=%Q,Rating=%d WHERE FileID=%d;", file.Title.c_str(),
+      file.Artist.c_str(), file.Album.c_str(), file.Comment.c_str(), file.Rating, file.FileID);
   NoteChange(CatalogueTable::Files, file.FileID);
   return result;
 }
@@ -422,8 +407,8 @@ int MediaDB::UpdateFileTagsAndProperties(const CMediaFile& file, int scanState) 
   const int result = ExecutePreparedForInsertId(
       "UPDATE MediaFiles SET id3Title=?,id3Artist=?,id3Album=?,id3Comment=?,Length=?,"
       "BitRate=?,SampleRate=?,Channels=?,ScanState=? WHERE FileID=?;",
-      {file.id3Title, file.id3Artist, file.id3Album, file.id3Comment, file.Length, file.BitRate,
-       file.SampleRate, file.Channels, scanState, file.FileID});
+      {file.id3Title, file.id3Artist, file.id3Album, file.id3Comment, file.Length, file.BitRate, file.SampleRate,
+       file.Channels, scanState, file.FileID});
   NoteChange(CatalogueTable::Files, file.FileID);
   return result;
 }
@@ -438,9 +423,9 @@ void MediaDB::DeletePathTree(int pathId) {
   idMarks_.NoteRemoval(IdKind::File);
   idMarks_.NoteRemoval(IdKind::Path);
   ExecuteForInsertIdF((std::string("DELETE FROM MediaFiles WHERE PathID IN (") + subtree + ");").c_str(),
-                 fullPath.c_str(), volId);
+                      fullPath.c_str(), volId);
   ExecuteForInsertIdF((std::string("DELETE FROM MediaPaths WHERE PathID IN (") + subtree + ");").c_str(),
-                 fullPath.c_str(), volId);
+                      fullPath.c_str(), volId);
   uncommitted_.AddAll(CatalogueTable::Files);
   NoteChangedRows(CatalogueTable::Paths);
 }

@@ -184,18 +184,16 @@ class MediaDB {
   int ExecuteForInsertId(const char* sql);
   // As ExecuteForInsertId, for the statements run once a file: sql (a
   // literal) is prepared once and the values are bound to its "?" in order.
-  int ExecutePreparedForInsertId(const char* sql,
-                                 std::initializer_list<CppSQLite3Database::BoundValue> values);
+  int ExecutePreparedForInsertId(const char* sql, std::initializer_list<CppSQLite3Database::BoundValue> values);
   void RunQuery(const char* sql, CppSQLite3ResultSet& result);
   // The first column of the first row; -1 when there is no row.
   int QueryInt(const char* sql);
   IdList QueryIdList(const char* sql);
-  int GetIntField(const std::string& table, const std::string& column,
-                  const std::string& keyColumn, int keyValue);
-  std::string GetTextField(const std::string& table, const std::string& column,
-                           const std::string& keyColumn, int keyValue);
-  int SetIntField(const std::string& table, const std::string& column, int value,
-                  const std::string& keyColumn, int keyValue);
+  int GetIntField(const std::string& table, const std::string& column, const std::string& keyColumn, int keyValue);
+  std::string GetTextField(const std::string& table, const std::string& column, const std::string& keyColumn,
+                           int keyValue);
+  int SetIntField(const std::string& table, const std::string& column, int value, const std::string& keyColumn,
+                  int keyValue);
 
   // The statement formatted with SQLite's printf, then run as by
   // ExecuteForInsertId, QueryInt or QueryIdList.

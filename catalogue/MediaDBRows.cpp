@@ -23,8 +23,7 @@ std::string MediaListRowsWhere(const char* condition) {
 }  // namespace
 
 std::vector<PathRow> MediaDB::GetVolumePathRows(int volId) {
-  return QueryRows<PathRow>(
-      "SELECT PathID,ParentID,FullPath,DirtyBit FROM MediaPaths WHERE VolID=%d;", volId);
+  return QueryRows<PathRow>("SELECT PathID,ParentID,FullPath,DirtyBit FROM MediaPaths WHERE VolID=%d;", volId);
 }
 
 namespace {
@@ -118,9 +117,7 @@ std::vector<PathNodeRow> MediaDB::GetPathNodeRows() {
   return QueryRows<PathNodeRow>("SELECT PathID,ParentID,VolID,Name FROM MediaPaths;");
 }
 
-std::vector<CPlayList> MediaDB::GetPlayLists() {
-  return QueryRows<CPlayList>("SELECT * FROM PlayLists;");
-}
+std::vector<CPlayList> MediaDB::GetPlayLists() { return QueryRows<CPlayList>("SELECT * FROM PlayLists;"); }
 
 std::vector<MediaListRow> MediaDB::GetFolderListRows(int pathId) {
   return QueryRows<MediaListRow>(MediaListRowsWhere("f.PathID=%d;").c_str(), pathId);
@@ -150,8 +147,7 @@ std::vector<MediaListRow> MediaDB::FileListRows(const IdList& fileIds) {
   std::vector<MediaListRow> rows;
   rows.reserve(fileIds.size());
   for (std::int32_t id : fileIds)
-    if (const auto row = at.find(id); row != at.end())
-      rows.push_back(found[row->second]);
+    if (const auto row = at.find(id); row != at.end()) rows.push_back(found[row->second]);
   return rows;
 }
 
@@ -176,9 +172,9 @@ void MediaDB::KeepSearchTextsCurrent(const CaseFold& fold) {
   CppSQLite3ResultSet result;
   RunQuery("SELECT FileID,FileName,Title,Artist,id3Title,id3Artist FROM MediaFiles ORDER BY FileID;", result);
   for (; !result.AtEnd(); result.NextRow())
-    searchTexts_.Add(result.FieldInt(0, 0),
-                     {result.FieldBytes(1), result.FieldBytes(2), result.FieldBytes(3),
-                      result.FieldBytes(4), result.FieldBytes(5)},
-                     fold);
+    searchTexts_.Add(
+        result.FieldInt(0, 0),
+        {result.FieldBytes(1), result.FieldBytes(2), result.FieldBytes(3), result.FieldBytes(4), result.FieldBytes(5)},
+        fold);
   searchTextsCurrent_ = true;
 }

@@ -78,8 +78,8 @@ void LoadRecord(const CppSQLite3ResultSet& row, PathRow& path) {
 }
 
 void LoadRecord(const CppSQLite3ResultSet& row, FileRow& file) {
-  file = {row.FieldInt(0, 0), row.FieldInt(1, 0), TextAt(row, 2), row.FieldInt(3, 0),
-          row.FieldInt(4, 0), {row.FieldInt64(5, 0), row.FieldInt64(6, -1)}};
+  file = {row.FieldInt(0, 0), row.FieldInt(1, 0), TextAt(row, 2),
+          row.FieldInt(3, 0), row.FieldInt(4, 0), {row.FieldInt64(5, 0), row.FieldInt64(6, -1)}};
 }
 
 void LoadRecord(const CppSQLite3ResultSet& row, PathNodeRow& path) {
@@ -87,7 +87,6 @@ void LoadRecord(const CppSQLite3ResultSet& row, PathNodeRow& path) {
 }
 
 void LoadRecord(const CppSQLite3ResultSet& row, MediaListRow& file) {
-  file = {row.FieldInt(0, 0), TextAt(row, 1), TextAt(row, 2), TextAt(row, 3), TextAt(row, 4),
-          TextAt(row, 5),     row.FieldInt(6, 0), row.FieldInt(7, 0), row.FieldInt(8, 0),
-          TextAt(row, 9),     TextAt(row, 10)};
+  file = {row.FieldInt(0, 0), TextAt(row, 1),     TextAt(row, 2),     TextAt(row, 3), TextAt(row, 4), TextAt(row, 5),
+          row.FieldInt(6, 0), row.FieldInt(7, 0), row.FieldInt(8, 0), TextAt(row, 9), TextAt(row, 10)};
 }

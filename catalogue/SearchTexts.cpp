@@ -17,8 +17,7 @@ void SearchTexts::Reserve(std::size_t files, std::size_t bytesEach) {
   texts_.reserve(files * bytesEach);
 }
 
-void SearchTexts::Add(std::int32_t fileId, std::initializer_list<std::string_view> texts,
-                      const CaseFold& fold) {
+void SearchTexts::Add(std::int32_t fileId, std::initializer_list<std::string_view> texts, const CaseFold& fold) {
   ids_.push_back(fileId);
   starts_.push_back(texts_.size());
   for (std::string_view text : texts) {
@@ -36,8 +35,8 @@ std::vector<std::int32_t> SearchTexts::Holding(std::string_view foldedPart) cons
     if (!hit) break;
     // The file whose texts hold the hit; the search goes on after them.
     const auto offset = static_cast<std::size_t>(static_cast<const char*>(hit) - begin);
-    const std::size_t file = static_cast<std::size_t>(std::upper_bound(starts_.begin(), starts_.end(), offset) -
-                                                      starts_.begin()) - 1;
+    const std::size_t file =
+        static_cast<std::size_t>(std::upper_bound(starts_.begin(), starts_.end(), offset) - starts_.begin()) - 1;
     found.push_back(ids_[file]);
     at = file + 1 < starts_.size() ? begin + starts_[file + 1] : end;
   }

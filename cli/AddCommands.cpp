@@ -29,8 +29,7 @@ bool AddHdCommand::Chosen() const { return command_.Chosen(); }
 
 int AddHdCommand::Run(CLibraryApp& app, std::FILE*) {
   const std::string drivePath = FolderArgument(app, folder_);
-  if (!app.Drives().FileExists(drivePath))
-    throw UsageError("there is no folder '" + folder_ + "'");
+  if (!app.Drives().FileExists(drivePath)) throw UsageError("there is no folder '" + folder_ + "'");
   return RunScanCommand(app, [&](ScanCommands& commands) { commands.AddFolder(drivePath); });
 }
 

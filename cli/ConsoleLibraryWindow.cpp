@@ -23,7 +23,7 @@ ConsoleLibraryWindow::~ConsoleLibraryWindow() {
 }
 
 platform::TreeItem ConsoleLibraryWindow::Node(const std::string& kind, int id) const {
-  const NodeKind nodeKind = kind == "volume" ? NodeKind::Volume
+  const NodeKind nodeKind = kind == "volume"   ? NodeKind::Volume
                             : kind == "folder" ? NodeKind::Folder
                                                : NodeKind::PlayList;
   const char* key = kind == "volume" ? "VolID" : kind == "folder" ? "PathID" : "PlayListID";
@@ -39,9 +39,7 @@ platform::TreeItem ConsoleLibraryWindow::Node(const std::string& kind, int id) c
 
 void ConsoleLibraryWindow::Select(platform::TreeItem node) { app_.Tree().SelectNode(node); }
 
-void ConsoleLibraryWindow::Search(const std::string& findText) {
-  QuickSearch(app_.Tree(), app_.List(), findText);
-}
+void ConsoleLibraryWindow::Search(const std::string& findText) { QuickSearch(app_.Tree(), app_.List(), findText); }
 
 void ConsoleLibraryWindow::EditFileInfo(const CMediaFile& file) {
   CMediaList& list = app_.List();
@@ -56,19 +54,14 @@ int ConsoleLibraryWindow::Track(std::span<const platform::MenuEntry>) { return 0
 
 int ConsoleLibraryWindow::RunModal(VolumeInfoForm&) { return kDialogCancel; }
 
-int ConsoleLibraryWindow::RunModal(FileInfoForm& form) {
-  return fileInfoUser ? fileInfoUser(form) : kDialogCancel;
-}
+int ConsoleLibraryWindow::RunModal(FileInfoForm& form) { return fileInfoUser ? fileInfoUser(form) : kDialogCancel; }
 
-void ConsoleLibraryWindow::PrintTree(std::FILE* out) const {
-  PrintNodes(out, platform::TreeControl::kNoItem, 0);
-}
+void ConsoleLibraryWindow::PrintTree(std::FILE* out) const { PrintNodes(out, platform::TreeControl::kNoItem, 0); }
 
 void ConsoleLibraryWindow::PrintNodes(std::FILE* out, platform::TreeItem parent, int depth) const {
   for (platform::TreeItem node : tree_.Children(parent)) {
     const auto& item = tree_.At(node);
-    std::fprintf(out, "%*s%s\t%d\n", 2 * depth, "", OneLine(item.label).c_str(),
-                 static_cast<int>(item.value));
+    std::fprintf(out, "%*s%s\t%d\n", 2 * depth, "", OneLine(item.label).c_str(), static_cast<int>(item.value));
     PrintNodes(out, node, depth + 1);
   }
 }

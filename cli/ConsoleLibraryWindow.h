@@ -22,9 +22,7 @@
 
 class CLibraryApp;
 
-class ConsoleLibraryWindow : private platform::PopupMenu,
-                             private VolumeInfoView,
-                             private FileInfoView {
+class ConsoleLibraryWindow : private platform::PopupMenu, private VolumeInfoView, private FileInfoView {
  public:
   // Binds the application's tree and list and builds the tree.
   explicit ConsoleLibraryWindow(CLibraryApp& app);

@@ -1,10 +1,10 @@
 #include "cli/ConsoleMessageBox.h"
 
-#include "base/AsciiCase.h"
-#include "cli/ConsoleCommand.h"
-
 #include <cctype>
 #include <string>
+
+#include "base/AsciiCase.h"
+#include "cli/ConsoleCommand.h"
 
 namespace {
 
@@ -14,27 +14,27 @@ platform::Answer Positive(platform::Buttons buttons) {
 
 std::string FirstWordLower(const char* line) {
   std::string word;
-  for (const char* c = line; *c && !std::isspace(static_cast<unsigned char>(*c)); ++c)
-    word += AsciiLower(*c);
+  for (const char* c = line; *c && !std::isspace(static_cast<unsigned char>(*c)); ++c) word += AsciiLower(*c);
   return word;
 }
 
 }  // namespace
 
-ConsoleMessageBox::ConsoleMessageBox(AnswerPolicy policy, std::FILE* in, std::FILE* out,
-                                     bool interactive)
+ConsoleMessageBox::ConsoleMessageBox(AnswerPolicy policy, std::FILE* in, std::FILE* out, bool interactive)
     : policy_(policy), in_(in), out_(out), interactive_(interactive) {}
 
-platform::Answer ConsoleMessageBox::Show(const std::string& text, platform::Buttons buttons,
-                                         platform::Icon) {
+platform::Answer ConsoleMessageBox::Show(const std::string& text, platform::Buttons buttons, platform::Icon) {
   std::lock_guard lock(mutex_);
   std::fprintf(out_, "%s\n", TerminalText(text).c_str());
   std::fflush(out_);
   if (buttons == platform::Buttons::Ok) return platform::Answer::Ok;
   switch (policy_) {
-    case AnswerPolicy::Yes: return AnswerYes(text, buttons);
-    case AnswerPolicy::No: return platform::Answer::Cancel;
-    case AnswerPolicy::Ask: break;
+    case AnswerPolicy::Yes:
+      return AnswerYes(text, buttons);
+    case AnswerPolicy::No:
+      return platform::Answer::Cancel;
+    case AnswerPolicy::Ask:
+      break;
   }
   return interactive_ ? AskOnTerminal(buttons) : platform::Answer::Cancel;
 }
@@ -44,8 +44,7 @@ platform::Answer ConsoleMessageBox::AnswerYes(const std::string& text, platform:
   timesAnsweredYes_ = text == lastYes_ ? timesAnsweredYes_ + 1 : 1;
   lastYes_ = text;
   if (timesAnsweredYes_ <= kMostRepeats) return Positive(buttons);
-  std::fprintf(stderr, "vantrelle-cli: the same question came back %d times; answering Cancel\n",
-               kMostRepeats + 1);
+  std::fprintf(stderr, "vantrelle-cli: the same question came back %d times; answering Cancel\n", kMostRepeats + 1);
   lastYes_.clear();
   return platform::Answer::Cancel;
 }
@@ -58,10 +57,9 @@ platform::Answer ConsoleMessageBox::AskOnTerminal(platform::Buttons buttons) {
     char line[256];
     if (!std::fgets(line, sizeof line, in_)) return platform::Answer::Cancel;
     const std::string word = FirstWordLower(line);
-    if (word == "c" || word == "cancel" || word == "n" || word == "no")
-      return platform::Answer::Cancel;
-    if ((retry && (word == "r" || word == "retry")) ||
-        (!retry && (word == "o" || word == "ok")) || word == "y" || word == "yes")
+    if (word == "c" || word == "cancel" || word == "n" || word == "no") return platform::Answer::Cancel;
+    if ((retry && (word == "r" || word == "retry")) || (!retry && (word == "o" || word == "ok")) || word == "y" ||
+        word == "yes")
       return Positive(buttons);
   }
 }

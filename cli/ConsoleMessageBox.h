@@ -19,8 +19,7 @@ class ConsoleMessageBox : public platform::MessageBox {
   // interactive: whether `in` is a terminal a person answers at.
   ConsoleMessageBox(AnswerPolicy policy, std::FILE* in, std::FILE* out, bool interactive);
 
-  platform::Answer Show(const std::string& text, platform::Buttons buttons,
-                        platform::Icon icon) override;
+  platform::Answer Show(const std::string& text, platform::Buttons buttons, platform::Icon icon) override;
 
  private:
   platform::Answer AskOnTerminal(platform::Buttons buttons);

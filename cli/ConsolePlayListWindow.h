@@ -16,9 +16,7 @@
 
 class CLibraryApp;
 
-class ConsolePlayListWindow : private PlayListView,
-                              private platform::FolderPicker,
-                              private platform::InputDialog {
+class ConsolePlayListWindow : private PlayListView, private platform::FolderPicker, private platform::InputDialog {
  public:
   explicit ConsolePlayListWindow(CLibraryApp& app);
 
@@ -39,8 +37,7 @@ class ConsolePlayListWindow : private PlayListView,
   // The copy command prints each file not copied instead (PlayListCommands.h).
   void SetStatusLine(const std::string&) override {}
 
-  int Browse(const std::string& title, const std::string& initialFolder,
-             std::string& chosenFolder) override;
+  int Browse(const std::string& title, const std::string& initialFolder, std::string& chosenFolder) override;
 
   void SetCaption(const std::string&) override {}
   void SetPrompt(const std::string&) override {}

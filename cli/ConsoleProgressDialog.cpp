@@ -3,8 +3,7 @@
 #include <chrono>
 #include <thread>
 
-ConsoleProgressDialog::ConsoleProgressDialog(platform::MessageBox& messages, std::FILE* err,
-                                             bool terminal)
+ConsoleProgressDialog::ConsoleProgressDialog(platform::MessageBox& messages, std::FILE* err, bool terminal)
     : messages_(messages), line_(err, terminal) {}
 
 void ConsoleProgressDialog::RunModal(CWorkerDlg& dialog) {

@@ -4,8 +4,7 @@
 
 #include "cli/ConsoleCommand.h"
 
-ConsoleProgressLine::ConsoleProgressLine(std::FILE* err, bool terminal)
-    : err_(err), terminal_(terminal) {}
+ConsoleProgressLine::ConsoleProgressLine(std::FILE* err, bool terminal) : err_(err), terminal_(terminal) {}
 
 void ConsoleProgressLine::SetStatus(const std::string& text) {
   status_ = OneLine(text);
@@ -26,8 +25,8 @@ void ConsoleProgressLine::Finish() {
 void ConsoleProgressLine::Draw() {
   constexpr int kWidth = 20;
   const int filled = position_ * kWidth / 100;
-  const std::string line = "[" + std::string(filled, '#') + std::string(kWidth - filled, '-') +
-                           "] " + std::to_string(position_) + "% " + status_;
+  const std::string line = "[" + std::string(filled, '#') + std::string(kWidth - filled, '-') + "] " +
+                           std::to_string(position_) + "% " + status_;
   if (line == lastDrawn_) return;
   lastDrawn_ = line;
   if (terminal_) {

@@ -38,10 +38,8 @@ int RunSession(ConsoleCommand& command, AnswerPolicy policy) {
   platform::LinuxFileSystem files(drives);
   ConsoleMessageBox messages(policy, stdin, stdout, isatty(STDIN_FILENO) == 1);
   // GStreamer starts only when a command plays something.
-  DeferredMediaControl media([&files] {
-    return std::make_unique<platform::mci::GstMediaControl>(platform::mci::AudioOutput::System,
-                                                            files);
-  });
+  DeferredMediaControl media(
+      [&files] { return std::make_unique<platform::mci::GstMediaControl>(platform::mci::AudioOutput::System, files); });
   CLibraryApp app(data.path, PlatformServices{drives, files, messages, media});
 
   try {
@@ -77,15 +75,14 @@ int RunSession(ConsoleCommand& command, AnswerPolicy policy) {
 }  // namespace
 
 int RunConsole(int argc, char** argv) {
-  CommandLine cli(
-      "vantrelle-cli", "The console face of Vantrelle: catalogue, search and play music on disks and CDs.",
-      "Exit status: 0 done (a cancelled question too); 1 a catalogue statement failed, the\n"
-      "catalogue cannot be opened or must not be used where it lies, it is read-only and the\n"
-      "command would change it, or a rescan found another disk or lost its disk; 2 a wrong\n"
-      "command line; 3 the catalogue is of another version; 4 another Vantrelle program is using\n"
-      "the catalogue.\n"
-      "The catalogue lives in $VANTRELLE_DATA, else beside the program when it holds Quillora.db\n"
-      "or vantrelle.portable, else in $XDG_DATA_HOME/vantrelle or ~/.local/share/vantrelle.");
+  CommandLine cli("vantrelle-cli", "The console face of Vantrelle: catalogue, search and play music on disks and CDs.",
+                  "Exit status: 0 done (a cancelled question too); 1 a catalogue statement failed, the\n"
+                  "catalogue cannot be opened or must not be used where it lies, it is read-only and the\n"
+                  "command would change it, or a rescan found another disk or lost its disk; 2 a wrong\n"
+                  "command line; 3 the catalogue is of another version; 4 another Vantrelle program is using\n"
+                  "the catalogue.\n"
+                  "The catalogue lives in $VANTRELLE_DATA, else beside the program when it holds Quillora.db\n"
+                  "or vantrelle.portable, else in $XDG_DATA_HOME/vantrelle or ~/.local/share/vantrelle.");
   bool yes = false, no = false;
   const Argument yesFlag = cli.AddFlag("--yes", yes, "Answer every question with OK (or Retry)");
   cli.AddFlag("--no", no, "Answer every question with Cancel").Excludes(yesFlag);

@@ -15,8 +15,7 @@ std::string FolderArgument(CLibraryApp& app, const std::string& argument) {
   std::error_code error;
   const auto absolute = std::filesystem::absolute(argument, error);
   const std::string drivePath = error ? "" : app.Drives().ToDrivePath(absolute.lexically_normal().string());
-  if (drivePath.empty())
-    throw UsageError("the folder '" + argument + "' lies on no drive of the drive table");
+  if (drivePath.empty()) throw UsageError("the folder '" + argument + "' lies on no drive of the drive table");
   return drivePath;
 }
 

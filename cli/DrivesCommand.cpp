@@ -3,8 +3,7 @@
 #include "app/CLibraryApp.h"
 #include "platform/DriveTable.h"
 
-DrivesCommand::DrivesCommand(CommandArguments& parent)
-    : command_(parent, "drives", "List the drive table") {}
+DrivesCommand::DrivesCommand(CommandArguments& parent) : command_(parent, "drives", "List the drive table") {}
 
 bool DrivesCommand::Chosen() const { return command_.Chosen(); }
 
@@ -20,8 +19,8 @@ int DrivesCommand::Run(CLibraryApp& app, std::FILE* out) {
       label = volume->Name;
     }
     std::fprintf(out, "%c:\t%d\t%s\t%s\t%s\t%s\n", letter, table.Type(letter),
-                 OneLine(table.RootFolder(letter)).c_str(), ready ? "ready" : "not ready",
-                 serial.c_str(), OneLine(label).c_str());
+                 OneLine(table.RootFolder(letter)).c_str(), ready ? "ready" : "not ready", serial.c_str(),
+                 OneLine(label).c_str());
   }
   return 0;
 }

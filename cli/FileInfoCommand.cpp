@@ -19,8 +19,7 @@ void PrintForm(std::FILE* out, const FileInfoForm& form) {
   Print(out, "Comment: ", form.comment);
   Print(out, "Rating: ", form.checkedRating > 0 ? std::to_string(form.checkedRating) : "");
   Print(out, "", form.infoTitle);
-  for (const std::string* info : {&form.length, &form.bitRate, &form.sampleRate, &form.channels})
-    Print(out, "", *info);
+  for (const std::string* info : {&form.length, &form.bitRate, &form.sampleRate, &form.channels}) Print(out, "", *info);
 }
 
 // What the window's cover shows: the picture's source, or why there is none.
@@ -45,17 +44,17 @@ FileInfoCommand::FileInfoCommand(CommandArguments& parent)
 
 bool FileInfoCommand::Chosen() const { return command_.Chosen(); }
 
-bool FileInfoCommand::Edits() const {
-  return title_ || artist_ || album_ || comment_ || rating_ || noRating_;
-}
+bool FileInfoCommand::Edits() const { return title_ || artist_ || album_ || comment_ || rating_ || noRating_; }
 
 int FileInfoCommand::Run(CLibraryApp& app, std::FILE* out) {
   const auto file = app.Db().GetFile(fileId_);
   if (!file) throw UsageError("no file with FileID " + std::to_string(fileId_) + " in the catalogue");
   ConsoleLibraryWindow window(app);
   window.fileInfoUser = [&](FileInfoForm& form) {
-    for (auto [edit, field] : {std::pair{&title_, &form.title}, {&artist_, &form.artist},
-                               {&album_, &form.album}, {&comment_, &form.comment}})
+    for (auto [edit, field] : {std::pair{&title_, &form.title},
+                               {&artist_, &form.artist},
+                               {&album_, &form.album},
+                               {&comment_, &form.comment}})
       if (*edit) *field = **edit;
     if (rating_) form.checkedRating = *rating_;
     if (noRating_) form.checkedRating = 0;

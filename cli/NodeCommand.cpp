@@ -17,6 +17,5 @@ void NodeCommand::RequireRow(CLibraryApp& app) const {
                      : kind_ == "folder" ? db.GetPath(id_) != nullptr
                                          : db.GetPlayList(id_) != nullptr;
   const char* key = kind_ == "volume" ? "VolID" : kind_ == "folder" ? "PathID" : "PlayListID";
-  if (!found)
-    throw UsageError("no " + kind_ + " with " + key + " " + std::to_string(id_) + " in the library");
+  if (!found) throw UsageError("no " + kind_ + " with " + key + " " + std::to_string(id_) + " in the library");
 }

@@ -37,8 +37,7 @@ int RescanCommand::Run(CLibraryApp& app, std::FILE*) {
 }
 
 RemoveCommand::RemoveCommand(CommandArguments& parent)
-    : NodeCommand(parent, "remove",
-                  "Remove a volume, a folder or a play list from the library (asks first)",
+    : NodeCommand(parent, "remove", "Remove a volume, a folder or a play list from the library (asks first)",
                   {"volume", "folder", "playlist"}) {}
 
 int RemoveCommand::Run(CLibraryApp& app, std::FILE*) {
@@ -68,9 +67,8 @@ int VolumeInfoCommand::Run(CLibraryApp& app, std::FILE* out) {
   ConsoleVolumeInfo view([&](VolumeInfoForm& form) {
     if (displayName_) form.displayName = *displayName_;
     if (description_) form.description = *description_;
-    std::fprintf(out, "Display Name: %s\nVolume Name: %s\nDescription: %s\n",
-                 OneLine(form.displayName).c_str(), OneLine(form.volumeName).c_str(),
-                 OneLine(form.description).c_str());
+    std::fprintf(out, "Display Name: %s\nVolume Name: %s\nDescription: %s\n", OneLine(form.displayName).c_str(),
+                 OneLine(form.volumeName).c_str(), OneLine(form.description).c_str());
     return displayName_ || description_ ? kDialogOk : kDialogCancel;
   });
   app.Commands().EditVolume(volId_, view);

@@ -27,8 +27,7 @@ class ConsoleOptionsView : public OptionsView {
  private:
   static void SelectDrive(OptionsForm& form, const std::string& letter) {
     const auto entry = std::find(form.drives.begin(), form.drives.end(), letter + ":\\");
-    if (entry == form.drives.end())
-      throw UsageError("drive " + letter + ": is not a CD drive of the drive table");
+    if (entry == form.drives.end()) throw UsageError("drive " + letter + ": is not a CD drive of the drive table");
     form.selectedDrive = static_cast<int>(entry - form.drives.begin());
   }
 
@@ -43,9 +42,10 @@ OptionsCommand::OptionsCommand(CommandArguments& parent)
     : command_(parent, "options", "Show or change the cache folder and the CD drive") {
   command_.Add("--cache-path", cachePath_, "Cache folder: a Linux path or a drive path such as C:\\QORCache");
   command_.Add("--cd-drive", cdDrive_, "Letter of the CD drive used by Add CD and playback");
-  command_.Add("--all-formats", allFormats_,
-               "yes: scans also record FLAC, Musepack, Opus and M4A files; no: only MP3, Ogg "
-               "Vorbis and WMA (the next scan of a volume asks, then removes the others)")
+  command_
+      .Add("--all-formats", allFormats_,
+           "yes: scans also record FLAC, Musepack, Opus and M4A files; no: only MP3, Ogg "
+           "Vorbis and WMA (the next scan of a volume asks, then removes the others)")
       .OneOf({"yes", "no"}, true)
       .ValueText("yes|no");
 }
@@ -69,8 +69,7 @@ int OptionsCommand::Run(CLibraryApp& app, std::FILE* out) {
   // Both arguments are checked before OK takes either.
   std::optional<std::string> cachePath;
   if (cachePath_) cachePath = FolderArgument(app, *cachePath_);
-  ConsoleOptionsView view(cachePath, cdDrive_ ? std::optional(CdDriveLetter()) : std::nullopt,
-                          allFormats_);
+  ConsoleOptionsView view(cachePath, cdDrive_ ? std::optional(CdDriveLetter()) : std::nullopt, allFormats_);
   NoFolderPicker picker;
   COptionsDlg(app.Settings(), app.Drives(), picker, view).DoModal();
   const CAppSettings& settings = app.Settings();

@@ -28,12 +28,9 @@ void WaitWhilePlaying(CMciPlayer& player, milliseconds limit) {
 
 }  // namespace
 
-PlayCommand::PlayCommand(CommandArguments& parent)
-    : command_(parent, "play", "Play a catalogued file, then stop") {
-  command_.Add("FILEID", fileId_, "The file's FileID, as `list` and `search` show it")
-      .Required();
-  command_.Add("--seconds", seconds_, "Stop after this many seconds (default: at the end)")
-      .NonNegative();
+PlayCommand::PlayCommand(CommandArguments& parent) : command_(parent, "play", "Play a catalogued file, then stop") {
+  command_.Add("FILEID", fileId_, "The file's FileID, as `list` and `search` show it").Required();
+  command_.Add("--seconds", seconds_, "Stop after this many seconds (default: at the end)").NonNegative();
 }
 
 bool PlayCommand::Chosen() const { return command_.Chosen(); }

@@ -11,8 +11,7 @@ namespace {
 IdList CataloguedFiles(CLibraryApp& app, const std::vector<int>& fileIds) {
   IdList ids;
   for (int id : fileIds) {
-    if (!app.Db().GetFile(id))
-      throw UsageError("no file with FileID " + std::to_string(id) + " in the catalogue");
+    if (!app.Db().GetFile(id)) throw UsageError("no file with FileID " + std::to_string(id) + " in the catalogue");
     ids.push_back(static_cast<std::int32_t>(id));
   }
   return ids;

@@ -21,18 +21,15 @@ constexpr milliseconds kEndMargin{3000};
 
 PlayListPlayCommand::PlayListPlayCommand(CommandArguments& parent)
     : command_(parent, "play-list", "Play a stored play list through, file after file") {
-  command_.Add("PLAYLISTID", playListId_, "The play list's PlayListID, as `tree` shows it")
-      .Required();
-  command_.Add("--seconds", seconds_, "Play this many seconds of each file (default: all)")
-      .NonNegative();
+  command_.Add("PLAYLISTID", playListId_, "The play list's PlayListID, as `tree` shows it").Required();
+  command_.Add("--seconds", seconds_, "Play this many seconds of each file (default: all)").NonNegative();
 }
 
 bool PlayListPlayCommand::Chosen() const { return command_.Chosen(); }
 
 int PlayListPlayCommand::Run(CLibraryApp& app, std::FILE* out) {
   const auto stored = app.Db().GetPlayList(playListId_);
-  if (!stored)
-    throw UsageError("no play list with PlayListID " + std::to_string(playListId_) + " in the catalogue");
+  if (!stored) throw UsageError("no play list with PlayListID " + std::to_string(playListId_) + " in the catalogue");
   // Each file once: a row is found again by its file.
   IdList rows;
   for (std::int32_t id : UniqueIds(ParseIdList(stored->FileIDs)))
@@ -41,8 +38,7 @@ int PlayListPlayCommand::Run(CLibraryApp& app, std::FILE* out) {
   return 0;
 }
 
-void PlayFilesThrough(CLibraryApp& app, const IdList& rows, std::optional<int> seconds,
-                      std::FILE* out) {
+void PlayFilesThrough(CLibraryApp& app, const IdList& rows, std::optional<int> seconds, std::FILE* out) {
   CPlaybackControl& playback = app.Playback();
   CPlayThrough run(playback, [&rows] { return rows; });
   auto started = steady_clock::now();
@@ -63,8 +59,8 @@ void PlayFilesThrough(CLibraryApp& app, const IdList& rows, std::optional<int> s
   while (run.Running()) {
     PlayerStatus status;
     playback.Poll([&status](const PlayerStatus& answer) { status = answer; });
-    const milliseconds limit = seconds ? milliseconds(std::chrono::seconds(*seconds))
-                                        : milliseconds(status.lengthMs) + kEndMargin;
+    const milliseconds limit =
+        seconds ? milliseconds(std::chrono::seconds(*seconds)) : milliseconds(status.lengthMs) + kEndMargin;
     if (steady_clock::now() - started >= limit) {
       if (!run.Next()) run.Stop();
       continue;

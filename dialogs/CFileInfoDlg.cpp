@@ -22,13 +22,20 @@ CFileInfoDlg::CFileInfoDlg(FileInfoView& view) : view_(view) {}
 
 std::string CFileInfoDlg::InfoTitle(int type) {
   switch (type) {
-    case kOgg: return "Ogg Vorbis Info";
-    case kWma: return "WMA Info";
-    case kFlac: return "FLAC Info";
-    case kMusepack: return "Musepack Info";
-    case kOpus: return "Opus Info";
-    case kM4a: return "M4A Info";
-    default: return "MPEG Info";
+    case kOgg:
+      return "Ogg Vorbis Info";
+    case kWma:
+      return "WMA Info";
+    case kFlac:
+      return "FLAC Info";
+    case kMusepack:
+      return "Musepack Info";
+    case kOpus:
+      return "Opus Info";
+    case kM4a:
+      return "M4A Info";
+    default:
+      return "MPEG Info";
   }
 }
 

@@ -22,7 +22,7 @@ struct FileInfoForm {
   std::string bitRate;
   std::string sampleRate;
   std::string channels;
-  int checkedRating = 0;  // the checked radio button, 1 to 5 left to right, or 0 for none
+  int checkedRating = 0;                // the checked radio button, 1 to 5 left to right, or 0 for none
   std::string infoTitle = "MPEG Info";  // the group's title: "FLAC Info", "Ogg Vorbis Info", ...
   int fileId = 0;
   std::string coverPath;  // the file's path for its cover picture; "" when it is not at hand
@@ -62,7 +62,7 @@ class CFileInfoDlg {
   std::int32_t rating = 0;  // 1 to 5 checks that button; anything else none
   std::int32_t type = 0;    // MediaFiles.Type
   std::int32_t fileId = 0;
-  std::string coverPath;    // see FileInfoForm
+  std::string coverPath;  // see FileInfoForm
   std::function<std::string()> locateCover;
 
   // kDialogOk (Update) takes back title, artist, album and comment, and the

@@ -7,8 +7,8 @@
 #include "settings/CAppSettings.h"
 #include "volumes/CDriveServices.h"
 
-COptionsDlg::COptionsDlg(CAppSettings& settings, const CDriveServices& drives,
-                         platform::FolderPicker& picker, OptionsView& view)
+COptionsDlg::COptionsDlg(CAppSettings& settings, const CDriveServices& drives, platform::FolderPicker& picker,
+                         OptionsView& view)
     : settings_(settings), drives_(drives), picker_(picker), view_(view) {}
 
 OptionsForm COptionsDlg::OpeningForm() const {
@@ -40,8 +40,8 @@ int COptionsDlg::DoModal() {
   // The cache is emptied by "C": it must lie on its drive, in one spelling.
   const std::string cacheFolder = drives_.FolderWithinDrive(form.cachePath);
   if (cacheFolder.empty())
-    drives_.Messages().Show(FillMessage(kOutsideDrive, {form.cachePath, settings_.cacheFolder}),
-                            platform::Buttons::Ok, platform::Icon::Error);
+    drives_.Messages().Show(FillMessage(kOutsideDrive, {form.cachePath, settings_.cacheFolder}), platform::Buttons::Ok,
+                            platform::Icon::Error);
   else
     settings_.cacheFolder = cacheFolder;
   settings_.cdDrive = selected ? form.drives[static_cast<std::size_t>(form.selectedDrive)].substr(0, 1) : "";

@@ -48,8 +48,7 @@ class COptionsDlg {
       "which asks first and then removes them.";
 
   // All must outlive the dialog.
-  COptionsDlg(CAppSettings& settings, const CDriveServices& drives, platform::FolderPicker& picker,
-              OptionsView& view);
+  COptionsDlg(CAppSettings& settings, const CDriveServices& drives, platform::FolderPicker& picker, OptionsView& view);
 
   // kDialogOk: the cache folder takes the edit's text (a drive path in its
   // one spelling, ".." resolved; one whose ".." climb above the drive's root

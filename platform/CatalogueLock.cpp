@@ -81,11 +81,10 @@ std::string SharedFileSystemName(long long type) {
     const char* name;
   };
   static constexpr Known kKnown[] = {
-      {0x6969, "nfs"},          {0x517B, "smb"},        {0xFF534D42, "cifs"},
-      {0xFE534D42, "smb2"},     {0x65735546, "fuse"},   {0x01021997, "9p"},
-      {0x5346414F, "afs"},      {0x6B414653, "afs"},    {0x73757245, "coda"},
-      {0x564C, "ncp"},          {0x00C36400, "ceph"},   {0x01161970, "gfs2"},
-      {0x7461636F, "ocfs2"},    {0x0BD00BD0, "lustre"}, {0x20030528, "orangefs"},
+      {0x6969, "nfs"},       {0x517B, "smb"},        {0xFF534D42, "cifs"},     {0xFE534D42, "smb2"},
+      {0x65735546, "fuse"},  {0x01021997, "9p"},     {0x5346414F, "afs"},      {0x6B414653, "afs"},
+      {0x73757245, "coda"},  {0x564C, "ncp"},        {0x00C36400, "ceph"},     {0x01161970, "gfs2"},
+      {0x7461636F, "ocfs2"}, {0x0BD00BD0, "lustre"}, {0x20030528, "orangefs"},
   };
   for (const Known& known : kKnown)
     if (known.type == (type & 0xFFFFFFFF)) return known.name;
@@ -108,8 +107,7 @@ int FlockHolderOf(int fd) {
   return holder;
 }
 
-CatalogueLock::CatalogueLock(const std::string& path)
-    : path_(path), fd_(OpenForLocking(path, writable_)) {
+CatalogueLock::CatalogueLock(const std::string& path) : path_(path), fd_(OpenForLocking(path, writable_)) {
   if (!fd_.Valid()) return;
   struct stat facts {};
   if (fstat(fd_.Get(), &facts) == 0 && facts.st_nlink > 1) {
@@ -182,9 +180,8 @@ bool CatalogueLock::TakeRecordLock() {
     return false;
   }
   state_ = State::Refused;
-  refusal_ = "The catalogue " + path_ + " lies on a " + fileSystemName_ +
-             " file system that gives no lock on it (" + std::strerror(error) +
-             "), so two programs could change it at the same time.";
+  refusal_ = "The catalogue " + path_ + " lies on a " + fileSystemName_ + " file system that gives no lock on it (" +
+             std::strerror(error) + "), so two programs could change it at the same time.";
   return false;
 }
 

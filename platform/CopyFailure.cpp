@@ -12,14 +12,21 @@ bool IsSourceStep(CopyStep step) { return step == CopyStep::OpenSource || step =
 const char* ReasonAnyStep(int error) {
   switch (error) {
     case ENOSPC:
-    case EDQUOT: return "disk full";
-    case EROFS: return "target is read-only";
-    case EFBIG: return "file too large for the target";
-    case ENAMETOOLONG: return "name too long";
+    case EDQUOT:
+      return "disk full";
+    case EROFS:
+      return "target is read-only";
+    case EFBIG:
+      return "file too large for the target";
+    case ENAMETOOLONG:
+      return "name too long";
     case EMFILE:
-    case ENFILE: return "too many open files";
-    case ENOMEM: return "out of memory";
-    default: return nullptr;
+    case ENFILE:
+      return "too many open files";
+    case ENOMEM:
+      return "out of memory";
+    default:
+      return nullptr;
   }
 }
 
@@ -33,13 +40,16 @@ const char* ReasonOfStep(CopyStep step, int error) {
       if (error == ELOOP) return "source is a link loop";
       if (error == ENXIO || error == ENODEV) return kNotARegularFile;
       return error == EIO ? "read error" : nullptr;
-    case CopyStep::ReadSource: return "read error";
+    case CopyStep::ReadSource:
+      return "read error";
     case CopyStep::OpenTarget:
       if (missing) return "target folder missing";
       if (denied) return "target folder not writable";
       return nullptr;
-    case CopyStep::WriteTarget: return "write error";
-    case CopyStep::CopyBytes: return error == EIO ? "read or write error" : nullptr;
+    case CopyStep::WriteTarget:
+      return "write error";
+    case CopyStep::CopyBytes:
+      return error == EIO ? "read or write error" : nullptr;
     case CopyStep::NameTarget:
       // Neither renaming without replacing nor hard links work there.
       if (denied || error == EOPNOTSUPP || error == EINVAL) return "target cannot rename safely";

@@ -9,12 +9,12 @@ namespace platform {
 inline constexpr const char* kNotARegularFile = "not a regular file";
 
 enum class CopyStep {
-  OpenSource,    // opening and checking the file to copy
-  ReadSource,    // reading it
-  OpenTarget,    // reaching the target folder and creating the copy in it
-  WriteTarget,   // writing the copy, closing it
-  CopyBytes,     // the kernel's copy calls, which do not say which side failed
-  NameTarget,    // giving the finished copy its name
+  OpenSource,   // opening and checking the file to copy
+  ReadSource,   // reading it
+  OpenTarget,   // reaching the target folder and creating the copy in it
+  WriteTarget,  // writing the copy, closing it
+  CopyBytes,    // the kernel's copy calls, which do not say which side failed
+  NameTarget,   // giving the finished copy its name
 };
 
 // A short text, lower case, no full stop. Errors that mean the same whatever

@@ -15,8 +15,7 @@ namespace {
 
 constexpr const char* kCatalogue = "Quillora.db";
 constexpr const char* kPortableMark = "vantrelle.portable";
-constexpr const char* kRemedy =
-    " Set VANTRELLE_DATA to a folder you can write, or check the folder's permissions.";
+constexpr const char* kRemedy = " Set VANTRELLE_DATA to a folder you can write, or check the folder's permissions.";
 
 std::string WithSlash(std::string folder) {
   if (!folder.ends_with('/')) folder += '/';
@@ -59,8 +58,7 @@ std::string Environment(const char* name) {
 DataFolder ChooseDataFolder(const DataFolderInputs& inputs) {
   if (!inputs.vantrelleData.empty()) {
     if (!inputs.vantrelleData.starts_with('/'))
-      return {"", "VANTRELLE_DATA must name a folder by its absolute path, not \"" + inputs.vantrelleData +
-                      "\"."};
+      return {"", "VANTRELLE_DATA must name a folder by its absolute path, not \"" + inputs.vantrelleData + "\"."};
     return Made(inputs.vantrelleData);
   }
   if (Exists(inputs.programFolder + kCatalogue) || Exists(inputs.programFolder + kPortableMark))

@@ -39,8 +39,7 @@ bool EntryExists(const std::string& path) {
 std::optional<std::string> NameIgnoringCase(const std::string& folder, const std::string& name) {
   std::optional<std::string> found;
   ForEachName(folder, [&](const dirent& entry, int) {
-    if (EqualIgnoringAsciiCase(name, entry.d_name) && (!found || *found > entry.d_name))
-      found = entry.d_name;
+    if (EqualIgnoringAsciiCase(name, entry.d_name) && (!found || *found > entry.d_name)) found = entry.d_name;
     return true;
   });
   return found;
@@ -61,8 +60,10 @@ std::vector<std::string> WithoutDots(const std::vector<std::string>& components)
   std::vector<std::string> kept;
   for (const std::string& component : components) {
     if (component == ".") continue;
-    if (component != "..") kept.push_back(component);
-    else if (!kept.empty()) kept.pop_back();
+    if (component != "..")
+      kept.push_back(component);
+    else if (!kept.empty())
+      kept.pop_back();
   }
   return kept;
 }

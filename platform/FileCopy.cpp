@@ -30,9 +30,7 @@ CopyResult Failed(CopyStep step, int error) { return CopyResult::Failed(CopyFail
 
 // Errors by which the kernel says it will not copy this way, rather than that
 // the copy went wrong.
-bool IsRefusal(int error) {
-  return error == ENOSYS || error == EXDEV || error == EINVAL || error == EOPNOTSUPP;
-}
+bool IsRefusal(int error) { return error == ENOSYS || error == EXDEV || error == EINVAL || error == EOPNOTSUPP; }
 
 // Runs one kind of copy call until end of file. Only a refusal before the
 // first byte lets another kind try.
@@ -150,9 +148,12 @@ CopyResult WriteCopy(int in, const struct stat& facts, int folder, const std::st
   if (int error = LetOwnerReadAndWrite(part.Fd())) return Failed(CopyStep::WriteTarget, error);
   if (!part.Close()) return Failed(CopyStep::WriteTarget, part.Error());
   switch (part.Publish()) {
-    case PartFile::Naming::Named: return CopyResult::Copied();
-    case PartFile::Naming::NameTaken: return CopyResult::AlreadyThere();
-    case PartFile::Naming::Failed: break;
+    case PartFile::Naming::Named:
+      return CopyResult::Copied();
+    case PartFile::Naming::NameTaken:
+      return CopyResult::AlreadyThere();
+    case PartFile::Naming::Failed:
+      break;
   }
   return Failed(CopyStep::NameTarget, part.Error());
 }

@@ -33,11 +33,15 @@ EntryKind KindOfMode(mode_t mode) {
 // follows the link. A broken link is Other.
 EntryKind KindOf(int folderFd, const dirent& entry) {
   switch (entry.d_type) {
-    case DT_REG: return EntryKind::File;
-    case DT_DIR: return EntryKind::Folder;
+    case DT_REG:
+      return EntryKind::File;
+    case DT_DIR:
+      return EntryKind::Folder;
     case DT_LNK:
-    case DT_UNKNOWN: break;
-    default: return EntryKind::Other;
+    case DT_UNKNOWN:
+      break;
+    default:
+      return EntryKind::Other;
   }
   struct stat facts {};
   if (fstatat(folderFd, entry.d_name, &facts, 0) != 0) return EntryKind::Other;
@@ -65,9 +69,7 @@ class NameMatcher {
  public:
   explicit NameMatcher(const std::string& pattern)
       : matchAll_(pattern == "*.*" || pattern == "*"), pattern_(EscapeForFnmatch(pattern)) {}
-  bool Matches(const char* name) const {
-    return matchAll_ || fnmatch(pattern_.c_str(), name, FNM_CASEFOLD) == 0;
-  }
+  bool Matches(const char* name) const { return matchAll_ || fnmatch(pattern_.c_str(), name, FNM_CASEFOLD) == 0; }
 
  private:
   bool matchAll_;

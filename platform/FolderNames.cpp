@@ -5,8 +5,7 @@
 
 namespace platform {
 
-FolderRead ForEachName(const std::string& folder,
-                       const std::function<bool(const dirent&, int folderFd)>& visit) {
+FolderRead ForEachName(const std::string& folder, const std::function<bool(const dirent&, int folderFd)>& visit) {
   DIR* dir = opendir(folder.c_str());
   if (!dir) return {false, errno};
   FolderRead read{true, 0};

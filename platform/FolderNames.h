@@ -16,7 +16,6 @@ struct FolderRead {
 
 // Calls visit with each entry and the open folder's descriptor (for *at
 // calls) until it returns false.
-FolderRead ForEachName(const std::string& folder,
-                       const std::function<bool(const dirent&, int folderFd)>& visit);
+FolderRead ForEachName(const std::string& folder, const std::function<bool(const dirent&, int folderFd)>& visit);
 
 }  // namespace platform

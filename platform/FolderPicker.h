@@ -14,8 +14,7 @@ class FolderPicker {
 
   // Shows the picker with a title, starting at a Linux folder ("" for none).
   // On kChosen, chosenFolder holds the absolute Linux folder.
-  virtual int Browse(const std::string& title, const std::string& initialFolder,
-                     std::string& chosenFolder) = 0;
+  virtual int Browse(const std::string& title, const std::string& initialFolder, std::string& chosenFolder) = 0;
 };
 
 }  // namespace platform

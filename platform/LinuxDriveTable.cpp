@@ -38,9 +38,7 @@ std::string MountPointOf(dev_t device) {
   return mount ? mount->mountPoint : "";
 }
 
-bool IsCdDevice(const DriveLink& link, dev_t& device) {
-  return link.cd && IsBlockDevice(link.target, device);
-}
+bool IsCdDevice(const DriveLink& link, dev_t& device) { return link.cd && IsBlockDevice(link.target, device); }
 
 std::string RootOfLink(const DriveLink& link) {
   dev_t device = 0;
@@ -69,8 +67,7 @@ std::string SeparateMountBelowRoot(const std::string& folder, const std::string&
 
 }  // namespace
 
-LinuxDriveTable::LinuxDriveTable(const std::string& programFolder)
-    : drivesFolder_(DrivesFolderOf(programFolder)) {}
+LinuxDriveTable::LinuxDriveTable(const std::string& programFolder) : drivesFolder_(DrivesFolderOf(programFolder)) {}
 
 bool LinuxDriveTable::CreateDefaultIfMissing(const std::string& programFolder) {
   std::string folder = DrivesFolderOf(programFolder);

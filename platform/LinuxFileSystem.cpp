@@ -53,9 +53,15 @@ Listing LinuxFileSystem::List(const std::string& folder, const std::string& patt
   Listing listing;
   listing.status = ForEachMatchingEntry(LocalPath(folder), pattern, [&](const DirEntry& entry, EntryFit fit) {
     switch (fit) {
-      case EntryFit::Fits: listing.entries.push_back(entry); break;
-      case EntryFit::NameHoldsBackslash: listing.unnameable.push_back(entry); break;
-      case EntryFit::PathTooLong: listing.tooLong.push_back(entry); break;
+      case EntryFit::Fits:
+        listing.entries.push_back(entry);
+        break;
+      case EntryFit::NameHoldsBackslash:
+        listing.unnameable.push_back(entry);
+        break;
+      case EntryFit::PathTooLong:
+        listing.tooLong.push_back(entry);
+        break;
     }
     return true;
   });
@@ -81,9 +87,7 @@ std::optional<FileFacts> LinuxFileSystem::Stat(const std::string& path) const {
   return FileFacts{LastComponent(local), size, modified};
 }
 
-bool LinuxFileSystem::Exists(const std::string& path) const {
-  return StatFollowingLinks(LocalPath(path)).has_value();
-}
+bool LinuxFileSystem::Exists(const std::string& path) const { return StatFollowingLinks(LocalPath(path)).has_value(); }
 
 bool LinuxFileSystem::CreateFolder(const std::string& path) {
   std::string local = LocalPath(path);

@@ -29,8 +29,8 @@ class MemoryListControl : public ListControl {
   std::string emptyText;
 
   void InsertColumn(int column, const std::string& heading, int width) override {
-    const auto at = static_cast<std::ptrdiff_t>(
-        std::min<std::size_t>(static_cast<std::size_t>(column), headings.size()));
+    const auto at =
+        static_cast<std::ptrdiff_t>(std::min<std::size_t>(static_cast<std::size_t>(column), headings.size()));
     headings.insert(headings.begin() + at, heading + "/" + std::to_string(width));
     widths.insert(widths.begin() + at, width);
     order.push_back(static_cast<int>(order.size()));

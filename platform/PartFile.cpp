@@ -84,7 +84,8 @@ void PartFile::RemoveLeftovers() {
       if (errno == ENOENT && attempt > attempt_) return;
       continue;
     }
-    struct stat opened {}, named {};
+    struct stat opened {
+    }, named{};
     if (fstat(leftover.Get(), &opened) != 0 || !S_ISREG(opened.st_mode)) continue;
     if (flock(leftover.Get(), LOCK_EX | LOCK_NB) != 0) continue;
     // Still the same file under that name once held.

@@ -23,8 +23,7 @@ bool IsIso9660Descriptor(std::span<const std::uint8_t, kCdSectorSize> sector) {
 bool IsJoliet(std::span<const std::uint8_t, kCdSectorSize> sector) {
   if (sector[0] != kSupplementaryDescriptor) return false;
   const std::uint8_t* escape = sector.data() + kEscapeSequenceOffset;
-  return escape[0] == '%' && escape[1] == '/' &&
-         (escape[2] == '@' || escape[2] == 'C' || escape[2] == 'E');
+  return escape[0] == '%' && escape[1] == '/' && (escape[2] == '@' || escape[2] == 'C' || escape[2] == 'E');
 }
 
 std::optional<std::uint32_t> ParseHex(std::string_view digits) {
@@ -32,10 +31,14 @@ std::optional<std::uint32_t> ParseHex(std::string_view digits) {
   std::uint32_t value = 0;
   for (char c : digits) {
     int digit;
-    if (c >= '0' && c <= '9') digit = c - '0';
-    else if (c >= 'a' && c <= 'f') digit = c - 'a' + 10;
-    else if (c >= 'A' && c <= 'F') digit = c - 'A' + 10;
-    else return std::nullopt;
+    if (c >= '0' && c <= '9')
+      digit = c - '0';
+    else if (c >= 'a' && c <= 'f')
+      digit = c - 'a' + 10;
+    else if (c >= 'A' && c <= 'F')
+      digit = c - 'A' + 10;
+    else
+      return std::nullopt;
     value = value << 4 | static_cast<std::uint32_t>(digit);
   }
   return value;
@@ -64,8 +67,8 @@ std::uint32_t DescriptorChecksum(std::span<const std::uint8_t, kCdSectorSize> de
   std::array<std::uint8_t, 4> counters{};
   for (std::size_t i = 0; i < descriptor.size(); ++i)
     counters[i % 4] = static_cast<std::uint8_t>(counters[i % 4] + descriptor[i]);
-  return std::uint32_t{counters[0]} << 24 | std::uint32_t{counters[1]} << 16 |
-         std::uint32_t{counters[2]} << 8 | std::uint32_t{counters[3]};
+  return std::uint32_t{counters[0]} << 24 | std::uint32_t{counters[1]} << 16 | std::uint32_t{counters[2]} << 8 |
+         std::uint32_t{counters[3]};
 }
 
 std::optional<std::uint32_t> DiscSerial(std::span<const std::uint8_t> descriptorSet) {
@@ -112,21 +115,17 @@ std::uint32_t SerialFromUuid(std::string_view fsType, std::string_view uuid) {
 std::uint32_t SerialFromFsid(std::uint32_t word0, std::uint32_t word1) {
   std::uint32_t hash = kFnvOffset;
   for (std::uint32_t word : {word0, word1})
-    for (int shift = 0; shift < 32; shift += 8)
-      hash = FnvAdd(hash, static_cast<std::uint8_t>(word >> shift));
+    for (int shift = 0; shift < 32; shift += 8) hash = FnvAdd(hash, static_cast<std::uint8_t>(word >> shift));
   return hash;
 }
 
 std::uint32_t MixPathIntoSerial(std::uint32_t serial, std::string_view pathInFileSystem) {
   std::uint32_t hash = kFnvOffset;
-  for (int shift = 24; shift >= 0; shift -= 8)
-    hash = FnvAdd(hash, static_cast<std::uint8_t>(serial >> shift));
+  for (int shift = 24; shift >= 0; shift -= 8) hash = FnvAdd(hash, static_cast<std::uint8_t>(serial >> shift));
   for (char c : pathInFileSystem) hash = FnvAdd(hash, static_cast<std::uint8_t>(c));
   return hash;
 }
 
-std::optional<std::uint32_t> ParseSerialText(std::string_view text) {
-  return ParseHex(Trim(text));
-}
+std::optional<std::uint32_t> ParseSerialText(std::string_view text) { return ParseHex(Trim(text)); }
 
 }  // namespace platform

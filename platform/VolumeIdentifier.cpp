@@ -97,13 +97,19 @@ VolumeIdentity IdentifyVolume(const std::string& root, const std::string& cdDevi
   FileSystemFacts fileSystem(root);
   VolumeIdentity identity;
   identity.ok = true;
-  if (auto serial = ReadSerialFile(root)) identity.serial = *serial;
-  else if (auto discSerial = SerialOfDisc(cdDevice)) identity.serial = *discSerial;
-  else identity.serial = fileSystem.Serial();
+  if (auto serial = ReadSerialFile(root))
+    identity.serial = *serial;
+  else if (auto discSerial = SerialOfDisc(cdDevice))
+    identity.serial = *discSerial;
+  else
+    identity.serial = fileSystem.Serial();
 
-  if (auto label = ReadLabelFile(root)) identity.label = *label;
-  else if (!fileSystem.Tags().label.empty()) identity.label = fileSystem.Tags().label;
-  else identity.label = LastComponent(root);
+  if (auto label = ReadLabelFile(root))
+    identity.label = *label;
+  else if (!fileSystem.Tags().label.empty())
+    identity.label = fileSystem.Tags().label;
+  else
+    identity.label = LastComponent(root);
   return identity;
 }
 

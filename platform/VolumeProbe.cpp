@@ -87,8 +87,7 @@ std::string LinkNameFor(const char* folder, const Mount& mount) {
 }
 
 FileSystemTags TagsFromDiskLinks(const Mount& mount) {
-  return FileSystemTags{mount.type, LinkNameFor("/dev/disk/by-uuid", mount),
-                        LinkNameFor("/dev/disk/by-label", mount)};
+  return FileSystemTags{mount.type, LinkNameFor("/dev/disk/by-uuid", mount), LinkNameFor("/dev/disk/by-label", mount)};
 }
 
 bool ReadSector(int fd, std::size_t sector, std::uint8_t* into) {

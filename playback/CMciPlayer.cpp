@@ -48,9 +48,7 @@ int CMciPlayer::Open(std::string path, std::uint64_t openNumber) {
   return static_cast<int>(lastError_);
 }
 
-void CMciPlayer::AbandonOpensThrough(std::uint64_t openNumber) {
-  mci_.AbandonOpensThrough(openNumber);
-}
+void CMciPlayer::AbandonOpensThrough(std::uint64_t openNumber) { mci_.AbandonOpensThrough(openNumber); }
 
 int CMciPlayer::Play(std::int32_t fromMs) {
   if (!isOpen_) return kNotOpen;
@@ -89,9 +87,7 @@ int CMciPlayer::SetVolume(int level) {
   return static_cast<int>(SendVolume());
 }
 
-std::uint32_t CMciPlayer::SendVolume() {
-  return SendToDevice("setaudio", " volume to " + std::to_string(volume_));
-}
+std::uint32_t CMciPlayer::SendVolume() { return SendToDevice("setaudio", " volume to " + std::to_string(volume_)); }
 
 CMciPlayer::Mode CMciPlayer::GetMode() {
   if (!isOpen_) return Mode::NotReady;

@@ -88,8 +88,7 @@ class CMciPlayer {
   // when wanted, goes to a buffer of kBufferSize bytes.
   std::uint32_t Send(const char* command, char* reply = nullptr);
   // Sends "<verb> ALIAS<rest>" formatted into a buffer of kBufferSize bytes.
-  std::uint32_t SendToDevice(const char* verb, const std::string& rest = "",
-                             char* reply = nullptr);
+  std::uint32_t SendToDevice(const char* verb, const std::string& rest = "", char* reply = nullptr);
   // "setaudio ALIAS volume to <volume>".
   std::uint32_t SendVolume();
   // "status ALIAS <item>" read as a number; 0 when the reply is not one.

@@ -12,8 +12,8 @@
 #include "volumes/CDriveServices.h"
 #include "volumes/Paths.h"
 
-CPlaybackControl::CPlaybackControl(MediaDB& db, const CDriveServices& drives,
-                                   const CAppSettings& settings, CMciPlayer& player)
+CPlaybackControl::CPlaybackControl(MediaDB& db, const CDriveServices& drives, const CAppSettings& settings,
+                                   CMciPlayer& player)
     : db_(db),
       drives_(drives),
       settings_(settings),
@@ -127,11 +127,10 @@ void CPlaybackControl::OpenAndPlay(int fileId, const std::string& fullPath, cons
           if (generation == generation_) currentFileId_ = 0;
           // Given up for a later command: the user moved on, nothing to say.
           if (outcome->code == static_cast<int>(platform::kMciOpenAbandoned)) return;
-          const std::string reason = outcome->reason.empty()
-                                         ? "error " + std::to_string(outcome->code)
-                                         : outcome->reason;
-          drives_.Messages().Show(std::string(kCannotPlay) + "\n" + fullPath + ": " + reason,
-                                  platform::Buttons::Ok, platform::Icon::None);
+          const std::string reason =
+              outcome->reason.empty() ? "error " + std::to_string(outcome->code) : outcome->reason;
+          drives_.Messages().Show(std::string(kCannotPlay) + "\n" + fullPath + ": " + reason, platform::Buttons::Ok,
+                                  platform::Icon::None);
           return;
         }
         const auto listeners = started_;  // a listener may add or remove one

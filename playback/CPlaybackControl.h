@@ -38,8 +38,7 @@ class CPlaybackControl {
   static constexpr const char* kCannotPlay = "Sorry, unable to play media file.";
 
   // settings.cdDrive is read at each PlayFile, so a changed drive counts at once.
-  CPlaybackControl(MediaDB& db, const CDriveServices& drives, const CAppSettings& settings,
-                   CMciPlayer& player);
+  CPlaybackControl(MediaDB& db, const CDriveServices& drives, const CAppSettings& settings, CMciPlayer& player);
   ~CPlaybackControl();
   CPlaybackControl(const CPlaybackControl&) = delete;
   CPlaybackControl& operator=(const CPlaybackControl&) = delete;

@@ -13,8 +13,7 @@ platform::MediaControl* DeferredMediaControl::Control() {
     try {
       control_ = factory_();
       built_.store(control_.get());
-      if (const std::uint64_t through = abandonedThrough_.load(); through != 0)
-        control_->AbandonOpensThrough(through);
+      if (const std::uint64_t through = abandonedThrough_.load(); through != 0) control_->AbandonOpensThrough(through);
     } catch (const std::exception& failure) {
       startFailure_ = failure.what();
     }
@@ -22,8 +21,7 @@ platform::MediaControl* DeferredMediaControl::Control() {
   return control_.get();
 }
 
-std::uint32_t DeferredMediaControl::mciSendString(const char* command, char* reply,
-                                                  unsigned size) {
+std::uint32_t DeferredMediaControl::mciSendString(const char* command, char* reply, unsigned size) {
   if (!Started() && command != nullptr && strcasecmp(command, "close all") == 0) {
     platform::CopyTruncated("", reply, size);
     return platform::kMciNoError;

@@ -4,13 +4,10 @@
 #include "playlists/CopyJob.h"
 #include "playlists/CopyWorker.h"
 
-CCopyDlg::CCopyDlg(CopyWorker& worker, IdList fileIds, platform::MessageBox& messages,
-                   WorkerDialogView& view)
-    : CWorkerDlg({.timerId = kTimerId,
-                  .progress = worker.Job().state,
-                  .work = [&worker, ids = std::move(fileIds)] { worker.Run(ids); },
-                  .finish =
-                      [&messages] {
-                        messages.Show(kComplete, platform::Buttons::Ok, platform::Icon::Information);
-                      }},
-                 view) {}
+CCopyDlg::CCopyDlg(CopyWorker& worker, IdList fileIds, platform::MessageBox& messages, WorkerDialogView& view)
+    : CWorkerDlg(
+          {.timerId = kTimerId,
+           .progress = worker.Job().state,
+           .work = [&worker, ids = std::move(fileIds)] { worker.Run(ids); },
+           .finish = [&messages] { messages.Show(kComplete, platform::Buttons::Ok, platform::Icon::Information); }},
+          view) {}

@@ -14,8 +14,7 @@
 #include "playlists/CopySummary.h"
 #include "settings/CAppSettings.h"
 
-CPlayListDlg::CPlayListDlg(PlayListWindowParts parts, PlayListView& view)
-    : parts_(parts), view_(view) {}
+CPlayListDlg::CPlayListDlg(PlayListWindowParts parts, PlayListView& view) : parts_(parts), view_(view) {}
 
 CPlayListDlg::~CPlayListDlg() { parts_.model.DetachList(); }
 
@@ -45,19 +44,36 @@ void CPlayListDlg::OnSize(int clientWidth, int clientHeight) {
 
 void CPlayListDlg::OnCommand(int command) {
   switch (command) {
-    case kCache: CopyToCache(); break;
-    case kClearCache: parts_.copy.ClearCache(); break;
-    case kPlay: PlaySelected(); break;
+    case kCache:
+      CopyToCache();
+      break;
+    case kClearCache:
+      parts_.copy.ClearCache();
+      break;
+    case kPlay:
+      PlaySelected();
+      break;
     case kStop:
       parts_.playThrough.Stop();
       parts_.playback.StopPlayback();
       break;
-    case kPlayThrough: TogglePlayThrough(); break;
-    case kSkipForward: parts_.playback.SkipForward(); break;
-    case kCopySelectionTo: CopyToPickedFolder(true); break;
-    case kCopyAllTo: CopyToPickedFolder(false); break;
-    case kSavePlayList: SavePlayList(); break;
-    default: break;
+    case kPlayThrough:
+      TogglePlayThrough();
+      break;
+    case kSkipForward:
+      parts_.playback.SkipForward();
+      break;
+    case kCopySelectionTo:
+      CopyToPickedFolder(true);
+      break;
+    case kCopyAllTo:
+      CopyToPickedFolder(false);
+      break;
+    case kSavePlayList:
+      SavePlayList();
+      break;
+    default:
+      break;
   }
 }
 
@@ -72,8 +88,7 @@ void CPlayListDlg::OnListKeyPressed(Key key, bool control) {
 
 void CPlayListDlg::OnPlayerStatus(const PlayerStatus& status) {
   parts_.playThrough.OnStatus(status);
-  const bool sounding =
-      status.mode == CMciPlayer::Mode::Playing || status.mode == CMciPlayer::Mode::Paused;
+  const bool sounding = status.mode == CMciPlayer::Mode::Playing || status.mode == CMciPlayer::Mode::Paused;
   const std::int32_t playing = sounding ? status.fileId : 0;
   if (playing == marked_) return;
   marked_ = playing;

@@ -2,8 +2,8 @@
 // The logic of the play list window ("Play List - Vantrelle"): its buttons,
 // keys and context menu over the play list, playing through playback
 // control, copying through the copy commands (the status line then says what
-// was not copied and why) and saving under a name typed in the input dialog. The front end supplies the controls (PlayListView)
-// and calls the On* handlers on its user-interface thread.
+// was not copied and why) and saving under a name typed in the input dialog. The front end supplies the controls
+// (PlayListView) and calls the On* handlers on its user-interface thread.
 
 #include <array>
 #include <cstdint>

@@ -4,8 +4,7 @@
 
 #include "playback/CPlaybackControl.h"
 
-CPlayThrough::CPlayThrough(CPlaybackControl& playback, Rows rows)
-    : playback_(playback), rows_(std::move(rows)) {}
+CPlayThrough::CPlayThrough(CPlaybackControl& playback, Rows rows) : playback_(playback), rows_(std::move(rows)) {}
 
 bool CPlayThrough::PlayRow(int row) {
   const IdList ids = rows_();

@@ -54,7 +54,7 @@ class CPlayThrough {
   Rows rows_;
   Listeners<int, int> started_;
   bool enabled_ = true;
-  int fileId_ = 0;             // the file of this run handed over last; 0 when none
+  int fileId_ = 0;  // the file of this run handed over last; 0 when none
   std::uint64_t generation_ = 0;
-  bool stepping_ = false;      // a disc prompt may run the event loop meanwhile
+  bool stepping_ = false;  // a disc prompt may run the event loop meanwhile
 };

@@ -30,11 +30,10 @@ CataloguedFiles FindCataloguedFiles(MediaDB& db, const CDriveServices& drives,
     const auto slash = path.find_last_of('/');
     const std::string drivePath =
         slash == std::string::npos ? "" : drives.ToDrivePath(path.substr(0, slash == 0 ? 1 : slash));
-    const int fileId =
-        drivePath.empty() ? -1
-                          : FindOnDrive(db, disks, drivePath.substr(0, 1),
-                                        GetFolderPart(NormalizeFolder(drives.CanonicalPath(drivePath))),
-                                        path.substr(slash + 1));
+    const int fileId = drivePath.empty() ? -1
+                                         : FindOnDrive(db, disks, drivePath.substr(0, 1),
+                                                       GetFolderPart(NormalizeFolder(drives.CanonicalPath(drivePath))),
+                                                       path.substr(slash + 1));
     if (fileId == -1)
       ++found.notCatalogued;
     else

@@ -19,8 +19,7 @@ const CopySummary& CopyCommands::CopyFiles(const std::string& targetFolder, bool
   job.target = drives_.FolderWithinDrive(targetFolder);
   if (job.target.empty()) {
     job.summary = CopySummary();
-    drives_.Messages().Show(FillMessage(kOutsideDrive, {targetFolder}), platform::Buttons::Ok,
-                            platform::Icon::Error);
+    drives_.Messages().Show(FillMessage(kOutsideDrive, {targetFolder}), platform::Buttons::Ok, platform::Icon::Error);
     return job.summary;
   }
   job.selectionOnly = selectionOnly;
@@ -38,8 +37,8 @@ const CopySummary& CopyCommands::CopyFiles(const std::string& targetFolder, bool
 const CopySummary& CopyCommands::CopyToCache() { return CopyFiles(settings_.cacheFolder, false); }
 
 void CopyCommands::ClearCache() {
-  if (drives_.Messages().Show(kClearCacheQuestion, platform::Buttons::OkCancel,
-                              platform::Icon::Information) != platform::Answer::Ok)
+  if (drives_.Messages().Show(kClearCacheQuestion, platform::Buttons::OkCancel, platform::Icon::Information) !=
+      platform::Answer::Ok)
     return;
   // A cache folder stored as typed by earlier versions may climb out of its drive.
   const std::string folder = drives_.FolderWithinDrive(settings_.cacheFolder);

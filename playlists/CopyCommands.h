@@ -15,11 +15,10 @@ class WorkerDialogHost;
 class CopyCommands {
  public:
   static constexpr const char* kClearCacheQuestion = "Delete all files in cache?";
-  static constexpr const char* kOutsideDrive =
-      "The folder %s lies above the root of its drive: nothing was done.";
+  static constexpr const char* kOutsideDrive = "The folder %s lies above the root of its drive: nothing was done.";
 
-  CopyCommands(CPlayListModel& model, MediaDB& db, const CDriveServices& drives,
-               const CAppSettings& settings, WorkerDialogHost& dialogs);
+  CopyCommands(CPlayListModel& model, MediaDB& db, const CDriveServices& drives, const CAppSettings& settings,
+               WorkerDialogHost& dialogs);
 
   // Copies all rows, or the selected ones, into the folder (a drive path,
   // taken in its one spelling); returns, when the dialog has closed and the

@@ -4,20 +4,18 @@
 
 namespace {
 
-std::string FilesCopied(int count) {
-  return std::to_string(count) + (count == 1 ? " file copied" : " files copied");
-}
+std::string FilesCopied(int count) { return std::to_string(count) + (count == 1 ? " file copied" : " files copied"); }
 
 // File names may hold line breaks and tabs; the status line stays one line.
 std::string OnOneLine(std::string text) {
-  std::replace_if(text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r' || c == '\t'; }, ' ');
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r' || c == '\t'; }, ' ');
   return text;
 }
 
 }  // namespace
 
-void CopySummary::Add(const std::string& source, const std::string& fileName,
-                      const platform::CopyResult& result) {
+void CopySummary::Add(const std::string& source, const std::string& fileName, const platform::CopyResult& result) {
   using Outcome = platform::CopyResult::Outcome;
   if (result.outcome == Outcome::Copied)
     ++copied_;
@@ -25,14 +23,13 @@ void CopySummary::Add(const std::string& source, const std::string& fileName,
     notCopied_.push_back({source, fileName, result.outcome == Outcome::AlreadyThere, result.reason});
 }
 
-void CopySummary::AddFailure(const std::string& source, const std::string& fileName,
-                             const std::string& reason) {
+void CopySummary::AddFailure(const std::string& source, const std::string& fileName, const std::string& reason) {
   notCopied_.push_back({source, fileName, false, reason});
 }
 
 int CopySummary::AlreadyThere() const {
-  return static_cast<int>(std::count_if(notCopied_.begin(), notCopied_.end(),
-                                        [](const NotCopiedFile& file) { return file.alreadyThere; }));
+  return static_cast<int>(
+      std::count_if(notCopied_.begin(), notCopied_.end(), [](const NotCopiedFile& file) { return file.alreadyThere; }));
 }
 
 int CopySummary::Failed() const { return static_cast<int>(notCopied_.size()) - AlreadyThere(); }

@@ -12,7 +12,7 @@ struct NotCopiedFile {
   std::string source;    // the file's full drive path, or "FileID n" without a row
   std::string fileName;  // its name, as it would have been in the target folder
   bool alreadyThere = false;
-  std::string reason;    // why it failed; empty when alreadyThere
+  std::string reason;  // why it failed; empty when alreadyThere
 };
 
 class CopySummary {

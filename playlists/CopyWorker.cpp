@@ -17,8 +17,7 @@ std::string SourcePath(const std::string& drive, MediaDB& db, const CMediaFile& 
 
 }  // namespace
 
-CopyWorker::CopyWorker(MediaDB& db, const CDriveServices& drives, std::string cdDrive,
-                       CopyJob& job)
+CopyWorker::CopyWorker(MediaDB& db, const CDriveServices& drives, std::string cdDrive, CopyJob& job)
     : db_(db), drives_(drives), cdDrive_(std::move(cdDrive)), job_(job) {}
 
 void CopyWorker::Run(const IdList& fileIds) {
@@ -33,8 +32,7 @@ void CopyWorker::CopyAll(const IdList& fileIds) {
   filesTotal_ = static_cast<std::int64_t>(fileIds.size());
   job_.state.SetOverall(CountOfTotal(0, filesTotal_, "file", "files"));
   IdList volumes;
-  for (std::int32_t id : fileIds)
-    volumes.push_back(db_.GetFileVolume(id));
+  for (std::int32_t id : fileIds) volumes.push_back(db_.GetFileVolume(id));
 
   std::string stopped;  // why no later volume is copied
   for (std::int32_t id : UniqueIds(volumes)) {

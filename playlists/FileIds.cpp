@@ -16,8 +16,7 @@ std::int32_t ReadNumber(const std::string& text, std::size_t i) {
   if (i < text.size() && (text[i] == '+' || text[i] == '-')) negative = text[i++] == '-';
   constexpr std::int64_t kLimit = std::int64_t{std::numeric_limits<std::int32_t>::max()} + 1;
   std::int64_t magnitude = 0;
-  for (; i < text.size() && IsDigit(text[i]); ++i)
-    magnitude = std::min(kLimit, magnitude * 10 + (text[i] - '0'));
+  for (; i < text.size() && IsDigit(text[i]); ++i) magnitude = std::min(kLimit, magnitude * 10 + (text[i] - '0'));
   const std::int64_t value = negative ? -magnitude : std::min(magnitude, kLimit - 1);
   return static_cast<std::int32_t>(value);
 }

@@ -41,7 +41,8 @@ void RunMainWindow(CLibraryApp& app, QtMessageBox& messages, bool refused) {
   window.onClosed = [] { QCoreApplication::quit(); };
   // Opening and seeking run on a thread of their own from here on; the
   // thread ends (after its last command) before the window goes.
-  PlayerThread player(app.Player(), [&onThisThread](std::function<void()> done) { onThisThread.Post(std::move(done)); });
+  PlayerThread player(app.Player(),
+                      [&onThisThread](std::function<void()> done) { onThisThread.Post(std::move(done)); });
   app.Playback().UseRunner(&player);
   // An open that still waits is given up first, so that the thread's last
   // command ends at once and quitting never waits for a file that hangs.
@@ -80,10 +81,8 @@ int RunDesktop() {
   platform::LinuxDriveTable drives(data.path);
   platform::LinuxFileSystem files(drives);
   // GStreamer starts when something is first played.
-  DeferredMediaControl media([&files] {
-    return std::make_unique<platform::mci::GstMediaControl>(platform::mci::AudioOutput::System,
-                                                            files);
-  });
+  DeferredMediaControl media(
+      [&files] { return std::make_unique<platform::mci::GstMediaControl>(platform::mci::AudioOutput::System, files); });
   CLibraryApp app(data.path, PlatformServices{drives, files, messages, media});
 
   CLibraryApp::StartResult started{};

@@ -46,16 +46,26 @@ constexpr int kStripMargin = 5;
 
 DialogRect PlaceOf(int command) {
   switch (command) {
-    case CMainDlg::kAddCd: return {2, 2, 32, 12};
-    case CMainDlg::kAddHd: return {35, 2, 32, 12};
-    case CMainDlg::kTogglePlayList: return {83, 2, 16, 12};
-    case CMainDlg::kOptions: return {100, 2, 16, 12};
-    case CMainDlg::kAbout: return {117, 2, 16, 12};
-    case CMainDlg::kFindField: return {161, 2, 103, 12};
-    case CMainDlg::kGo: return {266, 2, 14, 12};
-    case CMainDlg::kPlay: return {297, 2, 16, 12};
-    case CMainDlg::kStop: return {315, 2, 16, 12};
-    default: return {333, 2, 16, 12};  // kSkipForward
+    case CMainDlg::kAddCd:
+      return {2, 2, 32, 12};
+    case CMainDlg::kAddHd:
+      return {35, 2, 32, 12};
+    case CMainDlg::kTogglePlayList:
+      return {83, 2, 16, 12};
+    case CMainDlg::kOptions:
+      return {100, 2, 16, 12};
+    case CMainDlg::kAbout:
+      return {117, 2, 16, 12};
+    case CMainDlg::kFindField:
+      return {161, 2, 103, 12};
+    case CMainDlg::kGo:
+      return {266, 2, 14, 12};
+    case CMainDlg::kPlay:
+      return {297, 2, 16, 12};
+    case CMainDlg::kStop:
+      return {315, 2, 16, 12};
+    default:
+      return {333, 2, 16, 12};  // kSkipForward
   }
 }
 
@@ -64,26 +74,32 @@ constexpr double kRowBottom = 28.0;
 constexpr double kRowDialogUnits = 14.0;
 
 QRect ToPixels(const DialogRect& place, const QFontMetrics& metrics) {
-  const double across = metrics.horizontalAdvance(
-                            QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz")) /
-                        52.0 / 4.0;
+  const double across =
+      metrics.horizontalAdvance(QStringLiteral("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz")) / 52.0 / 4.0;
   const double down = std::min(metrics.height() / 8.0, kRowBottom / kRowDialogUnits);
   return {static_cast<int>(std::lround(place.x * across)), static_cast<int>(std::lround(place.y * down)),
-          static_cast<int>(std::lround(place.width * across)),
-          static_cast<int>(std::lround(place.height * down))};
+          static_cast<int>(std::lround(place.width * across)), static_cast<int>(std::lround(place.height * down))};
 }
 
 KeyCode KeyOf(const QKeyEvent& event) {
   switch (event.key()) {
     case Qt::Key_Return:
-    case Qt::Key_Enter: return KeyCode::Enter;
-    case Qt::Key_Escape: return KeyCode::Escape;
-    case Qt::Key_Control: return KeyCode::Control;
-    case Qt::Key_Delete: return KeyCode::Delete;
-    case Qt::Key_A: return KeyCode::A;
-    case Qt::Key_F: return KeyCode::F;
-    case Qt::Key_Space: return KeyCode::Space;
-    default: return KeyCode::Other;
+    case Qt::Key_Enter:
+      return KeyCode::Enter;
+    case Qt::Key_Escape:
+      return KeyCode::Escape;
+    case Qt::Key_Control:
+      return KeyCode::Control;
+    case Qt::Key_Delete:
+      return KeyCode::Delete;
+    case Qt::Key_A:
+      return KeyCode::A;
+    case Qt::Key_F:
+      return KeyCode::F;
+    case Qt::Key_Space:
+      return KeyCode::Space;
+    default:
+      return KeyCode::Other;
   }
 }
 
@@ -92,10 +108,9 @@ KeyCode KeyOf(const QKeyEvent& event) {
 MainWindow::MainWindow(CLibraryApp& app, const DesktopDialogs& dialogs)
     : dialogs_(dialogs),
       menu_(std::make_unique<QtPopupMenu>(this)),
-      scans_(std::make_unique<ScanCommands>(app.Scanner(), app.Drives(), app.Settings(),
-                                            dialogs.picker, dialogs.workers)),
-      copy_(std::make_unique<CopyCommands>(app.PlayList(), app.Db(), app.Drives(), app.Settings(),
-                                           dialogs.workers)),
+      scans_(
+          std::make_unique<ScanCommands>(app.Scanner(), app.Drives(), app.Settings(), dialogs.picker, dialogs.workers)),
+      copy_(std::make_unique<CopyCommands>(app.PlayList(), app.Db(), app.Drives(), app.Settings(), dialogs.workers)),
       playListWindow_(std::make_unique<PlayListWindow>()) {
   setWindowTitle(QString::fromUtf8(CLibraryApp::kTitle));
   setMouseTracking(true);  // the sizing arrow over the splitter band
@@ -113,8 +128,8 @@ MainWindow::MainWindow(CLibraryApp& app, const DesktopDialogs& dialogs)
       app.Drives(),
       dialogs.picker,
       dialogs.options,
-      {app.PlayList(), app.Playback(), *copy_, app.Settings(), app.Drives(), dialogs.picker,
-       dialogs.input, app.PlayThrough()},
+      {app.PlayList(), app.Playback(), *copy_, app.Settings(), app.Drives(), dialogs.picker, dialogs.input,
+       app.PlayThrough()},
       *playListWindow_,
   };
   MainWindowView& view = *this;
@@ -124,8 +139,8 @@ MainWindow::MainWindow(CLibraryApp& app, const DesktopDialogs& dialogs)
   stacking_ = new WindowStacking(this);
   stacking_->Watch(*this);
   stacking_->Watch(*playListWindow_);
-  remote_ = std::make_unique<CRemoteControl>(*logic_, app.PlayList(), app.PlayThrough(), app.Playback(),
-                                             app.Db(), app.Platform().files);
+  remote_ = std::make_unique<CRemoteControl>(*logic_, app.PlayList(), app.PlayThrough(), app.Playback(), app.Db(),
+                                             app.Platform().files);
   mpris_ = std::make_unique<MprisService>(*remote_, *this);
   logic_->OnStatusShown([this] { mpris_->AnnounceChanges(); });
 }
@@ -221,11 +236,14 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
   switch (event->type()) {
     case QEvent::MouseMove:
     case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease: return watched == this && RouteMouse(*event);
+    case QEvent::MouseButtonRelease:
+      return watched == this && RouteMouse(*event);
     // A key the child did not take travels on to this window: it was seen.
     case QEvent::KeyPress:
-    case QEvent::KeyRelease: return watched != this && RouteKey(watched, *event);
-    default: return false;
+    case QEvent::KeyRelease:
+      return watched != this && RouteKey(watched, *event);
+    default:
+      return false;
   }
 }
 
@@ -278,13 +296,11 @@ void MainWindow::showEvent(QShowEvent* event) {
 
 void MainWindow::PlaceStrip() {
   const int stripHeight = strip_->PreferredHeight();
-  strip_->setGeometry(kStripMargin, height() - stripHeight - kStripMargin,
-                      std::max(width() - 2 * kStripMargin, 0), stripHeight);
+  strip_->setGeometry(kStripMargin, height() - stripHeight - kStripMargin, std::max(width() - 2 * kStripMargin, 0),
+                      stripHeight);
 }
 
-int MainWindow::LayoutHeight() const {
-  return std::max(height() - strip_->PreferredHeight() - kStripMargin, 0);
-}
+int MainWindow::LayoutHeight() const { return std::max(height() - strip_->PreferredHeight() - kStripMargin, 0); }
 
 void MainWindow::ShowNowPlaying(const NowPlayingStrip& strip) { strip_->Show(strip); }
 
@@ -318,9 +334,7 @@ void MainWindow::AttachToolTips(std::span<const MainControl> controls) {
   }
 }
 
-void MainWindow::MoveWindow(int left, int top, int width, int height) {
-  MoveTopLevel(*this, left, top, width, height);
-}
+void MainWindow::MoveWindow(int left, int top, int width, int height) { MoveTopLevel(*this, left, top, width, height); }
 
 Rect MainWindow::OuterRect() const { return TopLevelRect(*this); }
 

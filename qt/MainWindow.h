@@ -119,7 +119,7 @@ class MainWindow final : public QWidget, private MainWindowView {
   std::unique_ptr<ScanCommands> scans_;
   std::unique_ptr<CopyCommands> copy_;
   std::unique_ptr<PlayListWindow> playListWindow_;
-  std::unique_ptr<CMainDlg> logic_;  // it unbinds from the play list window
+  std::unique_ptr<CMainDlg> logic_;         // it unbinds from the play list window
   std::unique_ptr<CRemoteControl> remote_;  // over the logic
   std::unique_ptr<MprisService> mpris_;
   bool closed_ = false;

@@ -84,8 +84,7 @@ bool MprisService::Register() {
   if (!HasSessionBusAddress()) return false;
   QDBusConnection bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return false;
-  if (!bus.registerObject(QString::fromLatin1(kObjectPath), this, QDBusConnection::ExportAdaptors))
-    return false;
+  if (!bus.registerObject(QString::fromLatin1(kObjectPath), this, QDBusConnection::ExportAdaptors)) return false;
   if (!bus.registerService(QString::fromLatin1(kBusName))) {
     bus.unregisterObject(QString::fromLatin1(kObjectPath));
     return false;
@@ -129,9 +128,9 @@ void MprisService::AnnounceChanges() {
 }
 
 void MprisService::Announce(const QString& interface, const QVariantMap& changed) {
-  QDBusMessage signal = QDBusMessage::createSignal(QString::fromLatin1(kObjectPath),
-                                                   QStringLiteral("org.freedesktop.DBus.Properties"),
-                                                   QStringLiteral("PropertiesChanged"));
+  QDBusMessage signal =
+      QDBusMessage::createSignal(QString::fromLatin1(kObjectPath), QStringLiteral("org.freedesktop.DBus.Properties"),
+                                 QStringLiteral("PropertiesChanged"));
   signal << interface << changed << QStringList();
   QDBusConnection::sessionBus().send(signal);
 }
@@ -151,8 +150,7 @@ void MprisRootAdaptor::Raise() {
 // cppcheck-suppress unusedFunction
 void MprisRootAdaptor::Quit() { service_.Window().close(); }
 
-MprisPlayerAdaptor::MprisPlayerAdaptor(MprisService& service)
-    : QDBusAbstractAdaptor(&service), service_(service) {}
+MprisPlayerAdaptor::MprisPlayerAdaptor(MprisService& service) : QDBusAbstractAdaptor(&service), service_(service) {}
 
 QString MprisPlayerAdaptor::PlaybackStatus() const { return ToQString(service_.Remote().PlaybackStatus()); }
 qlonglong MprisPlayerAdaptor::Position() const { return service_.Remote().PositionUs(); }
@@ -186,9 +184,7 @@ MprisPlayListsAdaptor::MprisPlayListsAdaptor(MprisService& service)
 
 // Read over D-Bus, by the property's name.
 // cppcheck-suppress unusedFunction
-uint MprisPlayListsAdaptor::PlaylistCount() const {
-  return static_cast<uint>(service_.Remote().PlayLists().size());
-}
+uint MprisPlayListsAdaptor::PlaylistCount() const { return static_cast<uint>(service_.Remote().PlayLists().size()); }
 
 // Called over D-Bus, by the slot's name.
 // cppcheck-suppress unusedFunction
@@ -200,8 +196,7 @@ void MprisPlayListsAdaptor::ActivatePlaylist(const QDBusObjectPath& playListId) 
 }
 
 // cppcheck-suppress unusedFunction
-QList<MprisPlayList> MprisPlayListsAdaptor::GetPlaylists(uint index, uint maxCount, const QString&,
-                                                        bool reverseOrder) {
+QList<MprisPlayList> MprisPlayListsAdaptor::GetPlaylists(uint index, uint maxCount, const QString&, bool reverseOrder) {
   auto stored = service_.Remote().PlayLists();
   if (reverseOrder) std::reverse(stored.begin(), stored.end());
   QList<MprisPlayList> lists;

@@ -59,9 +59,7 @@ QPushButton* PlayListWindow::Button(int command) const {
 
 platform::ListControl& PlayListWindow::List() { return *list_; }
 
-void PlayListWindow::MoveWindow(int x, int y, int width, int height) {
-  MoveTopLevel(*this, x, y, width, height);
-}
+void PlayListWindow::MoveWindow(int x, int y, int width, int height) { MoveTopLevel(*this, x, y, width, height); }
 
 void PlayListWindow::MoveList(int x, int y, int width, int height) {
   const int statusHeight = fontMetrics().height();
@@ -89,8 +87,9 @@ void PlayListWindow::AddButtons(std::span<const PlayListButton> buttons) {
     if (wanted.showsBitmap) ShowPicture(*button, wanted.text);
     button->setCheckable(wanted.checkable);
     button->setToolTip(QString::fromUtf8(wanted.toolTip));
-    const int width = wanted.showsBitmap ? kButtonHeight + 6
-                                       : std::max(kButtonHeight, fontMetrics().horizontalAdvance(button->text()) + 14);
+    const int width = wanted.showsBitmap
+                          ? kButtonHeight + 6
+                          : std::max(kButtonHeight, fontMetrics().horizontalAdvance(button->text()) + 14);
     button->setGeometry(left, kButtonTop, width, kButtonHeight);
     button->installEventFilter(this);
     left += width + kButtonGap;

@@ -17,9 +17,7 @@ struct QtDialogSet {
   QtDialogSet(platform::MessageBox& messages, QtCoverLoader& coverLoader)
       : covers(coverLoader), fileInfo(nullptr, &coverLoader), workers(messages) {}
 
-  DesktopDialogs Services() {
-    return {picker, input, fileInfo, volumeInfo, options, workers, ShowAboutBox, &covers};
-  }
+  DesktopDialogs Services() { return {picker, input, fileInfo, volumeInfo, options, workers, ShowAboutBox, &covers}; }
   void SetParent(QWidget* window) {
     picker.SetParent(window);
     workers.SetParent(window);

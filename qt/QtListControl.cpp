@@ -8,13 +8,12 @@
 #include <QPainter>
 #include <QUrl>
 
-#include "qt/ReportListModel.h"
 #include "playlists/FileIds.h"
+#include "qt/ReportListModel.h"
 #include "qt/dialogs/QtText.h"
 #include "ui/CMediaList.h"
 
-QtListControl::QtListControl(QWidget* parent)
-    : QTableView(parent), model_(new ReportListModel(this)) {
+QtListControl::QtListControl(QWidget* parent) : QTableView(parent), model_(new ReportListModel(this)) {
   setModel(model_);
   setSelectionMode(QAbstractItemView::ExtendedSelection);
   setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -42,9 +41,7 @@ int QtListControl::AppendRow(const std::vector<std::string>& texts, std::int32_t
   return model_->AppendRow(texts, value);
 }
 
-void QtListControl::SetRowTexts(int row, const std::vector<std::string>& texts) {
-  model_->SetTexts(row, texts);
-}
+void QtListControl::SetRowTexts(int row, const std::vector<std::string>& texts) { model_->SetTexts(row, texts); }
 
 void QtListControl::DeleteRow(int row) { model_->RemoveRow(row); }
 
@@ -75,16 +72,14 @@ void QtListControl::SelectAll() {
   const int rows = model_->rowCount();
   const int columns = model_->columnCount();
   if (rows == 0 || columns == 0) return;
-  selectionModel()->select(
-      QItemSelection(model_->index(0, 0), model_->index(rows - 1, columns - 1)),
-      QItemSelectionModel::Select | QItemSelectionModel::Rows);
+  selectionModel()->select(QItemSelection(model_->index(0, 0), model_->index(rows - 1, columns - 1)),
+                           QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
 void QtListControl::SetExtendedStyle(unsigned styles) {
   styles_ = styles;
   setShowGrid((styles & kGridLines) != 0);
-  setSelectionBehavior((styles & kFullRowSelect) != 0 ? QAbstractItemView::SelectRows
-                                                      : QAbstractItemView::SelectItems);
+  setSelectionBehavior((styles & kFullRowSelect) != 0 ? QAbstractItemView::SelectRows : QAbstractItemView::SelectItems);
   horizontalHeader()->setSectionsMovable((styles & CMediaList::kHeaderDragDrop) != 0);
 }
 
@@ -117,9 +112,7 @@ void QtListControl::SetColumnOrder(const std::vector<int>& order) {
     header.moveSection(header.visualIndex(order[static_cast<std::size_t>(visual)]), visual);
 }
 
-int QtListControl::TextWidth(const std::string& text) const {
-  return fontMetrics().horizontalAdvance(ToQString(text));
-}
+int QtListControl::TextWidth(const std::string& text) const { return fontMetrics().horizontalAdvance(ToQString(text)); }
 
 void QtListControl::paintEvent(QPaintEvent* event) {
   QTableView::paintEvent(event);

@@ -36,8 +36,7 @@ QtTreeControl::QtTreeControl(QWidget* parent) : QTreeWidget(parent) {
   connect(this, &QTreeWidget::itemSelectionChanged, this, [this] { ReportSelection(); });
 }
 
-platform::TreeItem QtTreeControl::InsertItem(platform::TreeItem parent, const std::string& label,
-                                             std::int32_t value) {
+platform::TreeItem QtTreeControl::InsertItem(platform::TreeItem parent, const std::string& label, std::int32_t value) {
   FlagUp changing(changing_);
   auto* item = new QTreeWidgetItem(QStringList{ToQString(label)});
   item->setData(0, kValueRole, value);

@@ -21,8 +21,7 @@ class QtTreeControl final : public QTreeWidget, public platform::TreeControl {
   // (empty space, or a request from the keyboard).
   std::function<void(platform::TreeItem)> onContextMenu;
 
-  platform::TreeItem InsertItem(platform::TreeItem parent, const std::string& label,
-                                std::int32_t value) override;
+  platform::TreeItem InsertItem(platform::TreeItem parent, const std::string& label, std::int32_t value) override;
   void DeleteAllItems() override;
   std::int32_t ItemValue(platform::TreeItem item) const override;
   void SetBold(platform::TreeItem item, bool bold) override;

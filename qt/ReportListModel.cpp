@@ -1,7 +1,6 @@
 #include "qt/ReportListModel.h"
 
 #include <QFont>
-
 #include <algorithm>
 #include <iterator>
 
@@ -94,8 +93,7 @@ int ReportListModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant ReportListModel::data(const QModelIndex& index, int role) const {
-  if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
-    return {};
+  if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid)) return {};
   if (role == Qt::FontRole) {
     if (marked_ == 0 || Value(index.row()) != marked_) return {};
     QFont bold;
@@ -115,9 +113,7 @@ void ReportListModel::MarkValue(std::int32_t value) {
 // Qt calls the overrides of its virtuals; cppcheck sees no caller.
 // cppcheck-suppress unusedFunction
 QVariant ReportListModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 ||
-      section >= columnCount())
-    return {};
+  if (orientation != Qt::Horizontal || role != Qt::DisplayRole || section < 0 || section >= columnCount()) return {};
   return ToQString(headings_[static_cast<std::size_t>(section)]);
 }
 

@@ -24,8 +24,8 @@ bool RaiseRunningWindow(int holderPid) {
   // to a program of another catalogue.
   const auto owner = bus.interface()->servicePid(name);
   if (!owner.isValid() || static_cast<int>(owner.value()) != holderPid) return false;
-  const QDBusMessage raise = QDBusMessage::createMethodCall(
-      name, QString::fromLatin1(MprisService::kObjectPath), QStringLiteral("org.mpris.MediaPlayer2"),
-      QStringLiteral("Raise"));
+  const QDBusMessage raise =
+      QDBusMessage::createMethodCall(name, QString::fromLatin1(MprisService::kObjectPath),
+                                     QStringLiteral("org.mpris.MediaPlayer2"), QStringLiteral("Raise"));
   return bus.call(raise, QDBus::Block, kAnswerWaitMs).type() == QDBusMessage::ReplyMessage;
 }

@@ -20,8 +20,7 @@ unsigned ReaderThreads() {
 
 }  // namespace
 
-CVolumeScanner::CVolumeScanner(MediaDB& db, CDriveServices& drives, TagReader& reader,
-                               platform::MessageBox& messages)
+CVolumeScanner::CVolumeScanner(MediaDB& db, CDriveServices& drives, TagReader& reader, platform::MessageBox& messages)
     : db_(db),
       drives_(drives),
       messages_(messages),
@@ -72,8 +71,7 @@ std::string CVolumeScanner::RootRefusal(const std::string& root) const {
   return "";
 }
 
-std::string CVolumeScanner::VolumeRefusal(const std::string& drive,
-                                          const ExpectedVolume& expected) const {
+std::string CVolumeScanner::VolumeRefusal(const std::string& drive, const ExpectedVolume& expected) const {
   const auto volume = drives_.ReadVolumeInfo(drive);
   if (!volume || volume->SerialNo == expected.serialNo) return "";
   return FillMessage(ScanReport::kOtherVolume, {drive, expected.name, expected.serialNo});

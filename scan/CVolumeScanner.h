@@ -36,8 +36,7 @@ class CVolumeScanner {
     std::string name;
   };
 
-  CVolumeScanner(MediaDB& db, CDriveServices& drives, TagReader& reader,
-                 platform::MessageBox& messages);
+  CVolumeScanner(MediaDB& db, CDriveServices& drives, TagReader& reader, platform::MessageBox& messages);
 
   // kind: 5 for a CD, 3 for a disk folder (recorded only: the volume's type
   // comes from its drive). root: a normalised folder with its drive. Files

@@ -23,8 +23,7 @@ bool HasAudioEnding(const std::string& audioName) { return audioName.find('.') !
 
 }  // namespace
 
-DiscoveryScan::DiscoveryScan(MediaDB& db, CDriveServices& drives, WorkerProgress& progress,
-                             ScanReport& report)
+DiscoveryScan::DiscoveryScan(MediaDB& db, CDriveServices& drives, WorkerProgress& progress, ScanReport& report)
     : db_(db), drives_(drives), progress_(progress), report_(report) {}
 
 int DiscoveryScan::FindOrAddVolume(const std::string& root) {

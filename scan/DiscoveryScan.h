@@ -82,11 +82,11 @@ class DiscoveryScan {
   };
   // An audio file of the folder being visited, as a look at it found it.
   struct Sighting {
-    std::string path;  // to look at it by: its Linux path when known
-    int fileId = -1;   // -1: not recorded yet
+    std::string path;                          // to look at it by: its Linux path when known
+    int fileId = -1;                           // -1: not recorded yet
     std::optional<platform::FileFacts> facts;  // none: it went away meanwhile
-    bool stampChanged = false;  // a new stamp is to be kept
-    bool readAgain = false;     // changed since its tags were read
+    bool stampChanged = false;                 // a new stamp is to be kept
+    bool readAgain = false;                    // changed since its tags were read
   };
 
   // folder is the normalised drive path, listed the path to list it by.

@@ -26,8 +26,7 @@ bool ScanCommands::ScanVolume(int kind, const std::string& root,
     return false;
   }
   // A disc was checked by its prompt, and is checked again by the worker.
-  if (expected && kind != platform::kDriveCdRom && !HoldsExpected(folder.substr(0, 1), *expected))
-    return false;
+  if (expected && kind != platform::kDriveCdRom && !HoldsExpected(folder.substr(0, 1), *expected)) return false;
   const AudioFormats formats = Formats();
   // A disc's serial is read by the scan's worker, never on the window's
   // thread: a bad disc may take long to answer.
@@ -67,8 +66,7 @@ std::string ScanCommands::CanonicalFolder(const std::string& root) const {
   return NormalizeFolder(drives_.CanonicalPath(root));
 }
 
-bool ScanCommands::HoldsExpected(const std::string& drive,
-                                 const CVolumeScanner::ExpectedVolume& expected) {
+bool ScanCommands::HoldsExpected(const std::string& drive, const CVolumeScanner::ExpectedVolume& expected) {
   const std::string refusal = scanner_.VolumeRefusal(drive, expected);
   if (refusal.empty()) return true;
   drives_.Messages().Show(refusal, platform::Buttons::Ok, platform::Icon::Information);

@@ -33,8 +33,8 @@ class ScanCommands {
       "titles and ratings you gave them. Scan now?";
   static constexpr const char* kCancelled = "Scan cancelled.";
 
-  ScanCommands(CVolumeScanner& scanner, CDriveServices& drives, CAppSettings& settings,
-               platform::FolderPicker& picker, WorkerDialogHost& dialogs);
+  ScanCommands(CVolumeScanner& scanner, CDriveServices& drives, CAppSettings& settings, platform::FolderPicker& picker,
+               WorkerDialogHost& dialogs);
 
   // Called after every scan dialog has closed with what the scan found
   // (ScanReport::Found), or kCancelled; not for a root that was refused.

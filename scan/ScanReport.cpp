@@ -37,8 +37,10 @@ void ScanReport::Clear(AudioFormats formats) {
 // Only audio files count: any other file would not have been recorded anyway.
 // A folder might have held some, so every folder counts.
 void ScanReport::Count::Add(const platform::DirEntry& entry, AudioFormats formats) {
-  if (entry.IsFolder()) ++folders;
-  else if (entry.IsFile() && GetFileType(entry.name, formats) != kNotMedia) ++files;
+  if (entry.IsFolder())
+    ++folders;
+  else if (entry.IsFile() && GetFileType(entry.name, formats) != kNotMedia)
+    ++files;
 }
 
 void ScanReport::SkippedForName(const platform::DirEntry& entry) { forName_.Add(entry, formats_); }
@@ -51,13 +53,13 @@ std::string ScanReport::Notes() const {
     AddLine(notes, Counted(notRead, "folder could not be read; its entries were kept.",
                            "folders could not be read; their entries were kept."));
   AddLine(notes, SkippedLine(forName_.files, forName_.folders, "its name.", "their names."));
-  AddLine(notes, SkippedLine(forLength_.files, forLength_.folders, "the length of its path.",
-                             "the length of their paths."));
+  AddLine(notes,
+          SkippedLine(forLength_.files, forLength_.folders, "the length of its path.", "the length of their paths."));
   return notes;
 }
 
 std::string ScanReport::Found() const {
-  return "Found " + Counted(found_.folders, "folder", "folders") + ": " +
-         Counted(found_.added, "file", "files") + " added, " + Counted(found_.removed, "file", "files") +
-         " removed, " + Counted(found_.unreadable, "file", "files") + " could not be read.";
+  return "Found " + Counted(found_.folders, "folder", "folders") + ": " + Counted(found_.added, "file", "files") +
+         " added, " + Counted(found_.removed, "file", "files") + " removed, " +
+         Counted(found_.unreadable, "file", "files") + " could not be read.";
 }

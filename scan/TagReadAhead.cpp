@@ -2,22 +2,18 @@
 
 #include "tags/TagReader.h"
 
-TagReadAhead::TagReadAhead(TagReader& reader, std::vector<std::string> fullPaths,
-                           unsigned threads, std::size_t window)
-    : TagReadAhead(reader, std::make_shared<const std::vector<std::string>>(std::move(fullPaths)),
-                   threads, window) {}
+TagReadAhead::TagReadAhead(TagReader& reader, std::vector<std::string> fullPaths, unsigned threads, std::size_t window)
+    : TagReadAhead(reader, std::make_shared<const std::vector<std::string>>(std::move(fullPaths)), threads, window) {}
 
-TagReadAhead::TagReadAhead(TagReader& reader, std::shared_ptr<const std::vector<std::string>> paths,
-                           unsigned threads, std::size_t window)
-    : TagReadAhead(reader, paths->size(), [paths](std::size_t i) { return (*paths)[i]; }, threads,
-                   window) {}
-
-TagReadAhead::TagReadAhead(TagReader& reader, std::size_t count, PathOf pathOf, unsigned threads,
+TagReadAhead::TagReadAhead(TagReader& reader, std::shared_ptr<const std::vector<std::string>> paths, unsigned threads,
                            std::size_t window)
+    : TagReadAhead(
+          reader, paths->size(), [paths](std::size_t i) { return (*paths)[i]; }, threads, window) {}
+
+TagReadAhead::TagReadAhead(TagReader& reader, std::size_t count, PathOf pathOf, unsigned threads, std::size_t window)
     : reader_(reader), count_(count), pathOf_(std::move(pathOf)), slots_(window == 0 ? 1 : window) {
   if (count_ == 0) return;
-  for (unsigned i = 0; i < (threads == 0 ? 1 : threads); ++i)
-    threads_.emplace_back([this] { ReadFiles(); });
+  for (unsigned i = 0; i < (threads == 0 ? 1 : threads); ++i) threads_.emplace_back([this] { ReadFiles(); });
 }
 
 TagReadAhead::~TagReadAhead() {
@@ -38,9 +34,7 @@ void TagReadAhead::ReadFiles() {
       std::unique_lock lock(mutex_);
       // Wait for room: a result may run at most one window ahead of the worker.
       ++readersWaiting_;
-      roomFree_.wait(lock, [&] {
-        return stopping_ || nextToRead_ >= count_ || nextToRead_ < taken_ + slots_.size();
-      });
+      roomFree_.wait(lock, [&] { return stopping_ || nextToRead_ >= count_ || nextToRead_ < taken_ + slots_.size(); });
       --readersWaiting_;
       if (stopping_ || nextToRead_ >= count_) return;
       job = nextToRead_++;

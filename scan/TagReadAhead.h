@@ -25,13 +25,11 @@ class TagReader;
 
 class TagReadAhead {
  public:
-  TagReadAhead(TagReader& reader, std::vector<std::string> fullPaths, unsigned threads,
-               std::size_t window = 64);
+  TagReadAhead(TagReader& reader, std::vector<std::string> fullPaths, unsigned threads, std::size_t window = 64);
   // The full path of file i, made when a reader comes to it (on a reader
   // thread), so that a long list costs no memory of its own.
   using PathOf = std::function<std::string(std::size_t)>;
-  TagReadAhead(TagReader& reader, std::size_t count, PathOf pathOf, unsigned threads,
-               std::size_t window = 64);
+  TagReadAhead(TagReader& reader, std::size_t count, PathOf pathOf, unsigned threads, std::size_t window = 64);
   // Stops reading and waits for the reader threads, each of which finishes the
   // file it is reading.
   ~TagReadAhead();
@@ -55,8 +53,8 @@ class TagReadAhead {
   void Stop();
 
  private:
-  TagReadAhead(TagReader& reader, std::shared_ptr<const std::vector<std::string>> paths,
-               unsigned threads, std::size_t window);
+  TagReadAhead(TagReader& reader, std::shared_ptr<const std::vector<std::string>> paths, unsigned threads,
+               std::size_t window);
 
   struct Slot {
     std::size_t job = 0;  // job + 1 once filled; 0 while empty

@@ -43,8 +43,8 @@ bool ReadNothing(const CMediaFile& read) { return read.SampleRate == 0 && read.C
 
 }  // namespace
 
-TagScan::TagScan(MediaDB& db, TagReader& reader, platform::MessageBox& messages,
-                 WorkerProgress& progress, ScanReport& report, unsigned readerThreads)
+TagScan::TagScan(MediaDB& db, TagReader& reader, platform::MessageBox& messages, WorkerProgress& progress,
+                 ScanReport& report, unsigned readerThreads)
     : db_(db),
       reader_(reader),
       messages_(messages),
@@ -69,11 +69,9 @@ class ReaderPaths {
   }
 
   std::string Of(const std::string& folder, std::string_view name) const {
-    if (localRoot_.empty() || !folder.starts_with(rootFolder_))
-      return MakeFullPath(drive_, folder, std::string(name));
+    if (localRoot_.empty() || !folder.starts_with(rootFolder_)) return MakeFullPath(drive_, folder, std::string(name));
     std::string path = localRoot_;
-    for (std::size_t i = rootFolder_.size(); i < folder.size(); ++i)
-      path += folder[i] == '\\' ? '/' : folder[i];
+    for (std::size_t i = rootFolder_.size(); i < folder.size(); ++i) path += folder[i] == '\\' ? '/' : folder[i];
     path += name;
     return path;
   }

@@ -29,8 +29,8 @@ class TagScan {
   static constexpr const char* kReaderFailure = "**** GetTag() EXCEPTION ****";
 
   // readerThreads: how many threads read tags ahead of the worker.
-  TagScan(MediaDB& db, TagReader& reader, platform::MessageBox& messages,
-          WorkerProgress& progress, ScanReport& report, unsigned readerThreads);
+  TagScan(MediaDB& db, TagReader& reader, platform::MessageBox& messages, WorkerProgress& progress, ScanReport& report,
+          unsigned readerThreads);
 
   // localRoot: the root's Linux path, or "" when its drive has none.
   void Run(const std::string& root, const std::string& localRoot, int volId, VolumeIndex& index);

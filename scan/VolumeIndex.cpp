@@ -41,8 +41,8 @@ const PathRow* VolumeIndex::Path(int pathId) const {
 }
 
 const VolumeIndex::FileSlot* VolumeIndex::Slot(int fileId) const {
-  const auto found = std::lower_bound(files_.begin(), files_.end(), fileId,
-                                      [](const FileSlot& slot, int id) { return slot.id < id; });
+  const auto found =
+      std::lower_bound(files_.begin(), files_.end(), fileId, [](const FileSlot& slot, int id) { return slot.id < id; });
   return found == files_.end() || found->id != fileId || found->gone ? nullptr : &*found;
 }
 
@@ -89,8 +89,7 @@ void VolumeIndex::AddFile(const FileRow& row) {
   slot.id = row.FileID;
   slot.pathId = row.PathID;
   slot.nameAt = static_cast<std::uint32_t>(names_.size());
-  const std::string_view name =
-      std::string_view(row.FileName).substr(0, std::numeric_limits<std::uint16_t>::max());
+  const std::string_view name = std::string_view(row.FileName).substr(0, std::numeric_limits<std::uint16_t>::max());
   slot.nameLength = static_cast<std::uint16_t>(name.size());
   slot.scanState = static_cast<std::int8_t>(std::clamp(row.ScanState, -128, 127));
   slot.dirty = slot.storedDirty = row.DirtyBit != 0 ? 1 : 0;
@@ -98,8 +97,8 @@ void VolumeIndex::AddFile(const FileRow& row) {
   // Ids rise along the catalogue; one that does not goes in its place.
   auto at = files_.end();
   if (!files_.empty() && files_.back().id >= row.FileID)
-    at = std::upper_bound(files_.begin(), files_.end(), row.FileID,
-                          [](int id, const FileSlot& s) { return id < s.id; });
+    at =
+        std::upper_bound(files_.begin(), files_.end(), row.FileID, [](int id, const FileSlot& s) { return id < s.id; });
   const bool inOrder = at == files_.end();
   files_.insert(at, slot);
   folders_[row.PathID].files.push_back(row.FileID);
@@ -170,8 +169,7 @@ void VolumeIndex::RemoveFiles(const IdList& fileIds) {
   }
   for (int pathId : touchedFolders) {
     auto& ids = folders_[pathId].files;
-    ids.erase(std::remove_if(ids.begin(), ids.end(), [&](int id) { return gone.count(id) > 0; }),
-              ids.end());
+    ids.erase(std::remove_if(ids.begin(), ids.end(), [&](int id) { return gone.count(id) > 0; }), ids.end());
   }
   Rehash(byName_.size());
 }
@@ -185,7 +183,6 @@ void VolumeIndex::RemovePaths(const IdList& pathIds) {
     if (byPath != pathByFullPath_.end() && byPath->second == id) pathByFullPath_.erase(byPath);
     folders_.erase(folder);
   }
-  pathOrder_.erase(std::remove_if(pathOrder_.begin(), pathOrder_.end(),
-                                  [&](int id) { return gone.count(id) > 0; }),
+  pathOrder_.erase(std::remove_if(pathOrder_.begin(), pathOrder_.end(), [&](int id) { return gone.count(id) > 0; }),
                    pathOrder_.end());
 }

@@ -57,9 +57,7 @@ class VolumeIndex {
   // they were loaded, added or last taken, by the bit they now have.
   struct DirtyBitChanges {
     IdList pathsSet, pathsCleared, filesSet, filesCleared;
-    bool Empty() const {
-      return pathsSet.empty() && pathsCleared.empty() && filesSet.empty() && filesCleared.empty();
-    }
+    bool Empty() const { return pathsSet.empty() && pathsCleared.empty() && filesSet.empty() && filesCleared.empty(); }
   };
   DirtyBitChanges TakeDirtyBitChanges();
 

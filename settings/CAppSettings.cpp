@@ -5,8 +5,7 @@
 
 #include "catalogue/MediaDB.h"
 
-CAppSettings::CAppSettings(MediaDB& db, std::string folder)
-    : programFolder(std::move(folder)), db_(db) {}
+CAppSettings::CAppSettings(MediaDB& db, std::string folder) : programFolder(std::move(folder)), db_(db) {}
 
 std::string CAppSettings::GetConfigText(int configId) { return db_.GetConfig(configId); }
 
@@ -37,8 +36,7 @@ void CAppSettings::Load() {
   // (a catalogue on read-only storage gets none added).
   if (const std::string text = GetConfigText(kVolume); !text.empty())
     volume = std::clamp(std::atoi(text.c_str()), 0, kFullVolume);
-  if (const std::string text = GetConfigText(kPlayThrough); !text.empty())
-    playThrough = std::atoi(text.c_str()) != 0;
+  if (const std::string text = GetConfigText(kPlayThrough); !text.empty()) playThrough = std::atoi(text.c_str()) != 0;
   catalogueVersion = GetConfigText(kCatalogueVersion);
   stored_ = CurrentRows();
 }

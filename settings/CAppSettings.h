@@ -57,10 +57,10 @@ class CAppSettings {
   std::string playListColumns;
   std::int32_t mainMaximized = 0;  // 1: the main window comes back maximised
   std::string playListFolder;
-  bool allFormats = false;  // scans record every audio format, not only MP3, Ogg Vorbis and WMA
+  bool allFormats = false;            // scans record every audio format, not only MP3, Ogg Vorbis and WMA
   std::int32_t volume = kFullVolume;  // the player's level, 0 to 1000
   bool playThrough = true;            // the play list window plays on to its end
-  std::string lastAddedFolder;  // the folder last chosen by Add HD; this run only
+  std::string lastAddedFolder;        // the folder last chosen by Add HD; this run only
 
   // Whether the nine window values are still those a new catalogue starts
   // with: no window was ever placed.

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 #include <taglib/asffile.h>
 #include <taglib/audioproperties.h>
 #include <taglib/flacfile.h>
@@ -13,6 +12,7 @@
 #include <taglib/opusfile.h>
 #include <taglib/tfilestream.h>
 #include <taglib/vorbisfile.h>
+#include <unistd.h>
 
 #include "catalogue/MediaTypes.h"
 
@@ -21,14 +21,22 @@ namespace tags {
 FileKind KindFromName(std::string_view path) {
   if (path.size() <= 4 || path.find('.') == std::string_view::npos) return FileKind::Unknown;
   switch (MediaTypeOfName(path)) {
-    case kOgg: return FileKind::OggVorbis;
-    case kMp3: return FileKind::Mpeg;
-    case kFlac: return FileKind::Flac;
-    case kMusepack: return FileKind::Musepack;
-    case kWma: return FileKind::Asf;
-    case kOpus: return FileKind::Opus;
-    case kM4a: return FileKind::Mp4;
-    case kNotMedia: break;
+    case kOgg:
+      return FileKind::OggVorbis;
+    case kMp3:
+      return FileKind::Mpeg;
+    case kFlac:
+      return FileKind::Flac;
+    case kMusepack:
+      return FileKind::Musepack;
+    case kWma:
+      return FileKind::Asf;
+    case kOpus:
+      return FileKind::Opus;
+    case kM4a:
+      return FileKind::Mp4;
+    case kNotMedia:
+      break;
   }
   return FileKind::Unknown;
 }
@@ -45,14 +53,22 @@ std::unique_ptr<TagLib::File> OpenStreamAs(FileKind kind, TagLib::FileStream* st
   constexpr auto style = TagLib::AudioProperties::Average;
   const auto frames = TagLib::ID3v2::FrameFactory::instance();
   switch (kind) {
-    case FileKind::OggVorbis: return std::make_unique<TagLib::Ogg::Vorbis::File>(stream, readProperties, style);
-    case FileKind::Mpeg: return std::make_unique<TagLib::MPEG::File>(stream, frames, readProperties, style);
-    case FileKind::Flac: return std::make_unique<TagLib::FLAC::File>(stream, frames, readProperties, style);
-    case FileKind::Musepack: return std::make_unique<TagLib::MPC::File>(stream, readProperties, style);
-    case FileKind::Asf: return std::make_unique<TagLib::ASF::File>(stream, readProperties, style);
-    case FileKind::Opus: return std::make_unique<TagLib::Ogg::Opus::File>(stream, readProperties, style);
-    case FileKind::Mp4: return std::make_unique<TagLib::MP4::File>(stream, readProperties, style);
-    case FileKind::Unknown: break;
+    case FileKind::OggVorbis:
+      return std::make_unique<TagLib::Ogg::Vorbis::File>(stream, readProperties, style);
+    case FileKind::Mpeg:
+      return std::make_unique<TagLib::MPEG::File>(stream, frames, readProperties, style);
+    case FileKind::Flac:
+      return std::make_unique<TagLib::FLAC::File>(stream, frames, readProperties, style);
+    case FileKind::Musepack:
+      return std::make_unique<TagLib::MPC::File>(stream, readProperties, style);
+    case FileKind::Asf:
+      return std::make_unique<TagLib::ASF::File>(stream, readProperties, style);
+    case FileKind::Opus:
+      return std::make_unique<TagLib::Ogg::Opus::File>(stream, readProperties, style);
+    case FileKind::Mp4:
+      return std::make_unique<TagLib::MP4::File>(stream, readProperties, style);
+    case FileKind::Unknown:
+      break;
   }
   return nullptr;
 }

@@ -11,7 +11,7 @@
 namespace TagLib {
 class File;
 class FileStream;
-}
+}  // namespace TagLib
 
 namespace tags {
 

@@ -11,9 +11,7 @@
 
 namespace {
 
-bool IsTrailingWhiteSpace(char c) {
-  return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\v' || c == '\f';
-}
+bool IsTrailingWhiteSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\v' || c == '\f'; }
 
 std::string Utf8WithoutTrailingWhiteSpace(const TagLib::String& text) {
   // No character takes less than a byte, so the first kMaxTagTextBytes

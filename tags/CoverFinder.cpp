@@ -42,22 +42,19 @@ void AddId3v2Pictures(TagLib::ID3v2::Tag* tag, Candidates& found) {
   if (!tag) return;
   for (const TagLib::ID3v2::Frame* frame : tag->frameList("APIC"))
     if (const auto* picture = dynamic_cast<const TagLib::ID3v2::AttachedPictureFrame*>(frame))
-      found.push_back({picture->picture(),
-                       picture->type() == TagLib::ID3v2::AttachedPictureFrame::FrontCover});
+      found.push_back({picture->picture(), picture->type() == TagLib::ID3v2::AttachedPictureFrame::FrontCover});
 }
 
 void AddMp4Pictures(TagLib::MP4::Tag* tag, Candidates& found) {
   if (!tag || !tag->contains("covr")) return;
-  for (const TagLib::MP4::CoverArt& art : tag->item("covr").toCoverArtList())
-    found.push_back({art.data(), true});
+  for (const TagLib::MP4::CoverArt& art : tag->item("covr").toCoverArtList()) found.push_back({art.data(), true});
 }
 
 void AddAsfPictures(TagLib::ASF::Tag* tag, Candidates& found) {
   if (!tag || !tag->contains("WM/Picture")) return;
   for (const TagLib::ASF::Attribute& attribute : tag->attribute("WM/Picture")) {
     const TagLib::ASF::Picture picture = attribute.toPicture();
-    if (picture.isValid())
-      found.push_back({picture.picture(), picture.type() == TagLib::ASF::Picture::FrontCover});
+    if (picture.isValid()) found.push_back({picture.picture(), picture.type() == TagLib::ASF::Picture::FrontCover});
   }
 }
 
@@ -91,10 +88,17 @@ Candidates EmbeddedPictures(tags::FileKind kind, TagLib::File& file) {
     case FileKind::Opus:
       AddXiphPictures(static_cast<TagLib::Ogg::Opus::File&>(file).tag()->pictureList(), found);
       break;
-    case FileKind::Mp4: AddMp4Pictures(static_cast<TagLib::MP4::File&>(file).tag(), found); break;
-    case FileKind::Asf: AddAsfPictures(static_cast<TagLib::ASF::File&>(file).tag(), found); break;
-    case FileKind::Musepack: AddApePictures(static_cast<TagLib::MPC::File&>(file).APETag(), found); break;
-    case FileKind::Unknown: break;
+    case FileKind::Mp4:
+      AddMp4Pictures(static_cast<TagLib::MP4::File&>(file).tag(), found);
+      break;
+    case FileKind::Asf:
+      AddAsfPictures(static_cast<TagLib::ASF::File&>(file).tag(), found);
+      break;
+    case FileKind::Musepack:
+      AddApePictures(static_cast<TagLib::MPC::File&>(file).APETag(), found);
+      break;
+    case FileKind::Unknown:
+      break;
   }
   return found;
 }
@@ -119,16 +123,14 @@ std::optional<CoverPicture> Embedded(const std::string& localPath, bool& tooLarg
     if (!chosen || (candidate.front && !chosen->front)) chosen = &candidate;
   }
   if (!chosen) return std::nullopt;
-  return CoverPicture{CoverPicture::Source::Embedded, "",
-                      std::string(chosen->bytes.data(), chosen->bytes.size())};
+  return CoverPicture{CoverPicture::Source::Embedded, "", std::string(chosen->bytes.data(), chosen->bytes.size())};
 }
 
 // The folder's entries that bear one of the names, in the names' order.
 std::vector<std::filesystem::path> FolderCandidates(const std::filesystem::path& folder) {
   std::vector<std::vector<std::filesystem::path>> byName(CoverFinder::kFolderNames.size());
   std::error_code error;
-  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-       entry.increment(error)) {
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
     const std::string name = entry->path().filename().string();
     for (std::size_t i = 0; i < CoverFinder::kFolderNames.size(); ++i)
       if (EqualIgnoringAsciiCase(name, CoverFinder::kFolderNames[i])) byName[i].push_back(entry->path());
@@ -158,17 +160,19 @@ bool StartsWith(const std::string& bytes, std::string_view start, std::size_t at
 std::string CoverPicture::Describe() const {
   const std::string note = embeddedTooLarge ? " (embedded picture too large)" : "";
   switch (source) {
-    case Source::Embedded: return "embedded";
-    case Source::FolderFile: return fileName + note;
-    case Source::None: break;
+    case Source::Embedded:
+      return "embedded";
+    case Source::FolderFile:
+      return fileName + note;
+    case Source::None:
+      break;
   }
   return "none" + note;
 }
 
 bool CoverFinder::SmallEnough(const std::string& bytes) {
   const std::optional<PictureSize> size = ReadPictureSize(bytes);
-  return size && size->width > 0 && size->height > 0 && size->width <= kMaxDimension &&
-         size->height <= kMaxDimension;
+  return size && size->width > 0 && size->height > 0 && size->width <= kMaxDimension && size->height <= kMaxDimension;
 }
 
 CoverFinder::CoverFinder(const platform::FileSystem& fileSystem) : fileSystem_(fileSystem) {}

@@ -28,8 +28,8 @@ class FileSystem;
 struct CoverPicture {
   enum class Source { None, Embedded, FolderFile };
   Source source = Source::None;
-  std::string fileName;  // the folder file's name as stored; "" otherwise
-  std::string bytes;     // the picture as encoded (JPEG, PNG, ...)
+  std::string fileName;           // the folder file's name as stored; "" otherwise
+  std::string bytes;              // the picture as encoded (JPEG, PNG, ...)
   bool embeddedTooLarge = false;  // the tag held a picture that was passed over for its size
 
   bool Found() const { return source != Source::None; }
@@ -44,8 +44,7 @@ class CoverFinder {
   static constexpr std::size_t kMaxPictureBytes = 8 * 1024 * 1024;
   // Pixels on a side: more is not decoded for showing either.
   static constexpr long kMaxDimension = 4096;
-  static constexpr std::array<const char*, 4> kFolderNames{"folder.jpg", "cover.jpg", "front.jpg",
-                                                           "cover.png"};
+  static constexpr std::array<const char*, 4> kFolderNames{"folder.jpg", "cover.jpg", "front.jpg", "cover.png"};
 
   // The file system resolves drive paths; it must outlive the finder.
   explicit CoverFinder(const platform::FileSystem& fileSystem);

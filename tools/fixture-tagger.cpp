@@ -43,9 +43,7 @@ struct Fields {
   TagLib::String title, artist, album, comment, genre;
 };
 
-TagLib::String Utf8(const std::string& text) {
-  return TagLib::String(text, TagLib::String::UTF8);
-}
+TagLib::String Utf8(const std::string& text) { return TagLib::String(text, TagLib::String::UTF8); }
 
 void Fill(TagLib::Tag& tag, const Fields& fields) {
   tag.setTitle(fields.title);
@@ -72,8 +70,7 @@ bool WriteMpeg(const char* path, const std::string& kind, const Fields& fields) 
   } else {
     return false;
   }
-  return file.save(which, TagLib::File::StripOthers, TagLib::ID3v2::v4,
-                   TagLib::File::DoNotDuplicate);
+  return file.save(which, TagLib::File::StripOthers, TagLib::ID3v2::v4, TagLib::File::DoNotDuplicate);
 }
 
 void RemoveAllFields(TagLib::Ogg::XiphComment& tag) {
@@ -138,13 +135,20 @@ int Write(const std::vector<std::string>& args) {
   Fields fields{Utf8(args[3]), Utf8(args[4]), Utf8(args[5]), Utf8(args[6]),
                 args.size() == 8 ? Utf8(args[7]) : TagLib::String()};
   bool saved = false;
-  if (kind == "id3v1" || kind == "id3v2" || kind == "ape") saved = WriteMpeg(path, kind, fields);
-  else if (kind == "vorbis") saved = WriteVorbis(path, fields);
-  else if (kind == "flac") saved = WriteFlac(path, fields);
-  else if (kind == "mpc") saved = WriteMpc(path, fields);
-  else if (kind == "asf") saved = WriteAsf(path, fields);
-  else if (kind == "opus") saved = WriteOpus(path, fields);
-  else if (kind == "mp4") saved = WriteMp4(path, fields);
+  if (kind == "id3v1" || kind == "id3v2" || kind == "ape")
+    saved = WriteMpeg(path, kind, fields);
+  else if (kind == "vorbis")
+    saved = WriteVorbis(path, fields);
+  else if (kind == "flac")
+    saved = WriteFlac(path, fields);
+  else if (kind == "mpc")
+    saved = WriteMpc(path, fields);
+  else if (kind == "asf")
+    saved = WriteAsf(path, fields);
+  else if (kind == "opus")
+    saved = WriteOpus(path, fields);
+  else if (kind == "mp4")
+    saved = WriteMp4(path, fields);
   if (!saved) std::cerr << "fixture-tagger: could not tag " << path << " as " << kind << "\n";
   return saved ? 0 : 1;
 }
@@ -232,8 +236,8 @@ int Report(const std::vector<std::string>& args) {
     std::cout << "invalid\n";
     return 0;
   }
-  std::cout << audio->length() << '\t' << audio->bitrate() << '\t' << audio->sampleRate()
-            << '\t' << audio->channels() << '\n';
+  std::cout << audio->length() << '\t' << audio->bitrate() << '\t' << audio->sampleRate() << '\t' << audio->channels()
+            << '\n';
   return 0;
 }
 

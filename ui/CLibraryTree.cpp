@@ -118,8 +118,7 @@ void CLibraryTree::RestorePlace(const Place& place) {
   SelectFirstFound(place, byValue);
 }
 
-void CLibraryTree::SelectFirstFound(const Place& place,
-                                    const std::unordered_map<std::int32_t, TreeItem>& byValue) {
+void CLibraryTree::SelectFirstFound(const Place& place, const std::unordered_map<std::int32_t, TreeItem>& byValue) {
   for (std::int32_t value : place.selectedLine) {
     const auto found = byValue.find(value);
     if (found == byValue.end()) continue;
@@ -131,8 +130,7 @@ void CLibraryTree::SelectFirstFound(const Place& place,
   }
 }
 
-platform::TreeItem CLibraryTree::Insert(TreeItem parent, const std::string& label, NodeKind kind,
-                                        int id) {
+platform::TreeItem CLibraryTree::Insert(TreeItem parent, const std::string& label, NodeKind kind, int id) {
   const std::int32_t value = ItemValue(kind, id);
   const TreeItem item = Control().InsertItem(parent, label, value);
   nodes_[item] = Node{parent, value};
@@ -163,8 +161,7 @@ int CLibraryTree::AddVolumesOfType(int volType, const FolderIndex& folders) {
   return added;
 }
 
-void CLibraryTree::AddFolders(TreeItem parent, std::span<const PathNodeRow* const> folders,
-                              const FolderIndex& index) {
+void CLibraryTree::AddFolders(TreeItem parent, std::span<const PathNodeRow* const> folders, const FolderIndex& index) {
   for (const PathNodeRow* folder : folders) {
     const TreeItem node = Insert(parent, folder->Name, NodeKind::Folder, folder->PathID);
     AddFolders(node, index.ChildrenOf(folder->PathID), index);
@@ -209,30 +206,48 @@ void CLibraryTree::OnContextMenu(TreeItem hit) {
   SelectNode(hit);
   std::span<const platform::MenuEntry> entries;
   switch (Decode(hit).kind) {
-    case NodeKind::Volume: entries = kVolumeMenu; break;
-    case NodeKind::Folder: entries = kFolderMenu; break;
-    case NodeKind::PlayList: entries = kPlayListMenu; break;
-    default: return;
+    case NodeKind::Volume:
+      entries = kVolumeMenu;
+      break;
+    case NodeKind::Folder:
+      entries = kFolderMenu;
+      break;
+    case NodeKind::PlayList:
+      entries = kPlayListMenu;
+      break;
+    default:
+      return;
   }
   RunCommand(controls_->menu.Track(entries));
 }
 
 void CLibraryTree::RunCommand(int command) {
   switch (command) {
-    case kVolumeInfo: EditVolumeInfo(); break;
-    case kRemove: RemoveNode(context_); break;
-    case kRescan: Rescan(); break;
-    default: break;
+    case kVolumeInfo:
+      EditVolumeInfo();
+      break;
+    case kRemove:
+      RemoveNode(context_);
+      break;
+    case kRescan:
+      Rescan();
+      break;
+    default:
+      break;
   }
 }
 
 bool CLibraryTree::RemoveNode(TreeItem node) {
   const DecodedNode decoded = Decode(node);
   switch (decoded.kind) {
-    case NodeKind::Volume: return commands_.RemoveVolume(decoded.id);
-    case NodeKind::Folder: return commands_.RemoveFolder(decoded.id);
-    case NodeKind::PlayList: return commands_.RemovePlayList(decoded.id);
-    default: return false;
+    case NodeKind::Volume:
+      return commands_.RemoveVolume(decoded.id);
+    case NodeKind::Folder:
+      return commands_.RemoveFolder(decoded.id);
+    case NodeKind::PlayList:
+      return commands_.RemovePlayList(decoded.id);
+    default:
+      return false;
   }
 }
 

@@ -49,8 +49,8 @@ class CLibraryTree {
   static constexpr const char* kPlayLists = "Play Lists";
   static constexpr const char* kDiskVolumeLabel = "[%s:] %s";
 
-  static constexpr std::array<platform::MenuEntry, 3> kVolumeMenu{{
-      {kVolumeInfo, "Vol Info / Edit"}, {kRemove, "remove"}, {kRescan, "rescan"}}};
+  static constexpr std::array<platform::MenuEntry, 3> kVolumeMenu{
+      {{kVolumeInfo, "Vol Info / Edit"}, {kRemove, "remove"}, {kRescan, "rescan"}}};
   static constexpr std::array<platform::MenuEntry, 2> kFolderMenu{{{kRemove, "remove"}, {kRescan, "rescan"}}};
   static constexpr std::array<platform::MenuEntry, 1> kPlayListMenu{{{kRemove, "remove"}}};
 
@@ -126,8 +126,7 @@ class CLibraryTree {
   void BuildRoots();
   // Returns the number of volumes added.
   int AddVolumesOfType(int volType, const FolderIndex& folders);
-  void AddFolders(TreeItem parent, std::span<const PathNodeRow* const> folders,
-                  const FolderIndex& index);
+  void AddFolders(TreeItem parent, std::span<const PathNodeRow* const> folders, const FolderIndex& index);
   void AddPlayLists();
   TreeItem Insert(TreeItem parent, const std::string& label, NodeKind kind, int id);
   void OnCatalogueChanged(const CatalogueChanges& changes);

@@ -22,7 +22,7 @@ constexpr int kPaneBottomMargin = 10;
 constexpr int kPaneMargin = 5;
 constexpr int kStatusGap = 2;
 constexpr int kScrollBarRoom = 24;  // a list's frame and vertical scroll bar
-constexpr int kWindowGap = 10;  // between the main window and the play list window at first start
+constexpr int kWindowGap = 10;      // between the main window and the play list window at first start
 
 }  // namespace
 
@@ -36,8 +36,8 @@ CMainDlg::CMainDlg(const MainWindowParts& parts, MainWindowView& view)
     PollNow();
   });
   openingListener_ = parts_.playback.OnOpening([this] { view_.ShowNowPlaying(DescribeStatus(status_)); });
-  changesListener_ = parts_.catalogue.Events().Subscribe(
-      [this](const CatalogueChanges& changes) { OnCatalogueChanged(changes); });
+  changesListener_ =
+      parts_.catalogue.Events().Subscribe([this](const CatalogueChanges& changes) { OnCatalogueChanged(changes); });
 }
 
 // An edit of the playing file shows in the strip at once.
@@ -63,8 +63,7 @@ void CMainDlg::OnInitDialog() {
   parts_.list.Bind(parts_.listControls);
   parts_.list.CreateColumns();
   panesBound_ = true;
-  scanReportedListener_ =
-      parts_.scans.OnScanReported([this](const std::string& found) { view_.SetStatusLine(found); });
+  scanReportedListener_ = parts_.scans.OnScanReported([this](const std::string& found) { view_.SetStatusLine(found); });
 
   if (parts_.settings.GeometryIsDefault()) FitWindowsToScreen();
   playListWindow_.OnInitDialog();
@@ -111,8 +110,7 @@ void CMainDlg::FitWindowsToScreen() {
 void CMainDlg::RestoreWindows() {
   const CAppSettings& settings = parts_.settings;
   ShowPlayList(kShow);
-  view_.MovePlayList(settings.playListLeft, settings.playListTop, settings.playListWidth,
-                     settings.playListHeight);
+  view_.MovePlayList(settings.playListLeft, settings.playListTop, settings.playListWidth, settings.playListHeight);
   dragging_ = false;
   splitter_ = settings.splitter;
   band_ = {splitter_, 0, 1, 1};  // holds no point until the first layout
@@ -122,16 +120,35 @@ void CMainDlg::RestoreWindows() {
 
 void CMainDlg::OnCommand(int command) {
   switch (command) {
-    case kAddCd: parts_.scans.AddCd(); break;
-    case kAddHd: parts_.scans.AddHd(); break;
-    case kTogglePlayList: TogglePlayList(); break;
-    case kOptions: RunOptions(); break;
-    case kAbout: view_.ShowAbout(); break;
-    case kGo: Search(); break;
-    case kPlay: PlaySelected(); break;
-    case kStop: StopPlayback(); break;
-    case kSkipForward: parts_.playback.SkipForward(); break;
-    default: break;
+    case kAddCd:
+      parts_.scans.AddCd();
+      break;
+    case kAddHd:
+      parts_.scans.AddHd();
+      break;
+    case kTogglePlayList:
+      TogglePlayList();
+      break;
+    case kOptions:
+      RunOptions();
+      break;
+    case kAbout:
+      view_.ShowAbout();
+      break;
+    case kGo:
+      Search();
+      break;
+    case kPlay:
+      PlaySelected();
+      break;
+    case kStop:
+      StopPlayback();
+      break;
+    case kSkipForward:
+      parts_.playback.SkipForward();
+      break;
+    default:
+      break;
   }
 }
 
@@ -150,8 +167,7 @@ void CMainDlg::Layout(int clientWidth, int clientHeight) {
   if (panesBound_) {
     view_.MoveTree(kPaneMargin, kPaneTop, s - kPaneMargin, paneHeight);
     view_.MoveList(s + kPaneMargin, kPaneTop, clientWidth - (s + kPaneMargin) - kPaneMargin, paneHeight);
-    view_.MoveStatusLine(kPaneMargin, kPaneTop + paneHeight + kStatusGap, clientWidth - 2 * kPaneMargin,
-                         statusHeight);
+    view_.MoveStatusLine(kPaneMargin, kPaneTop + paneHeight + kStatusGap, clientWidth - 2 * kPaneMargin, statusHeight);
   }
   band_ = {s, kPaneTop, s + kBandWidth, clientHeight - kPaneBottomMargin - statusRoom};
 }
@@ -174,7 +190,9 @@ bool CMainDlg::PreTranslateMessage(const WindowMessage& message) {
         view_.ReleaseMouse();
       }
       return false;
-    case MessageKind::KeyUp: OnKeyUp(message); return false;
+    case MessageKind::KeyUp:
+      OnKeyUp(message);
+      return false;
     case MessageKind::KeyDown: {
       OnKeyDown(message);
       // Space is the play key everywhere but in the Find field, where it types.
@@ -182,7 +200,8 @@ bool CMainDlg::PreTranslateMessage(const WindowMessage& message) {
       return message.key == KeyCode::Enter || message.key == KeyCode::Escape || space ||
              (message.key == KeyCode::F && controlHeld_);
     }
-    default: return false;
+    default:
+      return false;
   }
 }
 
@@ -219,11 +238,14 @@ void CMainDlg::OnKeyDown(const WindowMessage& message) {
     case KeyCode::Escape:
       if (inFindField) view_.SetFindText("");
       break;
-    case KeyCode::Control: controlHeld_ = true; break;
+    case KeyCode::Control:
+      controlHeld_ = true;
+      break;
     case KeyCode::A:
       if (controlHeld_ && message.target == MessageTarget::List) parts_.list.SelectAll();
       break;
-    default: break;
+    default:
+      break;
   }
 }
 
@@ -351,9 +373,15 @@ NowPlayingStrip CMainDlg::DescribeStatus(const PlayerStatus& status) {
 // selected file.
 void CMainDlg::OnPauseResume() {
   switch (status_.mode) {
-    case CMciPlayer::Mode::Playing: parts_.playback.Pause(); break;
-    case CMciPlayer::Mode::Paused: parts_.playback.Resume(); break;
-    default: PlaySelected(); return;
+    case CMciPlayer::Mode::Playing:
+      parts_.playback.Pause();
+      break;
+    case CMciPlayer::Mode::Paused:
+      parts_.playback.Resume();
+      break;
+    default:
+      PlaySelected();
+      return;
   }
   PollNow();
 }

@@ -33,13 +33,18 @@ std::string VolumeText(const MediaListRow& row) {
 }
 
 std::vector<std::string> RowTexts(const MediaListRow& row) {
-  return {UserOrTag(row.Title, row.id3Title), UserOrTag(row.Artist, row.id3Artist), row.FileName,
-          RatingText(row.Rating), LengthText(row.Length), VolumeText(row)};
+  return {UserOrTag(row.Title, row.id3Title),
+          UserOrTag(row.Artist, row.id3Artist),
+          row.FileName,
+          RatingText(row.Rating),
+          LengthText(row.Length),
+          VolumeText(row)};
 }
 
 MediaListRow ListRowOf(const CMediaFile& file, const CMediaVolume* volume) {
-  MediaListRow row{file.FileID, file.Title,  file.id3Title, file.Artist, file.id3Artist,
-                   file.FileName, file.Rating, file.Length, 0, "", ""};
+  MediaListRow row{
+      file.FileID, file.Title, file.id3Title, file.Artist, file.id3Artist, file.FileName, file.Rating, file.Length, 0,
+      "",          ""};
   if (volume) {
     row.VolType = volume->VolType;
     row.DisplayName = volume->DisplayName;
@@ -123,8 +128,7 @@ void CMediaList::CreateColumns() {
   for (std::size_t column = 0; column < kColumns.size(); ++column) {
     const std::string heading = kColumns[column].heading;
     int width = std::max(kColumns[column].width, list.TextWidth(heading) + kColumnPadding);
-    if (column == kRating)
-      width = std::max(width, list.TextWidth(std::string(kRatingWidth, '*')) + kColumnPadding);
+    if (column == kRating) width = std::max(width, list.TextWidth(std::string(kRatingWidth, '*')) + kColumnPadding);
     list.InsertColumn(static_cast<int>(column), heading, width);
   }
 }
@@ -163,9 +167,7 @@ void CMediaList::ApplySort() {
   list.ReorderRows(order);
 }
 
-void CMediaList::AppendRow(const MediaListRow& row) {
-  controls_->list.AppendRow(RowTexts(row), row.FileID);
-}
+void CMediaList::AppendRow(const MediaListRow& row) { controls_->list.AppendRow(RowTexts(row), row.FileID); }
 
 void CMediaList::AddRow(const CMediaFile& file) {
   const auto volume = db_.GetVolume(file.VolID);
@@ -229,9 +231,13 @@ bool CMediaList::EditFileInfo() {
 
 bool CMediaList::OnContextMenu() {
   switch (controls_->menu.Track(kMenu)) {
-    case kAddToPlayList: AddSelectedToPlayList(); return false;
-    case kFileInfo: return EditFileInfo();
-    default: return false;
+    case kAddToPlayList:
+      AddSelectedToPlayList();
+      return false;
+    case kFileInfo:
+      return EditFileInfo();
+    default:
+      return false;
   }
 }
 

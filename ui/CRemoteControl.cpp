@@ -19,8 +19,7 @@ constexpr std::int64_t kUsPerMs = 1000;
 }  // namespace
 
 CRemoteControl::CRemoteControl(CMainDlg& window, CPlayListModel& playList, CPlayThrough& playThrough,
-                               CPlaybackControl& playback, MediaDB& db,
-                               const platform::FileSystem& files)
+                               CPlaybackControl& playback, MediaDB& db, const platform::FileSystem& files)
     : window_(window),
       playList_(playList),
       playThrough_(playThrough),
@@ -42,9 +41,12 @@ const PlayerStatus& CRemoteControl::Status() const { return window_.LastStatus()
 
 std::string CRemoteControl::PlaybackStatus() const {
   switch (Status().mode) {
-    case CMciPlayer::Mode::Playing: return "Playing";
-    case CMciPlayer::Mode::Paused: return "Paused";
-    default: return "Stopped";
+    case CMciPlayer::Mode::Playing:
+      return "Playing";
+    case CMciPlayer::Mode::Paused:
+      return "Paused";
+    default:
+      return "Stopped";
   }
 }
 
@@ -85,9 +87,7 @@ bool CRemoteControl::CanGoNext() const { return RowAfter(1); }
 
 bool CRemoteControl::CanGoPrevious() const { return RowAfter(-1); }
 
-double CRemoteControl::Volume() const {
-  return static_cast<double>(window_.Volume()) / CAppSettings::kFullVolume;
-}
+double CRemoteControl::Volume() const { return static_cast<double>(window_.Volume()) / CAppSettings::kFullVolume; }
 
 // A level that is no number, or lies outside 0 to 1, is ignored: a remote's
 // slip must neither mute the player nor reach the settings.

@@ -39,8 +39,8 @@ struct RemoteTrack {
 
 class CRemoteControl {
  public:
-  CRemoteControl(CMainDlg& window, CPlayListModel& playList, CPlayThrough& playThrough,
-                 CPlaybackControl& playback, MediaDB& db, const platform::FileSystem& files);
+  CRemoteControl(CMainDlg& window, CPlayListModel& playList, CPlayThrough& playThrough, CPlaybackControl& playback,
+                 MediaDB& db, const platform::FileSystem& files);
   ~CRemoteControl();
   CRemoteControl(const CRemoteControl&) = delete;
   CRemoteControl& operator=(const CRemoteControl&) = delete;

@@ -13,13 +13,12 @@
 #include "volumes/CDriveServices.h"
 #include "volumes/Paths.h"
 
-LibraryCommands::LibraryCommands(MediaDB& db, const CAppSettings& settings,
-                                 const CDriveServices& drives)
+LibraryCommands::LibraryCommands(MediaDB& db, const CAppSettings& settings, const CDriveServices& drives)
     : db_(db), settings_(settings), drives_(drives) {}
 
 bool LibraryCommands::Confirm(const char* question) const {
-  return drives_.Messages().Show(question, platform::Buttons::OkCancel,
-                                 platform::Icon::Information) == platform::Answer::Ok;
+  return drives_.Messages().Show(question, platform::Buttons::OkCancel, platform::Icon::Information) ==
+         platform::Answer::Ok;
 }
 
 template <class Remove>
@@ -83,8 +82,7 @@ bool LibraryCommands::RescanFolder(int pathId, ScanCommands& scans) {
                                   FillMessage(kInsertNamedCd, {volume->DisplayName})) == -1)
     return true;
   const std::string& drive = cd ? settings_.cdDrive : volume->DrvLtr;
-  return scans.ScanVolume(volume->VolType, MakeFullPath(drive, db_.GetPathFullPath(pathId), ""),
-                          Expected(*volume));
+  return scans.ScanVolume(volume->VolType, MakeFullPath(drive, db_.GetPathFullPath(pathId), ""), Expected(*volume));
 }
 
 bool LibraryCommands::EditVolume(int volId, VolumeInfoView& view) {

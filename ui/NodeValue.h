@@ -23,11 +23,16 @@ constexpr std::int32_t kPlayListBase = 80000000;
 
 constexpr std::int32_t ItemValue(NodeKind kind, int id) {
   switch (kind) {
-    case NodeKind::Volume: return kVolumeBase + id;
-    case NodeKind::Group: return kGroupBase + id;
-    case NodeKind::Root: return kRootBase + id;
-    case NodeKind::PlayList: return kPlayListBase + id;
-    default: return id;
+    case NodeKind::Volume:
+      return kVolumeBase + id;
+    case NodeKind::Group:
+      return kGroupBase + id;
+    case NodeKind::Root:
+      return kRootBase + id;
+    case NodeKind::PlayList:
+      return kPlayListBase + id;
+    default:
+      return id;
   }
 }
 

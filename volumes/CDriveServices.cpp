@@ -41,17 +41,14 @@ std::unique_ptr<CMediaVolume> CDriveServices::ReadVolumeInfo(const std::string& 
   return volume;
 }
 
-bool CDriveServices::IsDriveReady(const std::string& drive) const {
-  return drives_.IsReady(Letter(drive));
-}
+bool CDriveServices::IsDriveReady(const std::string& drive) const { return drives_.IsReady(Letter(drive)); }
 
 int CDriveServices::WaitForVolume(const std::string& drive, const std::string& serialNo,
                                   const std::string& prompt) const {
   for (;;) {
     const auto volume = IsDriveReady(drive) ? ReadVolumeInfo(drive) : nullptr;
     if (volume && volume->SerialNo == serialNo) return 0;
-    if (messages_.Show(prompt, platform::Buttons::OkCancel, platform::Icon::Information) ==
-        platform::Answer::Cancel)
+    if (messages_.Show(prompt, platform::Buttons::OkCancel, platform::Icon::Information) == platform::Answer::Cancel)
       return -1;
   }
 }

@@ -18,8 +18,7 @@ class MessageBox;
 
 class CDriveServices {
  public:
-  CDriveServices(platform::DriveTable& drives, platform::FileSystem& files,
-                 platform::MessageBox& messages);
+  CDriveServices(platform::DriveTable& drives, platform::FileSystem& files, platform::MessageBox& messages);
 
   // Drive texts (letters) of the wanted drive type, or of every drive for -1,
   // in letter order.
@@ -34,8 +33,7 @@ class CDriveServices {
 
   // Returns 0 once the drive holds the volume with that serial number; until
   // then shows the prompt with OK and Cancel, and returns -1 on Cancel.
-  int WaitForVolume(const std::string& drive, const std::string& serialNo,
-                    const std::string& prompt) const;
+  int WaitForVolume(const std::string& drive, const std::string& serialNo, const std::string& prompt) const;
 
   // The names of the regular files (links followed) in a normalised folder,
   // in the order the file system yields them.

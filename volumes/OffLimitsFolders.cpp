@@ -15,8 +15,7 @@ OffLimitsFolders::OffLimitsFolders(const CDriveServices& drives) : files_(&drive
     if (machineRoot && identity->device != machineRoot->device) devices_.push_back(identity->device);
   }
   const std::string table = drives.TableFolder();
-  if (const auto identity = table.empty() ? std::nullopt : files_->Identity(table))
-    folders_.push_back(*identity);
+  if (const auto identity = table.empty() ? std::nullopt : files_->Identity(table)) folders_.push_back(*identity);
 }
 
 void OffLimitsFolders::KeepWalkOutOfSystemMounts(std::uint64_t rootDevice) {

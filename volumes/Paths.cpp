@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cctype>
 
-
 namespace {
 
 bool HasDrive(const std::string& path) { return path.size() >= 2 && path[1] == ':'; }
@@ -18,8 +17,7 @@ std::string NormalizeFolder(const std::string& path) {
   return folder;
 }
 
-std::string MakeFullPath(const std::string& drive, const std::string& folder,
-                         const std::string& fileName) {
+std::string MakeFullPath(const std::string& drive, const std::string& folder, const std::string& fileName) {
   if (drive.empty()) return NormalizeFolder(folder) + fileName;
   return std::string(1, drive.front()) + ":" + NormalizeFolder(folder) + fileName;
 }

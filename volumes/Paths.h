@@ -24,8 +24,7 @@ std::string NormalizeFolder(const std::string& path);
 
 // The drive's letter and ":" (when drive is not empty), the normalised folder
 // and the file name.
-std::string MakeFullPath(const std::string& drive, const std::string& folder,
-                         const std::string& fileName);
+std::string MakeFullPath(const std::string& drive, const std::string& folder, const std::string& fileName);
 
 // The text after the last "\"; empty when the path ends with "\".
 std::string GetFileNamePart(const std::string& path);

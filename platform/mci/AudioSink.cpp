@@ -5,8 +5,7 @@ namespace {
 
 bool IsFakeSink(GstElement* element) {
   GstElementFactory* factory = gst_element_get_factory(element);
-  return factory == nullptr ||
-         g_strcmp0(gst_plugin_feature_get_name(GST_PLUGIN_FEATURE(factory)), "fakesink") == 0;
+  return factory == nullptr || g_strcmp0(gst_plugin_feature_get_name(GST_PLUGIN_FEATURE(factory)), "fakesink") == 0;
 }
 
 // The automatic sink is a bin holding the sink it picked.

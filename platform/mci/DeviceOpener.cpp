@@ -4,8 +4,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <algorithm>
+#include <cerrno>
 #include <condition_variable>
 #include <system_error>
 #include <thread>
@@ -63,8 +63,8 @@ DeviceOpener::DeviceOpener(std::chrono::milliseconds limit) : limit_(limit) {}
 
 DeviceOpener::~DeviceOpener() = default;
 
-std::unique_ptr<PlaybinDevice> DeviceOpener::Open(const std::string& file, AudioOutput output,
-                                                  std::uint64_t number, std::uint32_t& error) {
+std::unique_ptr<PlaybinDevice> DeviceOpener::Open(const std::string& file, AudioOutput output, std::uint64_t number,
+                                                  std::uint32_t& error) {
   auto pending = std::make_shared<PendingOpen>();
   {
     std::lock_guard lock(mutex_);
@@ -113,8 +113,7 @@ std::unique_ptr<PlaybinDevice> DeviceOpener::Open(const std::string& file, Audio
   } else {
     error = pending->error;
   }
-  std::unique_ptr<PlaybinDevice> device =
-      error == kMciNoError ? std::move(pending->device) : nullptr;
+  std::unique_ptr<PlaybinDevice> device = error == kMciNoError ? std::move(pending->device) : nullptr;
   lock.unlock();
   std::lock_guard forget(mutex_);
   if (waiting_ == pending) waiting_.reset();

@@ -32,8 +32,8 @@ class DeviceOpener {
   // 275 missing, kMciNotRegularFile, 296, 262 (see PlaybinDevice::Open),
   // kMciOpenTimedOut after the limit, kMciOpenAbandoned when given up.
   // number 0 is never given up.
-  std::unique_ptr<PlaybinDevice> Open(const std::string& file, AudioOutput output,
-                                      std::uint64_t number, std::uint32_t& error);
+  std::unique_ptr<PlaybinDevice> Open(const std::string& file, AudioOutput output, std::uint64_t number,
+                                      std::uint32_t& error);
   // Gives up every open numbered up to number, now waiting or to come.
   void AbandonThrough(std::uint64_t number);
 

@@ -2,9 +2,9 @@
 
 #include <gst/gst.h>
 
-#include <utility>
 #include <stdexcept>
 #include <string_view>
+#include <utility>
 
 #include "platform/mci/DeviceOpener.h"
 #include "platform/mci/DeviceTable.h"
@@ -59,8 +59,7 @@ std::uint32_t RunOnDevice(const MciCommand& command, PlaybinDevice& device, std:
 
 }  // namespace
 
-GstMediaControl::GstMediaControl(AudioOutput output, PathMapper toLocalPath,
-                                 std::chrono::milliseconds openLimit)
+GstMediaControl::GstMediaControl(AudioOutput output, PathMapper toLocalPath, std::chrono::milliseconds openLimit)
     : output_(output),
       toLocalPath_(std::move(toLocalPath)),
       devices_(std::make_unique<DeviceTable>()),
@@ -68,8 +67,7 @@ GstMediaControl::GstMediaControl(AudioOutput output, PathMapper toLocalPath,
   StartGStreamer();
 }
 
-GstMediaControl::GstMediaControl(AudioOutput output, const FileSystem& files,
-                                 std::chrono::milliseconds openLimit)
+GstMediaControl::GstMediaControl(AudioOutput output, const FileSystem& files, std::chrono::milliseconds openLimit)
     : GstMediaControl(
           output, [&files](const std::string& path) { return files.LocalPath(path); }, openLimit) {}
 
@@ -77,8 +75,7 @@ GstMediaControl::~GstMediaControl() = default;
 
 std::uint32_t GstMediaControl::mciSendString(const char* command, char* reply, unsigned size) {
   std::string answer;
-  const std::uint32_t result =
-      command != nullptr ? Run(command, answer) : kMciUnrecognizedCommand;
+  const std::uint32_t result = command != nullptr ? Run(command, answer) : kMciUnrecognizedCommand;
   CopyTruncated(answer, reply, size);
   return result;
 }

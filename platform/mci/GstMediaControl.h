@@ -44,11 +44,9 @@ class GstMediaControl final : public MediaControl {
 
   // Starts GStreamer if it is not running yet; throws std::runtime_error when
   // it cannot be started.
-  GstMediaControl(AudioOutput output, PathMapper toLocalPath,
-                  std::chrono::milliseconds openLimit = kOpenLimit);
+  GstMediaControl(AudioOutput output, PathMapper toLocalPath, std::chrono::milliseconds openLimit = kOpenLimit);
   // Maps paths with files.LocalPath; files must outlive this object.
-  GstMediaControl(AudioOutput output, const FileSystem& files,
-                  std::chrono::milliseconds openLimit = kOpenLimit);
+  GstMediaControl(AudioOutput output, const FileSystem& files, std::chrono::milliseconds openLimit = kOpenLimit);
   // Closes every open device.
   ~GstMediaControl() override;
 

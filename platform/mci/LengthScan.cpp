@@ -41,8 +41,8 @@ std::optional<std::uint64_t> ScanLengthMs(const std::string& file) {
   if (!pipeline) return std::nullopt;
   GstOwned<GstBus> bus(gst_element_get_bus(pipeline.get()));
   gst_element_set_state(pipeline.get(), GST_STATE_PLAYING);
-  GstMessagePtr outcome(gst_bus_timed_pop_filtered(
-      bus.get(), kScanWait, static_cast<GstMessageType>(GST_MESSAGE_EOS | GST_MESSAGE_ERROR)));
+  GstMessagePtr outcome(gst_bus_timed_pop_filtered(bus.get(), kScanWait,
+                                                   static_cast<GstMessageType>(GST_MESSAGE_EOS | GST_MESSAGE_ERROR)));
   // Once the parser has seen the whole file, it knows the length exactly.
   gint64 ns = 0;
   const bool known = outcome && GST_MESSAGE_TYPE(outcome.get()) == GST_MESSAGE_EOS &&

@@ -78,8 +78,8 @@ std::optional<MciCommand> ParseOpen(std::string_view text) {
   }
   if (tailStart == 0) return std::nullopt;
   auto tail = SplitTokens(text.substr(tailStart));
-  if (!tail || tail->size() != 4 || !SameWord((*tail)[0], "type") ||
-      !SameWord((*tail)[1], "mpegvideo") || !SameWord((*tail)[2], "alias"))
+  if (!tail || tail->size() != 4 || !SameWord((*tail)[0], "type") || !SameWord((*tail)[1], "mpegvideo") ||
+      !SameWord((*tail)[2], "alias"))
     return std::nullopt;
   std::string_view head = TrimBlanks(text.substr(0, tailStart));
   if (head.size() < 4 || !SameWord(head.substr(0, 4), "open")) return std::nullopt;
@@ -157,8 +157,7 @@ std::optional<MciCommand> ParseClose(const Tokens& t) {
 
 std::optional<MciCommand> ParseMciCommand(std::string_view text) {
   const std::string_view start = TrimBlanks(text);
-  if (start.size() >= 5 && SameWord(start.substr(0, 4), "open") && IsBlank(start[4]))
-    return ParseOpen(start);
+  if (start.size() >= 5 && SameWord(start.substr(0, 4), "open") && IsBlank(start[4])) return ParseOpen(start);
   auto tokens = SplitTokens(text);
   if (!tokens || tokens->empty()) return std::nullopt;
   const Tokens& t = *tokens;

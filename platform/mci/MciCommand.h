@@ -34,11 +34,11 @@ enum class MciVerb {
 
 struct MciCommand {
   MciVerb verb = MciVerb::Close;
-  std::string alias;          // as written; empty for CloseAll
-  std::string path;           // Open only, without its quotes
-  std::uint64_t fromMs = 0;   // PlayFrom and SeekTo; saturates at the largest value
-  std::uint64_t volume = 0;   // SetVolume only: 0 to 1000 asked, larger numbers kept
-  bool toEnd = false;         // SeekTo only: "to end", wherever that lies
+  std::string alias;         // as written; empty for CloseAll
+  std::string path;          // Open only, without its quotes
+  std::uint64_t fromMs = 0;  // PlayFrom and SeekTo; saturates at the largest value
+  std::uint64_t volume = 0;  // SetVolume only: 0 to 1000 asked, larger numbers kept
+  bool toEnd = false;        // SeekTo only: "to end", wherever that lies
 };
 
 // The command a string holds, or nothing when it is not one of the forms above.

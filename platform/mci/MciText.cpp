@@ -38,10 +38,8 @@ std::optional<std::string_view> MciErrorText(std::uint32_t code) {
 
 std::string OpenTimedOutText(std::chrono::milliseconds limit) {
   const long long ms = limit.count();
-  if (ms % 1000 == 0)
-    return "did not open within " + std::to_string(ms / 1000) + (ms == 1000 ? " second" : " seconds");
-  return "did not open within " + std::to_string(ms / 1000) + "." + std::to_string(ms % 1000 / 100) +
-         " seconds";
+  if (ms % 1000 == 0) return "did not open within " + std::to_string(ms / 1000) + (ms == 1000 ? " second" : " seconds");
+  return "did not open within " + std::to_string(ms / 1000) + "." + std::to_string(ms % 1000 / 100) + " seconds";
 }
 
 }  // namespace platform::mci

@@ -16,9 +16,7 @@ constexpr GstClockTime kDurationPoll = 20 * GST_MSECOND;
 constexpr int kDurationPolls = 5;
 constexpr std::uint64_t kFullVolume = 1000;
 
-std::uint64_t NanosecondsToMs(gint64 ns) {
-  return ns <= 0 ? 0 : static_cast<std::uint64_t>(ns) / GST_MSECOND;
-}
+std::uint64_t NanosecondsToMs(gint64 ns) { return ns <= 0 ? 0 : static_cast<std::uint64_t>(ns) / GST_MSECOND; }
 
 GstMessagePtr PopMessage(GstBus* bus, GstClockTime wait, int types) {
   return GstMessagePtr(gst_bus_timed_pop_filtered(bus, wait, static_cast<GstMessageType>(types)));
@@ -47,8 +45,7 @@ std::uint32_t ErrorNumberFor(GstMessage* error, GstElement* sink) {
   const bool notFound = g_error_matches(details, GST_RESOURCE_ERROR, GST_RESOURCE_ERROR_NOT_FOUND);
   g_clear_error(&details);
   GstObject* source = GST_MESSAGE_SRC(error);
-  if (source != nullptr &&
-      (source == GST_OBJECT(sink) || gst_object_has_as_ancestor(source, GST_OBJECT(sink))))
+  if (source != nullptr && (source == GST_OBJECT(sink) || gst_object_has_as_ancestor(source, GST_OBJECT(sink))))
     return kMciNoAudioOutput;
   return notFound ? kMciFileNotFound : kMciCannotDecode;
 }
@@ -58,10 +55,9 @@ std::uint32_t Preroll(GstElement* playbin, GstBus* bus, GstElement* sink) {
   GstStateChangeReturn change = gst_element_set_state(playbin, GST_STATE_PAUSED);
   if (change == GST_STATE_CHANGE_SUCCESS) return kMciNoError;
   const bool failed = change == GST_STATE_CHANGE_FAILURE;
-  GstMessagePtr outcome = PopMessage(bus, failed ? kFailureMessageWait : kPrerollWait,
-                                     GST_MESSAGE_ERROR | GST_MESSAGE_ASYNC_DONE);
-  if (outcome && GST_MESSAGE_TYPE(outcome.get()) == GST_MESSAGE_ERROR)
-    return ErrorNumberFor(outcome.get(), sink);
+  GstMessagePtr outcome =
+      PopMessage(bus, failed ? kFailureMessageWait : kPrerollWait, GST_MESSAGE_ERROR | GST_MESSAGE_ASYNC_DONE);
+  if (outcome && GST_MESSAGE_TYPE(outcome.get()) == GST_MESSAGE_ERROR) return ErrorNumberFor(outcome.get(), sink);
   if (failed || !outcome) return kMciCannotDecode;
   return kMciNoError;
 }
@@ -86,8 +82,7 @@ std::uint64_t QueryLengthMs(GstElement* playbin, GstBus* bus, const std::string&
 
 }  // namespace
 
-std::unique_ptr<PlaybinDevice> PlaybinDevice::Open(const std::string& file, AudioOutput output,
-                                                   std::uint32_t& error) {
+std::unique_ptr<PlaybinDevice> PlaybinDevice::Open(const std::string& file, AudioOutput output, std::uint32_t& error) {
   GstOwned<GstElement> sink = AdoptFloating(MakeAudioSink(output));
   if (!sink) {
     error = kMciNoAudioOutput;
@@ -107,14 +102,11 @@ std::unique_ptr<PlaybinDevice> PlaybinDevice::Open(const std::string& file, Audi
     return nullptr;
   }
   const std::uint64_t length = QueryLengthMs(playbin.get(), bus.get(), file);
-  return std::unique_ptr<PlaybinDevice>(
-      new PlaybinDevice(std::move(playbin), length));
+  return std::unique_ptr<PlaybinDevice>(new PlaybinDevice(std::move(playbin), length));
 }
 
 PlaybinDevice::PlaybinDevice(GstOwned<GstElement> playbin, std::uint64_t lengthMs)
-    : playbin_(std::move(playbin)),
-      bus_(gst_element_get_bus(playbin_.get())),
-      lengthMs_(lengthMs) {}
+    : playbin_(std::move(playbin)), bus_(gst_element_get_bus(playbin_.get())), lengthMs_(lengthMs) {}
 
 PlaybinDevice::~PlaybinDevice() { gst_element_set_state(playbin_.get(), GST_STATE_NULL); }
 
@@ -122,8 +114,7 @@ std::uint64_t PlaybinDevice::PositionMs() {
   DrainBus();
   if (phase_ == Phase::Ended) return lengthMs_;
   if (phase_ == Phase::Playing) {
-    if (auto position = QueryPositionMs())
-      heldMs_ = lengthMs_ > 0 ? std::min(*position, lengthMs_) : *position;
+    if (auto position = QueryPositionMs()) heldMs_ = lengthMs_ > 0 ? std::min(*position, lengthMs_) : *position;
   }
   return heldMs_;
 }
@@ -190,9 +181,12 @@ std::uint32_t PlaybinDevice::SetVolume(std::uint64_t level) {
 const char* PlaybinDevice::Mode() {
   DrainBus();
   switch (phase_) {
-    case Phase::Playing: return "playing";
-    case Phase::Paused: return "paused";
-    default: return "stopped";
+    case Phase::Playing:
+      return "playing";
+    case Phase::Paused:
+      return "paused";
+    default:
+      return "stopped";
   }
 }
 
@@ -200,8 +194,7 @@ const char* PlaybinDevice::Mode() {
 // over for the listener just as one that ended, so it counts as ended too.
 void PlaybinDevice::DrainBus() {
   while (GstMessagePtr message{
-             gst_bus_pop_filtered(bus_.get(), static_cast<GstMessageType>(GST_MESSAGE_EOS |
-                                                                          GST_MESSAGE_ERROR))}) {
+      gst_bus_pop_filtered(bus_.get(), static_cast<GstMessageType>(GST_MESSAGE_EOS | GST_MESSAGE_ERROR))}) {
     if (phase_ == Phase::Playing) phase_ = Phase::Ended;
   }
 }
@@ -216,18 +209,15 @@ void PlaybinDevice::PauseAndSettle() {
 // A flushing, sample-accurate seek; waits until audio from there is ready.
 bool PlaybinDevice::SeekTo(std::uint64_t ms) {
   const auto flags = static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE);
-  if (!gst_element_seek_simple(playbin_.get(), GST_FORMAT_TIME, flags,
-                               static_cast<gint64>(ms * GST_MSECOND)))
+  if (!gst_element_seek_simple(playbin_.get(), GST_FORMAT_TIME, flags, static_cast<gint64>(ms * GST_MSECOND)))
     return false;
-  GstMessagePtr outcome =
-      PopMessage(bus_.get(), kSettleWait, GST_MESSAGE_ASYNC_DONE | GST_MESSAGE_ERROR);
+  GstMessagePtr outcome = PopMessage(bus_.get(), kSettleWait, GST_MESSAGE_ASYNC_DONE | GST_MESSAGE_ERROR);
   return outcome && GST_MESSAGE_TYPE(outcome.get()) == GST_MESSAGE_ASYNC_DONE;
 }
 
 std::optional<std::uint64_t> PlaybinDevice::QueryPositionMs() const {
   gint64 ns = 0;
-  if (!gst_element_query_position(playbin_.get(), GST_FORMAT_TIME, &ns) || ns < 0)
-    return std::nullopt;
+  if (!gst_element_query_position(playbin_.get(), GST_FORMAT_TIME, &ns) || ns < 0) return std::nullopt;
   return NanosecondsToMs(ns);
 }
 

@@ -22,8 +22,7 @@ class PlaybinDevice {
   // Opens an existing file and prerolls it. On failure returns null and sets
   // error: 296 when it cannot be decoded, 262 when the output has no device,
   // 275 when the file went away meanwhile.
-  static std::unique_ptr<PlaybinDevice> Open(const std::string& file, AudioOutput output,
-                                             std::uint32_t& error);
+  static std::unique_ptr<PlaybinDevice> Open(const std::string& file, AudioOutput output, std::uint32_t& error);
   // Stops playback and releases the pipeline.
   ~PlaybinDevice();
 

@@ -32,9 +32,9 @@ QLabel* CentredLabel(const QString& html, QWidget* parent) {
 
 QString QtAboutBox::FindDocument(const QString& name) {
   const QString program = QCoreApplication::applicationDirPath();
-  for (const QString& folder : {program, program + QStringLiteral("/.."),
-                                program + QStringLiteral("/../share/doc/vantrelle"),
-                                QStringLiteral(VANTRELLE_SOURCE_DIR)}) {
+  for (const QString& folder :
+       {program, program + QStringLiteral("/.."), program + QStringLiteral("/../share/doc/vantrelle"),
+        QStringLiteral(VANTRELLE_SOURCE_DIR)}) {
     const QFileInfo file(QDir(folder), name);
     if (file.isFile()) return file.canonicalFilePath();
   }
@@ -53,14 +53,13 @@ QtAboutBox::QtAboutBox(QWidget* parent) : QDialog(parent) {
     picture->setAlignment(Qt::AlignCenter);
     column->addWidget(picture);
   }
-  column->addWidget(CentredLabel(
-      QStringLiteral("<b style=\"font-size:large\">%1</b><br>%2")
-          .arg(QString::fromLatin1(kProduct), QString::fromLatin1(kVersion)),
-      this));
-  QLabel* links = CentredLabel(DocumentLink(QStringLiteral("README.md"), QStringLiteral("README")) +
-                                   QStringLiteral(" &middot; ") +
-                                   DocumentLink(QStringLiteral("LICENSE"), QStringLiteral("Licence")),
-                               this);
+  column->addWidget(CentredLabel(QStringLiteral("<b style=\"font-size:large\">%1</b><br>%2")
+                                     .arg(QString::fromLatin1(kProduct), QString::fromLatin1(kVersion)),
+                                 this));
+  QLabel* links =
+      CentredLabel(DocumentLink(QStringLiteral("README.md"), QStringLiteral("README")) + QStringLiteral(" &middot; ") +
+                       DocumentLink(QStringLiteral("LICENSE"), QStringLiteral("Licence")),
+                   this);
   links->setTextInteractionFlags(Qt::TextBrowserInteraction);
   links->setOpenExternalLinks(true);
   column->addWidget(links);

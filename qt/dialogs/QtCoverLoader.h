@@ -24,7 +24,6 @@
 #include "qt/dialogs/QueuedCalls.h"
 #include "tags/CoverFinder.h"
 
-
 namespace platform {
 class FileSystem;
 }

@@ -14,13 +14,9 @@ int AverageCharWidth(const QFontMetrics& metrics) {
 
 }  // namespace
 
-int DialogUnitsX(const QWidget& widget, int width) {
-  return (width * AverageCharWidth(widget.fontMetrics()) + 2) / 4;
-}
+int DialogUnitsX(const QWidget& widget, int width) { return (width * AverageCharWidth(widget.fontMetrics()) + 2) / 4; }
 
-int DialogUnitsY(const QWidget& widget, int height) {
-  return (height * widget.fontMetrics().height() + 4) / 8;
-}
+int DialogUnitsY(const QWidget& widget, int height) { return (height * widget.fontMetrics().height() + 4) / 8; }
 
 QSize DialogUnits(const QWidget& widget, int width, int height) {
   return {DialogUnitsX(widget, width), DialogUnitsY(widget, height)};

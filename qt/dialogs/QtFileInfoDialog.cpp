@@ -36,8 +36,11 @@ QtFileInfoDialog::QtFileInfoDialog(QWidget* parent, QtCoverLoader* covers)
   fields->setHorizontalSpacing(DialogUnitsX(*this, 4));
   fields->setVerticalSpacing(DialogUnitsY(*this, 4));
   int row = 0;
-  for (auto [label, edit] : {std::pair{"File:", file_}, {"Title:", title_}, {"Artist:", artist_},
-                             {"Album:", album_}, {"Comment:", comment_}}) {
+  for (auto [label, edit] : {std::pair{"File:", file_},
+                             {"Title:", title_},
+                             {"Artist:", artist_},
+                             {"Album:", album_},
+                             {"Comment:", comment_}}) {
     fields->addWidget(new QLabel(QString::fromLatin1(label), this), row, 0);
     edit->setObjectName(QString::fromLatin1(label));
     fields->addWidget(edit, row++, 1, 1, 2);
@@ -72,8 +75,7 @@ QLayout* QtFileInfoDialog::MakeMpegInfo() {
   auto* grid = new QGridLayout(group);
   grid->setHorizontalSpacing(DialogUnitsX(*this, 8));
   // The template's own texts, replaced whenever a form is shown.
-  const std::array<const char*, 4> texts{"Length: 4m 30s", "Bit Rate:  128", "Sample Rate: 44 KHz",
-                                         "Channels: 2"};
+  const std::array<const char*, 4> texts{"Length: 4m 30s", "Bit Rate:  128", "Sample Rate: 44 KHz", "Channels: 2"};
   const std::array<std::pair<int, int>, 4> cells{{{0, 0}, {0, 1}, {1, 1}, {1, 0}}};
   for (std::size_t i = 0; i < texts.size(); ++i) {
     mpegInfo_[i] = new QLabel(QString::fromLatin1(texts[i]), group);
@@ -90,13 +92,12 @@ void QtFileInfoDialog::Load(const FileInfoForm& form) {
   shown_ = form;
   file_->setText(ToQString(form.fileName));
   file_->setCursorPosition(0);
-  for (auto [edit, text] : {std::pair{title_, &form.title}, {artist_, &form.artist},
-                            {album_, &form.album}, {comment_, &form.comment}}) {
+  for (auto [edit, text] :
+       {std::pair{title_, &form.title}, {artist_, &form.artist}, {album_, &form.album}, {comment_, &form.comment}}) {
     edit->setText(ToQString(*text));
     edit->setCursorPosition(0);
   }
-  const std::array<const std::string*, 4> info{&form.length, &form.bitRate, &form.sampleRate,
-                                               &form.channels};
+  const std::array<const std::string*, 4> info{&form.length, &form.bitRate, &form.sampleRate, &form.channels};
   for (std::size_t i = 0; i < info.size(); ++i) mpegInfo_[i]->setText(ToQString(*info[i]));
   info_->setTitle(ToQString(form.infoTitle));
   rating_->SetRating(form.checkedRating);

@@ -27,8 +27,7 @@ QtFolderPicker::QtFolderPicker(QWidget* parent) : parent_(parent) {}
 
 void QtFolderPicker::SetParent(QWidget* parent) { parent_ = parent; }
 
-int QtFolderPicker::Browse(const std::string& title, const std::string& initialFolder,
-                           std::string& chosenFolder) {
+int QtFolderPicker::Browse(const std::string& title, const std::string& initialFolder, std::string& chosenFolder) {
   // Qt's own dialog, showing folders only: a desktop's native dialog lists
   // the files too and opens them to choose their icons.
   KindIconProvider icons;

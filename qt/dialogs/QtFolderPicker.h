@@ -12,8 +12,7 @@ class QtFolderPicker : public platform::FolderPicker {
 
   void SetParent(QWidget* parent);
 
-  int Browse(const std::string& title, const std::string& initialFolder,
-             std::string& chosenFolder) override;
+  int Browse(const std::string& title, const std::string& initialFolder, std::string& chosenFolder) override;
 
  private:
   QPointer<QWidget> parent_;

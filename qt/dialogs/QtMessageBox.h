@@ -22,16 +22,13 @@ class QtMessageBox : public platform::MessageBox {
   // The window the boxes belong to; may go away before this object.
   void SetParent(QWidget* parent);
 
-  platform::Answer Show(const std::string& text, platform::Buttons buttons,
-                        platform::Icon icon) override;
+  platform::Answer Show(const std::string& text, platform::Buttons buttons, platform::Icon icon) override;
 
   // Gives a box the text, buttons, icon and caption used here.
-  static void Prepare(QMessageBox& box, const std::string& text, platform::Buttons buttons,
-                      platform::Icon icon);
+  static void Prepare(QMessageBox& box, const std::string& text, platform::Buttons buttons, platform::Icon icon);
 
  private:
-  platform::Answer ShowHere(const std::string& text, platform::Buttons buttons,
-                            platform::Icon icon);
+  platform::Answer ShowHere(const std::string& text, platform::Buttons buttons, platform::Icon icon);
 
   QPointer<QWidget> parent_;
   QueuedCalls onItsThread_;  // the user-interface thread's, where this is made

@@ -68,8 +68,7 @@ void QtOptionsDialog::Load(const OptionsForm& form) {
   shown_ = form;
   cachePath_->setText(ToQString(form.cachePath));
   drives_->clear();
-  for (std::size_t i = 0; i < form.drives.size(); ++i)
-    drives_->addItem(ToQString(form.drives[i]), static_cast<int>(i));
+  for (std::size_t i = 0; i < form.drives.size(); ++i) drives_->addItem(ToQString(form.drives[i]), static_cast<int>(i));
   drives_->model()->sort(0);
   drives_->setCurrentIndex(drives_->findData(form.selectedDrive));
   allFormats_->setChecked(form.allFormats);
@@ -92,8 +91,7 @@ void QtOptionsDialog::Browse(OptionsForm& form, const std::function<void()>& bro
 
 int QtOptionsDialog::RunModal(OptionsForm& form, const std::function<void()>& browse) {
   Load(form);
-  const QMetaObject::Connection picking =
-      connect(browse_, &QPushButton::clicked, this, [&] { Browse(form, browse); });
+  const QMetaObject::Connection picking = connect(browse_, &QPushButton::clicked, this, [&] { Browse(form, browse); });
   cachePath_->setFocus();
   const int result = exec() == QDialog::Accepted ? kDialogOk : kDialogCancel;
   disconnect(picking);

@@ -6,8 +6,7 @@
 #include <QStyle>
 
 QtRatingButtons::QtRatingButtons(QWidget* parent)
-    : QWidget(parent), numbers_(new QLabel(QString::fromLatin1(kNumbers), this)),
-      group_(new QButtonGroup(this)) {
+    : QWidget(parent), numbers_(new QLabel(QString::fromLatin1(kNumbers), this)), group_(new QButtonGroup(this)) {
   for (int i = 0; i < kButtons; ++i) {
     auto* button = new QRadioButton(this);
     button->setAccessibleName(QString::number(i + 1));
@@ -27,8 +26,7 @@ void QtRatingButtons::PlaceButtons() {
   qsizetype digit = -1;
   for (int i = 0; i < kButtons; ++i) {
     digit = text.indexOf(QChar(u'1' + i), digit + 1);
-    const int centre = metrics.horizontalAdvance(text.left(digit)) +
-                       metrics.horizontalAdvance(text.at(digit)) / 2;
+    const int centre = metrics.horizontalAdvance(text.left(digit)) + metrics.horizontalAdvance(text.at(digit)) / 2;
     lefts[static_cast<std::size_t>(i)] = centre - indicator / 2;
   }
   // An indicator wider than the space before "1" would stick out on the left.

@@ -29,8 +29,8 @@ QtVolumeInfoDialog::QtVolumeInfoDialog(QWidget* parent)
   fields->setHorizontalSpacing(DialogUnitsX(*this, 4));
   fields->setVerticalSpacing(DialogUnitsY(*this, 6));
   int row = 0;
-  for (auto [label, edit] : {std::pair{"Display Name:", displayName_}, {"Volume Name:", volumeName_},
-                             {"Description:", description_}}) {
+  for (auto [label, edit] :
+       {std::pair{"Display Name:", displayName_}, {"Volume Name:", volumeName_}, {"Description:", description_}}) {
     fields->addWidget(new QLabel(QString::fromLatin1(label), this), row, 0);
     edit->setObjectName(QString::fromLatin1(label));
     fields->addWidget(edit, row++, 1);
@@ -48,7 +48,8 @@ QtVolumeInfoDialog::QtVolumeInfoDialog(QWidget* parent)
 void QtVolumeInfoDialog::Load(const VolumeInfoForm& form) {
   shown_ = form;
   for (auto [edit, text] : {std::pair{displayName_, &form.displayName},
-                            {volumeName_, &form.volumeName}, {description_, &form.description}}) {
+                            {volumeName_, &form.volumeName},
+                            {description_, &form.description}}) {
     edit->setText(ToQString(*text));
     edit->setCursorPosition(0);
   }

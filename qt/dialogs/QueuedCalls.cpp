@@ -54,9 +54,7 @@ class CallEvent : public QEvent {
 
 class TaskRunnable : public QRunnable {
  public:
-  TaskRunnable(std::function<void()> task, QThreadPool& pool) : task_(std::move(task)), pool_(pool) {
-    HandOver(this);
-  }
+  TaskRunnable(std::function<void()> task, QThreadPool& pool) : task_(std::move(task)), pool_(pool) { HandOver(this); }
   void run() override {
     TakeOver(this);
     task_();

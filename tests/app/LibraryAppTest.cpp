@@ -26,8 +26,7 @@ class LibraryAppTest : public ::testing::Test, protected testing_support::Progra
   }
 
   std::unique_ptr<CLibraryApp> NewApp() {
-    return std::make_unique<CLibraryApp>(folder.Path() + "/",
-                                         PlatformServices{table, files, messages, media});
+    return std::make_unique<CLibraryApp>(folder.Path() + "/", PlatformServices{table, files, messages, media});
   }
 
   std::vector<std::string> StatementsOf(CLibraryApp& app, const std::function<void()>& action) {
@@ -47,10 +46,9 @@ TEST_F(LibraryAppTest, FirstStartWritesTheDefaultsAndMakesTheCacheFolder) {
   auto app = NewApp();
   ASSERT_EQ(app->Start(), CLibraryApp::StartResult::Ready);
   const std::vector<std::pair<int, std::string>> expected = {
-      {1, "2.1"},   {405, "E"},   {410, "C:\\QORCache"}, {505, "40"}, {510, "100"},
-      {515, "400"}, {520, "500"}, {525, "100"},          {530, "550"}, {535, "100"},
-      {540, "400"}, {545, "210"}, {550, ""},           {555, ""},   {560, "0"},
-      {605, ""},    {700, "1000"}, {705, "1"}, {710, "0"}};
+      {1, "2.1"},   {405, "E"},   {410, "C:\\QORCache"}, {505, "40"},  {510, "100"}, {515, "400"}, {520, "500"},
+      {525, "100"}, {530, "550"}, {535, "100"},          {540, "400"}, {545, "210"}, {550, ""},    {555, ""},
+      {560, "0"},   {605, ""},    {700, "1000"},         {705, "1"},   {710, "0"}};
   // The settings, and the marks of the highest ids given (901 to 904).
   EXPECT_EQ(testing_support::QueryNumber(app->Db(), "SELECT count(*) FROM Configs;"), 23);
   for (const auto& [id, value] : expected) EXPECT_EQ(Config(*app, id), value) << id;
@@ -105,9 +103,7 @@ TEST_F(LibraryAppTest, TheCatalogueInUseNamesItsHolderOnlyWhenItIsAVantrelleProg
     ASSERT_EQ(read(ready[0], &byte, 1), 1);
     auto app = NewApp();
     EXPECT_EQ(app->Start(), CLibraryApp::StartResult::InUse);
-    const std::string named = std::string(name) == "vantrelle"
-                                  ? " (process " + std::to_string(holder) + ")"
-                                  : "";
+    const std::string named = std::string(name) == "vantrelle" ? " (process " + std::to_string(holder) + ")" : "";
     EXPECT_EQ(app->InUseMessage(), "The catalogue is in use by another Vantrelle program" + named + ".");
     kill(holder, SIGKILL);
     waitpid(holder, nullptr, 0);
@@ -188,7 +184,8 @@ TEST_F(LibraryAppTest, AnEmptyOrHalfMadeCatalogueIsMadeWhole) {
   auto app = NewApp();
   ASSERT_EQ(app->Start(), CLibraryApp::StartResult::Ready);
   EXPECT_EQ(Config(*app, 410), "C:\\QORCache");
-  EXPECT_EQ(testing_support::QueryNumber(app->Db(), 
+  EXPECT_EQ(testing_support::QueryNumber(
+                app->Db(),
                 "SELECT count(*) FROM sqlite_master WHERE type='table' AND name NOT LIKE 'vantrelle!_%' ESCAPE '!';"),
             5);
 }

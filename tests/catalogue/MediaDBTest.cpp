@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
-
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -41,17 +40,17 @@ TEST_F(CatalogueTest, NewCatalogueHoldsExactlyTheFiveTablesAndItsOwnAdditions) {
   const auto own = std::stable_partition(objects.begin(), objects.end(), [](const std::string& o) {
     return o.starts_with("table ") && !o.starts_with("table vantrelle_");
   });
-  EXPECT_EQ(std::vector<std::string>(own, objects.end()),
-            (std::vector<std::string>{
-                "table vantrelle_file_stamps: CREATE TABLE vantrelle_file_stamps(FileID INTEGER PRIMARY KEY, "
-                "ModifiedNs INTEGER, Size INTEGER)",
-                "index vantrelle_files_by_path: CREATE INDEX vantrelle_files_by_path ON MediaFiles(PathID)",
-                "index vantrelle_paths_by_parent: CREATE INDEX vantrelle_paths_by_parent ON MediaPaths(ParentID)",
-                "index vantrelle_paths_by_volume: CREATE INDEX vantrelle_paths_by_volume ON MediaPaths(VolID,ParentID)"}));
+  EXPECT_EQ(
+      std::vector<std::string>(own, objects.end()),
+      (std::vector<std::string>{
+          "table vantrelle_file_stamps: CREATE TABLE vantrelle_file_stamps(FileID INTEGER PRIMARY KEY, "
+          "ModifiedNs INTEGER, Size INTEGER)",
+          "index vantrelle_files_by_path: CREATE INDEX vantrelle_files_by_path ON MediaFiles(PathID)",
+          "index vantrelle_paths_by_parent: CREATE INDEX vantrelle_paths_by_parent ON MediaPaths(ParentID)",
+          "index vantrelle_paths_by_volume: CREATE INDEX vantrelle_paths_by_volume ON MediaPaths(VolID,ParentID)"}));
   objects.erase(own, objects.end());
   ASSERT_EQ(objects.size(), 5u);
-  EXPECT_EQ(objects[0],
-            "table Configs: CREATE TABLE Configs(ConfigID INTEGER, Value TEXT)");
+  EXPECT_EQ(objects[0], "table Configs: CREATE TABLE Configs(ConfigID INTEGER, Value TEXT)");
   EXPECT_EQ(objects[1],
             "table MediaFiles: CREATE TABLE MediaFiles (  FileID INTEGER PRIMARY KEY,VolID "
             "INTEGER, PathID INTEGER,ScanState INTEGER,  FileName TEXT, Type INTEGER, Size "
@@ -82,9 +81,9 @@ TEST_F(CatalogueTest, ACatalogueWithoutIndexesGainsThemAndRemovesSubtreesInTwoSt
   reopened.ObserveStatements([&](const char* sql) { statements.emplace_back(sql); });
   reopened.DeletePathTree(music);
   reopened.ObserveStatements({});
-  EXPECT_EQ(std::count_if(statements.begin(), statements.end(),
-                          [](const std::string& s) { return s.starts_with("DELETE"); }),
-            2);
+  EXPECT_EQ(
+      std::count_if(statements.begin(), statements.end(), [](const std::string& s) { return s.starts_with("DELETE"); }),
+      2);
   EXPECT_EQ(testing_support::QueryNumber(reopened, "SELECT count(*) FROM MediaFiles;"), 0);
   EXPECT_EQ(testing_support::QueryNumber(reopened, "SELECT count(*) FROM MediaPaths;"), 0);
   // The removed rows held the highest ids: none is handed out again.
@@ -128,7 +127,8 @@ TEST_F(CatalogueTest, MissingRowsAndNullColumns) {
   EXPECT_EQ(file->Title, "");
   // What the system never writes stays NULL.
   db.UpdateFileTagsAndProperties(*file, 0);
-  EXPECT_EQ(testing_support::QueryNumber(db, "SELECT count(*) FROM MediaFiles WHERE Size IS NULL AND id3Genre IS NULL;"), 1);
+  EXPECT_EQ(
+      testing_support::QueryNumber(db, "SELECT count(*) FROM MediaFiles WHERE Size IS NULL AND id3Genre IS NULL;"), 1);
 }
 
 TEST_F(CatalogueTest, SearchSeesEveryChangeWhoeverMadeIt) {
@@ -305,8 +305,8 @@ TEST_F(CatalogueDeathTest, AFailureIsToldBeforeTheProcessEnds) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   const auto tell = [](const std::string& text) { std::fprintf(stderr, "told: %s\n", text.c_str()); };
   testing_support::RunSql(db, "DROP TABLE PlayLists;");
-  EXPECT_EXIT((NoticeCatalogueFailuresWith(tell), db.DeletePlayList(1)),
-              ::testing::ExitedWithCode(1), "told: vantrelle: catalogue statement failed: .*no such table");
+  EXPECT_EXIT((NoticeCatalogueFailuresWith(tell), db.DeletePlayList(1)), ::testing::ExitedWithCode(1),
+              "told: vantrelle: catalogue statement failed: .*no such table");
 }
 
 // Where the write-ahead index cannot be shared, a catalogue left in

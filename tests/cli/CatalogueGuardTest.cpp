@@ -3,9 +3,8 @@
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/mount.h>
-#include <unistd.h>
-
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
@@ -28,8 +27,7 @@ class CatalogueGuardTest : public ConsoleFixture {
     if (terminal_ < 0 || grantpt(terminal_) != 0 || unlockpt(terminal_) != 0) return -1;
     const std::string secondary = ptsname(terminal_);
     const std::string command = "cd '" + (from.empty() ? program : from) + "' && HOME='" + home +
-                                "' exec ./vantrelle-cli " +
-                                arguments + " >'" + folder.Path() + "/out' 2>/dev/null";
+                                "' exec ./vantrelle-cli " + arguments + " >'" + folder.Path() + "/out' 2>/dev/null";
     const pid_t child = fork();
     if (child == 0) {
       setsid();
@@ -42,11 +40,12 @@ class CatalogueGuardTest : public ConsoleFixture {
   }
 
   bool WaitForOutput(const std::string& text) {
-    return testing_support::Eventually(
-        [&] { return ReadAll(folder.Path() + "/out").find(text) != std::string::npos; });
+    return testing_support::Eventually([&] { return ReadAll(folder.Path() + "/out").find(text) != std::string::npos; });
   }
 
-  void Answer(const std::string& line) { ASSERT_EQ(write(terminal_, line.data(), line.size()), static_cast<ssize_t>(line.size())); }
+  void Answer(const std::string& line) {
+    ASSERT_EQ(write(terminal_, line.data(), line.size()), static_cast<ssize_t>(line.size()));
+  }
 
   static int ExitStatus(pid_t child) {
     int raw = 0;
@@ -106,8 +105,8 @@ TEST_F(CatalogueGuardTest, ASecondProgramIsRefusedWhileTheFirstScansAndNothingIs
   ASSERT_GT(first, 0);
   ASSERT_TRUE(WaitForOutput("[Retry/Cancel]"));
 
-  const std::string inUse = "The catalogue is in use by another Vantrelle program (process " +
-                            std::to_string(first) + ").\n";
+  const std::string inUse =
+      "The catalogue is in use by another Vantrelle program (process " + std::to_string(first) + ").\n";
   for (const char* command : {"tree", "search x", "remove volume 1", "add-hd ."}) {
     const Outcome second = Run(command);
     EXPECT_EQ(second.status, 4) << command;
@@ -145,7 +144,8 @@ TEST_F(CatalogueGuardTest, AHardLinkedCatalogueIsRefusedUnderEitherName) {
         << refused.err;
   }
   fs::remove(second + "/Quillora.db");
-  EXPECT_EQ(Run("options").out, "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\n" + CatalogueLine());
+  EXPECT_EQ(Run("options").out,
+            "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\n" + CatalogueLine());
   EXPECT_EQ(Query("PRAGMA integrity_check;"), "ok;");
 }
 
@@ -190,8 +190,7 @@ TEST_F(CatalogueGuardTest, ThroughAFuseViewOneProgramAtATimeAndNoWriteAheadLog) 
 
 TEST_F(CatalogueGuardTest, KillsDuringTheFirstStartLeaveACatalogueTheNextStartUses) {
   for (int round = 0; round < 30; ++round) {
-    for (const char* name : {"Quillora.db", "Quillora.db-wal", "Quillora.db-shm"})
-      fs::remove(program + "/" + name);
+    for (const char* name : {"Quillora.db", "Quillora.db-wal", "Quillora.db-shm"}) fs::remove(program + "/" + name);
     const pid_t child = fork();
     if (child == 0) {
       if (chdir(program.c_str()) != 0) _exit(127);
@@ -211,7 +210,8 @@ TEST_F(CatalogueGuardTest, KillsDuringTheFirstStartLeaveACatalogueTheNextStartUs
       ended = waitpid(child, nullptr, WNOHANG) == child;
       const auto size = fs::file_size(made, error);
       return ended || (!error && size > 0);
-    })) << "round " << round;
+    })) << "round "
+        << round;
     if (!ended) {
       std::this_thread::sleep_for(std::chrono::milliseconds(round));
       kill(child, SIGKILL);
@@ -233,8 +233,7 @@ TEST_F(CatalogueGuardTest, AReadOnlyCatalogueServesTreeAndSearch) {
 
   // Read-only storage: a read-only bind mount for root, who may write anything else.
   const bool mounted = mount(program.c_str(), program.c_str(), nullptr, MS_BIND, nullptr) == 0 &&
-                       mount(nullptr, program.c_str(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY,
-                             nullptr) == 0;
+                       mount(nullptr, program.c_str(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr) == 0;
   if (!mounted) {
     if (geteuid() == 0) GTEST_SKIP() << "no read-only mount";
     fs::permissions(program + "/Quillora.db", fs::perms::owner_read);
@@ -288,7 +287,8 @@ TEST_F(CatalogueGuardTest, AFolderTheUserMayNotWriteServesReadingAndRefusesChang
   }
   chmod(program.c_str(), 0755);
   EXPECT_EQ(Names(program), names);
-  EXPECT_EQ(Run("options").out, "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\n" + CatalogueLine());
+  EXPECT_EQ(Run("options").out,
+            "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\n" + CatalogueLine());
   EXPECT_EQ(Run("list folder 1").out, list);
   EXPECT_EQ(Query("PRAGMA integrity_check;"), "ok;");
 }

@@ -46,8 +46,7 @@ class ConsoleFixture : public ::testing::Test {
     const std::string out = folder.Path() + "/out", err = folder.Path() + "/err";
     const std::string user = asNobody ? "setpriv --reuid=65534 --regid=65534 --clear-groups " : "";
     const std::string command = "cd '" + programPath + "' && HOME='" + home + "' timeout 60 " + user +
-                                "./vantrelle-cli " + arguments + " >'" + out + "' 2>'" + err +
-                                "' </dev/null";
+                                "./vantrelle-cli " + arguments + " >'" + out + "' 2>'" + err + "' </dev/null";
     const int raw = std::system(command.c_str());
     return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, ReadAll(out), ReadAll(err)};
   }

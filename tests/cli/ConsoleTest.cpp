@@ -34,8 +34,7 @@ TEST_F(ConsoleTest, FirstRunCreatesTheCatalogueAndLaterRunsKeepTheOptions) {
 
   EXPECT_EQ(Run("no-such-command").status, 2);
   Outcome drives = Run("drives");
-  EXPECT_NE(drives.out.find("E:\t5\t" + folder.Path() + "/disc\tready\t"), std::string::npos)
-      << drives.out;
+  EXPECT_NE(drives.out.find("E:\t5\t" + folder.Path() + "/disc\tready\t"), std::string::npos) << drives.out;
 }
 
 // The cache folder stays on its drive: ".." resolved, refused where it

@@ -50,12 +50,11 @@ TEST_F(DataFolderTest, AnInstalledProgramKeepsItsCatalogueInTheUsersDataFolder) 
   EXPECT_EQ(CatalogueOf(RunWith("HOME='" + home + "' XDG_DATA_HOME='" + xdg + "'", "options")),
             xdg + "/vantrelle/Quillora.db");
   // A relative XDG_DATA_HOME is ignored, as the base directory rules say.
-  EXPECT_EQ(CatalogueOf(RunWith("HOME='" + home + "' XDG_DATA_HOME=relative", "options")),
-            data + "/Quillora.db");
+  EXPECT_EQ(CatalogueOf(RunWith("HOME='" + home + "' XDG_DATA_HOME=relative", "options")), data + "/Quillora.db");
   const std::string mine = folder.Path() + "/mine";
-  EXPECT_EQ(CatalogueOf(RunWith("HOME='" + home + "' XDG_DATA_HOME='" + xdg + "' VANTRELLE_DATA='" + mine + "'",
-                                "options")),
-            mine + "/Quillora.db");
+  EXPECT_EQ(
+      CatalogueOf(RunWith("HOME='" + home + "' XDG_DATA_HOME='" + xdg + "' VANTRELLE_DATA='" + mine + "'", "options")),
+      mine + "/Quillora.db");
   const Outcome relative = RunWith("HOME='" + home + "' VANTRELLE_DATA=relative", "options");
   EXPECT_EQ(relative.status, 1);
   EXPECT_NE(relative.err.find("VANTRELLE_DATA must name a folder by its absolute path"), std::string::npos);

@@ -16,9 +16,12 @@ class FormatsConsoleTest : public ConsoleFixture {
 
 TEST_F(FormatsConsoleTest, EveryFormatIsCataloguedOnRequestAndRemovedAfterTheQuestion) {
   const std::string mixed = folder.MakeFolder("home/Mixed");
-  for (auto [fixture, name] : {std::pair{"id3v1.mp3", "a.mp3"}, {"lossless.flac", "b.flac"},
-                               {"musepack.mpc", "c.MPC"}, {"pictured-speech.opus", "d.opus"},
-                               {"Tone.M4A", "e.m4a"}, {"lying.opus", "f.opus"},
+  for (auto [fixture, name] : {std::pair{"id3v1.mp3", "a.mp3"},
+                               {"lossless.flac", "b.flac"},
+                               {"musepack.mpc", "c.MPC"},
+                               {"pictured-speech.opus", "d.opus"},
+                               {"Tone.M4A", "e.m4a"},
+                               {"lying.opus", "f.opus"},
                                {"truncated.flac", "g.flac"}})
     fs::copy_file(kFixtures + fixture, mixed + "/" + name);
   fs::copy_file(kFixtures + "art.jpg", mixed + "/Cover.jpg");
@@ -31,8 +34,9 @@ TEST_F(FormatsConsoleTest, EveryFormatIsCataloguedOnRequestAndRemovedAfterTheQue
 
   ASSERT_EQ(Run("options --all-formats yes").status, 0);
   EXPECT_EQ(Run("rescan volume 1").out, "Scan Complete.\n");
-  EXPECT_EQ(Query(listing), mp3 + "b.flac=4=Lossless Tone=1;c.MPC=5=It's Musepack=1;"
-                                  "d.opus=6=Opus Tone=1;e.m4a=7=Advanced Tone=1;f.opus=6==1;g.flac=4==0;");
+  EXPECT_EQ(Query(listing), mp3 +
+                                "b.flac=4=Lossless Tone=1;c.MPC=5=It's Musepack=1;"
+                                "d.opus=6=Opus Tone=1;e.m4a=7=Advanced Tone=1;f.opus=6==1;g.flac=4==0;");
   const Outcome flac = Run("file-info " + Id("b.flac"));
   EXPECT_NE(flac.out.find("\nFLAC Info\nLength:  0:01\n"), std::string::npos) << flac.out;
   EXPECT_NE(flac.out.find("\nPicture: Cover.jpg\n"), std::string::npos) << flac.out;

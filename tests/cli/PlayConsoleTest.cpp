@@ -22,9 +22,10 @@ TEST_F(PlayConsoleTest, AMissingFileIsAWrongCommandLineAndNoSoundCardEndsWithThe
 
   if (fs::exists("/dev/snd")) GTEST_SKIP() << "this machine may have a sound card";
   fs::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/id3v2.mp3", home + "/a song.mp3");
-  Query("INSERT INTO MediaVolumes(VolID,VolType,DrvLtr) VALUES (1,3,'C');"
-        "INSERT INTO MediaPaths(PathID,VolID,FullPath) VALUES (1,1,'\\');"
-        "INSERT INTO MediaFiles(FileID,VolID,PathID,FileName) VALUES (1,1,1,'a song.mp3');");
+  Query(
+      "INSERT INTO MediaVolumes(VolID,VolType,DrvLtr) VALUES (1,3,'C');"
+      "INSERT INTO MediaPaths(PathID,VolID,FullPath) VALUES (1,1,'\\');"
+      "INSERT INTO MediaFiles(FileID,VolID,PathID,FileName) VALUES (1,1,1,'a song.mp3');");
   ASSERT_EQ(Query("SELECT count(*) FROM MediaFiles;"), "1;");
   Outcome played = Run("play 1 --seconds 30");
   EXPECT_EQ(played.status, 0) << played.err;
@@ -36,10 +37,11 @@ TEST_F(PlayConsoleTest, AMissingFileIsAWrongCommandLineAndNoSoundCardEndsWithThe
 // it is refused unopened, with the reason, and both commands end.
 TEST_F(PlayConsoleTest, APipeInPlaceOfACataloguedFileEndsPlayAndPlayListWithTheReason) {
   ASSERT_EQ(::mkfifo((home + "/a song.mp3").c_str(), 0600), 0);
-  Query("INSERT INTO MediaVolumes(VolID,VolType,DrvLtr) VALUES (1,3,'C');"
-        "INSERT INTO MediaPaths(PathID,VolID,FullPath) VALUES (1,1,'\\');"
-        "INSERT INTO MediaFiles(FileID,VolID,PathID,FileName) VALUES (1,1,1,'a song.mp3');"
-        "INSERT INTO PlayLists(PlayListID,Name,FileIDs) VALUES (1,'Pipes','1');");
+  Query(
+      "INSERT INTO MediaVolumes(VolID,VolType,DrvLtr) VALUES (1,3,'C');"
+      "INSERT INTO MediaPaths(PathID,VolID,FullPath) VALUES (1,1,'\\');"
+      "INSERT INTO MediaFiles(FileID,VolID,PathID,FileName) VALUES (1,1,1,'a song.mp3');"
+      "INSERT INTO PlayLists(PlayListID,Name,FileIDs) VALUES (1,'Pipes','1');");
   const std::string box = "Sorry, unable to play media file.\nC:\\a song.mp3: not a regular file\n";
   Outcome played = Run("play 1");
   EXPECT_EQ(played.status, 0) << played.err;

@@ -20,26 +20,39 @@ std::string Quoted(const std::string& text) { return '"' + text + '"'; }
 std::string PlainForm(const MciCommand& c) {
   const std::string alias = c.alias.find_first_of(" \t\r\n") == std::string::npos ? c.alias : Quoted(c.alias);
   switch (c.verb) {
-    case MciVerb::Open: return "open " + Quoted(c.path) + " type mpegvideo alias " + alias;
-    case MciVerb::SetTimeFormatMs: return "set " + alias + " time format ms";
-    case MciVerb::StatusLength: return "status " + alias + " length";
-    case MciVerb::StatusPosition: return "status " + alias + " position";
-    case MciVerb::StatusMode: return "status " + alias + " mode";
-    case MciVerb::PlayFrom: return "play " + alias + " from " + std::to_string(c.fromMs);
-    case MciVerb::Stop: return "stop " + alias;
-    case MciVerb::Pause: return "pause " + alias;
-    case MciVerb::Resume: return "resume " + alias;
-    case MciVerb::SeekTo: return "seek " + alias + " to " + (c.toEnd ? "end" : std::to_string(c.fromMs));
-    case MciVerb::SetVolume: return "setaudio " + alias + " volume to " + std::to_string(c.volume);
-    case MciVerb::Close: return "close " + alias;
-    case MciVerb::CloseAll: return "close all";
+    case MciVerb::Open:
+      return "open " + Quoted(c.path) + " type mpegvideo alias " + alias;
+    case MciVerb::SetTimeFormatMs:
+      return "set " + alias + " time format ms";
+    case MciVerb::StatusLength:
+      return "status " + alias + " length";
+    case MciVerb::StatusPosition:
+      return "status " + alias + " position";
+    case MciVerb::StatusMode:
+      return "status " + alias + " mode";
+    case MciVerb::PlayFrom:
+      return "play " + alias + " from " + std::to_string(c.fromMs);
+    case MciVerb::Stop:
+      return "stop " + alias;
+    case MciVerb::Pause:
+      return "pause " + alias;
+    case MciVerb::Resume:
+      return "resume " + alias;
+    case MciVerb::SeekTo:
+      return "seek " + alias + " to " + (c.toEnd ? "end" : std::to_string(c.fromMs));
+    case MciVerb::SetVolume:
+      return "setaudio " + alias + " volume to " + std::to_string(c.volume);
+    case MciVerb::Close:
+      return "close " + alias;
+    case MciVerb::CloseAll:
+      return "close all";
   }
   return {};
 }
 
 bool Same(const MciCommand& a, const MciCommand& b) {
-  return a.verb == b.verb && a.alias == b.alias && a.path == b.path && a.fromMs == b.fromMs &&
-         a.volume == b.volume && a.toEnd == b.toEnd;
+  return a.verb == b.verb && a.alias == b.alias && a.path == b.path && a.fromMs == b.fromMs && a.volume == b.volume &&
+         a.toEnd == b.toEnd;
 }
 
 void CheckShape(const MciCommand& c) {

@@ -34,9 +34,8 @@ std::string Escaped(const std::string& field) {
 }
 
 std::string LineOf(const Mount& m) {
-  return "1 2 " + std::to_string(major(m.device)) + ':' + std::to_string(minor(m.device)) + ' ' +
-         Escaped(m.root) + ' ' + Escaped(m.mountPoint) + " rw - " + Escaped(m.type) + ' ' +
-         Escaped(m.source) + " rw\n";
+  return "1 2 " + std::to_string(major(m.device)) + ':' + std::to_string(minor(m.device)) + ' ' + Escaped(m.root) +
+         ' ' + Escaped(m.mountPoint) + " rw - " + Escaped(m.type) + ' ' + Escaped(m.source) + " rw\n";
 }
 
 bool Same(const Mount& a, const Mount& b) {

@@ -1,9 +1,8 @@
-#include "platform/DriveLinks.h"
-
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
+#include "platform/DriveLinks.h"
 #include "platform/LinuxDriveTable.h"
 #include "tests/support/TempFolder.h"
 

@@ -1,5 +1,3 @@
-#include "platform/LinuxDriveTable.h"
-
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
@@ -7,6 +5,7 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "platform/LinuxDriveTable.h"
 #include "platform/SerialArithmetic.h"
 #include "tests/platform/ScopedTmpfs.h"
 #include "tests/support/TempFolder.h"
@@ -16,10 +15,10 @@ namespace fs = std::filesystem;
 namespace platform {
 namespace {
 
+using platform_tests::ScopedTmpfs;
 using testing_support::LabelDisc;
 using testing_support::TempFolder;
 using testing_support::TestDrives;
-using platform_tests::ScopedTmpfs;
 
 class LinuxDriveTableTest : public ::testing::Test {
  protected:
@@ -90,10 +89,14 @@ TEST_F(LinuxDriveTableTest, DrivePathUsesTheLongestRootHoldingTheFolder) {
   Folder("home/Music/Rock/Live");
   fs::create_directory_symlink(home + "/Music", tmp.Path() + "/music-link");
 
-  for (const auto& [local, drivePath] : std::vector<std::pair<std::string, std::string>>{
-           {home + "/Music/Rock/Live", "C:\\Music\\Rock\\Live"}, {home + "/Music/Deep/Sub/", "G:\\Sub"},
-           {home + "/Music/Deep", "G:\\"}, {home, "C:\\"}, {tmp.Path() + "/music-link/Rock", "C:\\Music\\Rock"},
-           {tmp.Path() + "/home2/x", ""}, {home + "/Music/back\\slash", ""}})
+  for (const auto& [local, drivePath] :
+       std::vector<std::pair<std::string, std::string>>{{home + "/Music/Rock/Live", "C:\\Music\\Rock\\Live"},
+                                                        {home + "/Music/Deep/Sub/", "G:\\Sub"},
+                                                        {home + "/Music/Deep", "G:\\"},
+                                                        {home, "C:\\"},
+                                                        {tmp.Path() + "/music-link/Rock", "C:\\Music\\Rock"},
+                                                        {tmp.Path() + "/home2/x", ""},
+                                                        {home + "/Music/back\\slash", ""}})
     EXPECT_EQ(table.ToDrivePath(local), drivePath) << local;
   drives.AddFixed('Z', "/");
   EXPECT_EQ(table.ToDrivePath("/proc/self"), "Z:\\proc\\" + fs::canonical("/proc/self").filename().string());

@@ -1,7 +1,5 @@
-#include "platform/LinuxFileSystem.h"
-
-#include <gtest/gtest.h>
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <sys/file.h>
 #include <sys/mount.h>
 #include <sys/stat.h>
@@ -15,6 +13,7 @@
 
 #include "platform/DrivePaths.h"
 #include "platform/LinuxDriveTable.h"
+#include "platform/LinuxFileSystem.h"
 #include "tests/platform/ScopedTmpfs.h"
 #include "tests/support/TempFolder.h"
 
@@ -60,12 +59,15 @@ TEST_F(LinuxFileSystemTest, DrivePathsFindComponentsWhateverTheirCase) {
   tmp.WriteFile("c/Music/Rock/Song.MP3", "12345");
   tmp.MakeFolder("c/Music/ROCK");
 
-  for (const auto& [drivePath, local] : std::vector<std::pair<std::string, std::string>>{
-           {"c:\\music\\rock\\song.mp3", root + "/Music/ROCK/song.mp3"},
-           {"C:\\MUSIC\\Rock\\song.mp3", root + "/Music/Rock/Song.MP3"},
-           {"C:\\Music\\New\\Rock\\x.mp3", root + "/Music/New/Rock/x.mp3"},
-           {"C:\\Music\\", root + "/Music/"}, {"C:\\", root + "/"}, {"/etc/Hosts", "/etc/Hosts"},
-           {"Q:\\x", ""}, {"relative\\x", ""}})
+  for (const auto& [drivePath, local] :
+       std::vector<std::pair<std::string, std::string>>{{"c:\\music\\rock\\song.mp3", root + "/Music/ROCK/song.mp3"},
+                                                        {"C:\\MUSIC\\Rock\\song.mp3", root + "/Music/Rock/Song.MP3"},
+                                                        {"C:\\Music\\New\\Rock\\x.mp3", root + "/Music/New/Rock/x.mp3"},
+                                                        {"C:\\Music\\", root + "/Music/"},
+                                                        {"C:\\", root + "/"},
+                                                        {"/etc/Hosts", "/etc/Hosts"},
+                                                        {"Q:\\x", ""},
+                                                        {"relative\\x", ""}})
     EXPECT_EQ(files.LocalPath(drivePath), local) << drivePath;
 
   // One spelling: the letter in upper case, dots gone, existing names as stored.
@@ -83,7 +85,9 @@ TEST_F(LinuxFileSystemTest, DrivePathsFindComponentsWhateverTheirCase) {
 
 TEST_F(LinuxFileSystemTest, ListMatchesPatternsWithoutRegardToCaseAndTellsWhatEachEntryIs) {
   for (const char* name : {"a.MP3", "b.mp3", "noext", "it's 100% _x_.mp3", " blank .mp3",
-                           "\xC3\x9C" "ber \xC3\xBC.mp3", "[live] set.mp3", "back\\slash.mp3", "c.flac"})
+                           "\xC3\x9C"
+                           "ber \xC3\xBC.mp3",
+                           "[live] set.mp3", "back\\slash.mp3", "c.flac"})
     tmp.WriteFile(std::string("c/Music/") + name, "x");
   tmp.MakeFolder("c/Music/Folder.mp3");
   tmp.MakeFolder("c/Elsewhere");
@@ -93,9 +97,10 @@ TEST_F(LinuxFileSystemTest, ListMatchesPatternsWithoutRegardToCaseAndTellsWhatEa
   ASSERT_EQ(mkfifo((root + "/Music/pipe.mp3").c_str(), 0600), 0);
 
   EXPECT_EQ(Names("C:\\music\\", "*.mp3"),
-            (std::vector<std::string>{" blank .mp3", "Folder.mp3", "[live] set.mp3", "a.MP3", "alias.mp3",
-                                      "b.mp3", "dangling.mp3", "it's 100% _x_.mp3", "pipe.mp3",
-                                      "\xC3\x9C" "ber \xC3\xBC.mp3"}));
+            (std::vector<std::string>{" blank .mp3", "Folder.mp3", "[live] set.mp3", "a.MP3", "alias.mp3", "b.mp3",
+                                      "dangling.mp3", "it's 100% _x_.mp3", "pipe.mp3",
+                                      "\xC3\x9C"
+                                      "ber \xC3\xBC.mp3"}));
   EXPECT_EQ(Names("C:\\Music", "*.*").size(), 13u);  // all but the name holding "\"
   EXPECT_EQ(Names("C:\\Music", "[live]*"), (std::vector<std::string>{"[live] set.mp3"}));
   EXPECT_EQ(Names("C:\\Music", "?.Mp3"), (std::vector<std::string>{"a.MP3", "b.mp3"}));
@@ -187,8 +192,7 @@ TEST_F(LinuxFileSystemTest, FailedCopyLeavesNoPartialFileAndSaysWhy) {
   // Reading this process's memory from address 0 fails after the copy began.
   EXPECT_EQ(files.CopyNoOverwrite("/proc/self/mem", "C:\\memory").outcome, CopyResult::Outcome::Failed);
   tmp.WriteFile("c/big.mp3", std::string(1 << 20, 'b'));
-  EXPECT_EQ(files.CopyNoOverwrite("C:\\big.mp3", "C:\\Missing\\big.mp3"),
-            CopyResult::Failed("target folder missing"));
+  EXPECT_EQ(files.CopyNoOverwrite("C:\\big.mp3", "C:\\Missing\\big.mp3"), CopyResult::Failed("target folder missing"));
   EXPECT_EQ(files.CopyNoOverwrite("C:\\big.mp3", "Q:\\big.mp3"), CopyResult::Failed("target folder missing"));
   EXPECT_EQ(Entries(root), (std::vector<std::string>{"big.mp3"}));
 
@@ -214,8 +218,8 @@ TEST_F(LinuxFileSystemTest, LeftoversOfAKilledCopyAndLongNamesDoNotStopACopy) {
   ASSERT_EQ(flock(writer, LOCK_EX), 0);
   EXPECT_EQ(files.CopyNoOverwrite("C:\\in.mp3", "C:\\Out\\song.mp3"), CopyResult::Copied());
   EXPECT_EQ(Content(root + "/Out/song.mp3") + Content(root + "/in.mp3"), "newnew");
-  EXPECT_EQ(Entries(root + "/Out"), (std::vector<std::string>{".song.mp3.2.vantrelle-part",
-                                                              ".song.mp3.5.vantrelle-part", "song.mp3"}));
+  EXPECT_EQ(Entries(root + "/Out"),
+            (std::vector<std::string>{".song.mp3.2.vantrelle-part", ".song.mp3.5.vantrelle-part", "song.mp3"}));
   close(writer);
   // An unrelated name that differs only in letter case is another file.
   EXPECT_EQ(files.CopyNoOverwrite("C:\\in.mp3", "C:\\Out\\SONG.MP3"), CopyResult::Copied());

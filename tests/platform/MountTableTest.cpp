@@ -1,7 +1,7 @@
-#include "platform/MountTable.h"
-
 #include <gtest/gtest.h>
 #include <sys/sysmacros.h>
+
+#include "platform/MountTable.h"
 
 namespace platform {
 namespace {

@@ -1,9 +1,9 @@
-#include "platform/SerialArithmetic.h"
-
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <vector>
+
+#include "platform/SerialArithmetic.h"
 
 namespace platform {
 namespace {
@@ -51,8 +51,7 @@ TEST(SerialArithmetic, DiscSerialPrefersJolietOverPrimary) {
   EXPECT_EQ(DiscSerial(DescriptorSet({primary, otherSupplementary, joliet, terminator})), Checksum(joliet));
   EXPECT_EQ(DiscSerial(DescriptorSet({primary, otherSupplementary, terminator})), Checksum(primary));
   for (const char* level : {"%/@", "%/C"})
-    EXPECT_EQ(DiscSerial(DescriptorSet({primary, Descriptor(2, level), terminator})),
-              Checksum(Descriptor(2, level)));
+    EXPECT_EQ(DiscSerial(DescriptorSet({primary, Descriptor(2, level), terminator})), Checksum(Descriptor(2, level)));
   // Nothing after the terminator counts, and a set that is not ISO 9660 has no serial.
   EXPECT_EQ(DiscSerial(DescriptorSet({primary, terminator, joliet})), Checksum(primary));
   Sector udf(kCdSectorSize, 0);

@@ -1,10 +1,9 @@
-#include "playback/DeferredMediaControl.h"
-
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 
 #include "playback/CMciPlayer.h"
+#include "playback/DeferredMediaControl.h"
 #include "tests/support/RecordingMediaControl.h"
 
 namespace {
@@ -23,9 +22,8 @@ TEST(DeferredMediaControl, StartsOnlyForACommandThatNeedsItAndReportsAFailedStar
   }
   EXPECT_EQ(starts, 1);
 
-  DeferredMediaControl broken([]() -> std::unique_ptr<platform::MediaControl> {
-    throw std::runtime_error("no audio daemon");
-  });
+  DeferredMediaControl broken(
+      []() -> std::unique_ptr<platform::MediaControl> { throw std::runtime_error("no audio daemon"); });
   CMciPlayer player(broken, 1);
   EXPECT_EQ(player.Open("C:\\a.mp3"), static_cast<int>(platform::kMciNoAudioOutput));
   EXPECT_FALSE(player.IsOpen());

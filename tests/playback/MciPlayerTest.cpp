@@ -1,7 +1,6 @@
-#include "playback/CMciPlayer.h"
-
 #include <gtest/gtest.h>
 
+#include "playback/CMciPlayer.h"
 #include "tests/support/RecordingMediaControl.h"
 
 namespace {
@@ -31,13 +30,11 @@ TEST_F(MciPlayerTest, OpenPlayStopSkipAndASecondOpenSendTheirStrings) {
   EXPECT_EQ(player.Open(longPath), 0);
   EXPECT_EQ(media.Commands(),
             (Strings{"open \"C:\\My Music\\Blue Train.mp3\" type mpegvideo alias QL_MCI_DEV_7",
-                     "set QL_MCI_DEV_7 time format ms", "status QL_MCI_DEV_7 length",
-                     "play QL_MCI_DEV_7 from 0", "stop QL_MCI_DEV_7",
-                     "status QL_MCI_DEV_7 position", "play QL_MCI_DEV_7 from 15000",
-                     "status QL_MCI_DEV_7 position", "play QL_MCI_DEV_7 from 200000",
-                     "close QL_MCI_DEV_7",
-                     "open \"" + longPath + "\" type mpegvideo alias QL_MCI_DEV_7",
-                     "set QL_MCI_DEV_7 time format ms", "status QL_MCI_DEV_7 length"}));
+                     "set QL_MCI_DEV_7 time format ms", "status QL_MCI_DEV_7 length", "play QL_MCI_DEV_7 from 0",
+                     "stop QL_MCI_DEV_7", "status QL_MCI_DEV_7 position", "play QL_MCI_DEV_7 from 15000",
+                     "status QL_MCI_DEV_7 position", "play QL_MCI_DEV_7 from 200000", "close QL_MCI_DEV_7",
+                     "open \"" + longPath + "\" type mpegvideo alias QL_MCI_DEV_7", "set QL_MCI_DEV_7 time format ms",
+                     "status QL_MCI_DEV_7 length"}));
 }
 
 TEST_F(MciPlayerTest, NothingIsSentWithoutAnOpenFileAndAFailedLengthLeavesNoLength) {
@@ -83,11 +80,10 @@ TEST_F(MciPlayerTest, PauseResumeSeekModeAndAVolumeThatOutlivesTheFile) {
   EXPECT_EQ(player.SetVolume(-3), 0);
   EXPECT_EQ(player.Volume(), 0);
   EXPECT_EQ(media.Commands(),
-            (Strings{"open \"C:\\a.mp3\" type mpegvideo alias QL_MCI_DEV_7",
-                     "set QL_MCI_DEV_7 time format ms", "status QL_MCI_DEV_7 length",
-                     "setaudio QL_MCI_DEV_7 volume to 400", "status QL_MCI_DEV_7 mode",
-                     "status QL_MCI_DEV_7 mode", "pause QL_MCI_DEV_7", "resume QL_MCI_DEV_7",
-                     "seek QL_MCI_DEV_7 to 0", "setaudio QL_MCI_DEV_7 volume to 0"}));
+            (Strings{"open \"C:\\a.mp3\" type mpegvideo alias QL_MCI_DEV_7", "set QL_MCI_DEV_7 time format ms",
+                     "status QL_MCI_DEV_7 length", "setaudio QL_MCI_DEV_7 volume to 400", "status QL_MCI_DEV_7 mode",
+                     "status QL_MCI_DEV_7 mode", "pause QL_MCI_DEV_7", "resume QL_MCI_DEV_7", "seek QL_MCI_DEV_7 to 0",
+                     "setaudio QL_MCI_DEV_7 volume to 0"}));
 }
 
 TEST(MciPlayer, CloseMarksTheDeviceClosedEvenWhenRefusedAndDestructionClosesAll) {

@@ -43,10 +43,7 @@ class PlayThroughTest : public ::testing::Test, protected testing_support::Progr
 };
 
 TEST_F(PlayThroughTest, TheConsolePrintsEachFileAndStopsAtACdWhosePromptIsCancelled) {
-  const IdList rows{AddFile("id3v1.mp3"),
-                    AddFile("SONG.MP3"),
-                    AddFile("vorbis.ogg", 5),
-                    AddFile("quiet.wma")};
+  const IdList rows{AddFile("id3v1.mp3"), AddFile("SONG.MP3"), AddFile("vorbis.ogg", 5), AddFile("quiet.wma")};
   testing_support::TempFolder outFolder;
   const std::string outPath = outFolder.Path() + "/out.txt";
   std::FILE* out = std::fopen(outPath.c_str(), "w");

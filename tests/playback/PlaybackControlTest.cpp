@@ -29,8 +29,7 @@ class PlaybackTest : public ::testing::Test, protected testing_support::ProgramF
     app->Start();
   }
 
-  int AddFile(int volType, const std::string& drive, const std::string& folderPath,
-              const std::string& fileName) {
+  int AddFile(int volType, const std::string& drive, const std::string& folderPath, const std::string& fileName) {
     const int volId = testing_support::StoreVolume(app->Db(), volType, drive, "Blue Train", std::to_string(kSerial));
     return testing_support::StoreFile(app->Db(), testing_support::StoreFolder(app->Db(), volId, folderPath), fileName);
   }
@@ -41,9 +40,8 @@ class PlaybackTest : public ::testing::Test, protected testing_support::ProgramF
     return disc;
   }
   static Strings OpenAndPlay(const std::string& path) {
-    return {"open \"" + path + "\" type mpegvideo alias QL_MCI_DEV_1",
-            "set QL_MCI_DEV_1 time format ms", "status QL_MCI_DEV_1 length",
-            "play QL_MCI_DEV_1 from 0"};
+    return {"open \"" + path + "\" type mpegvideo alias QL_MCI_DEV_1", "set QL_MCI_DEV_1 time format ms",
+            "status QL_MCI_DEV_1 length", "play QL_MCI_DEV_1 from 0"};
   }
 
   testing_support::RecordingMediaControl media;
@@ -56,8 +54,8 @@ TEST_F(PlaybackTest, ADiskFilePlaysFromItsDriveAndStopsAndSkips) {
   media.Forget();
   EXPECT_EQ(app->Playback().StopPlayback(), 0);
   EXPECT_EQ(app->Playback().SkipForward(), 0);
-  EXPECT_EQ(media.Commands(), (Strings{"stop QL_MCI_DEV_1", "status QL_MCI_DEV_1 position",
-                                       "play QL_MCI_DEV_1 from 10000"}));
+  EXPECT_EQ(media.Commands(),
+            (Strings{"stop QL_MCI_DEV_1", "status QL_MCI_DEV_1 position", "play QL_MCI_DEV_1 from 10000"}));
   EXPECT_TRUE(messages.Shown().empty());
 }
 
@@ -105,8 +103,9 @@ TEST_F(PlaybackTest, APresentPathIsGivenOnlyForTheRightDiscAndNeverAsks) {
   const int onDisk = AddFile(kDriveFixed, "C", "\\Music\\", "b.flac");
   EXPECT_EQ(presentPath(onDisk), "");
   const std::string serial = app->Drives().ReadVolumeInfo("C")->SerialNo;
-  testing_support::RunSql(app->Db(), ("UPDATE MediaVolumes SET SerialNo='" + serial + "' WHERE VolID=" +
-                           std::to_string(app->Db().GetFileVolume(onDisk)) + ";").c_str());
+  testing_support::RunSql(app->Db(), ("UPDATE MediaVolumes SET SerialNo='" + serial +
+                                      "' WHERE VolID=" + std::to_string(app->Db().GetFileVolume(onDisk)) + ";")
+                                         .c_str());
   EXPECT_EQ(presentPath(onDisk), "C:\\Music\\b.flac");
   EXPECT_TRUE(messages.Shown().empty());
   EXPECT_TRUE(media.Commands().empty());
@@ -129,8 +128,7 @@ TEST_F(PlaybackTest, AFileThatDoesNotOpenIsReportedAndOneWithoutItsRowsIsNotTrie
   media.Answer("status QL_MCI_DEV_1 length", 296);
   EXPECT_EQ(app->Playback().PlayFile(fileId), 0);  // opens, but has no readable length
   const std::string open = "open \"C:\\a.mp3\" type mpegvideo alias QL_MCI_DEV_1";
-  EXPECT_EQ(media.Commands(),
-            (Strings{open, open, "set QL_MCI_DEV_1 time format ms", "status QL_MCI_DEV_1 length"}));
+  EXPECT_EQ(media.Commands(), (Strings{open, open, "set QL_MCI_DEV_1 time format ms", "status QL_MCI_DEV_1 length"}));
   // The box names the file and the media control's reason.
   EXPECT_EQ(messages.Texts(), (Strings{kSorry + "\nC:\\a.mp3: error 275", kSorry + "\nC:\\a.mp3: error 296"}));
   EXPECT_EQ(messages.Shown()[0].buttons, platform::Buttons::Ok);

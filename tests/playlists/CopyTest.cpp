@@ -51,8 +51,9 @@ TEST_F(CopyTest, TwoCdsAndADiskGoVolumeByVolumeAskingForEachDiscOnce) {
   });
 
   copy.CopyToCache();
-  EXPECT_EQ(messages.Texts(), (Strings{"Please insert 'Jazz 1' into drive E:",
-                                       "Please insert 'Rock 1' into drive E:", "File Copy Complete."}));
+  EXPECT_EQ(
+      messages.Texts(),
+      (Strings{"Please insert 'Jazz 1' into drive E:", "Please insert 'Rock 1' into drive E:", "File Copy Complete."}));
   EXPECT_EQ(Read("c/QORCache/same.mp3"), "jazz");  // the Jazz disc went before the disk
   EXPECT_EQ(Read("c/QORCache/j.mp3") + Read("c/QORCache/r.mp3"), "jazzrock");
   EXPECT_NE(fs::status(Local("c/QORCache/j.mp3")).permissions() & fs::perms::owner_write, fs::perms::none);
@@ -68,8 +69,8 @@ TEST_F(CopyTest, TwoCdsAndADiskGoVolumeByVolumeAskingForEachDiscOnce) {
   copy.CopyFiles("C:\\Elsewhere", false);
   EXPECT_EQ(Read("c/Elsewhere/same.mp3"), "");
   EXPECT_EQ(messages.Texts().back(), "File Copy Complete.");
-  EXPECT_EQ(NotCopied(), (Strings{"j.mp3: disc not inserted", "same.mp3: disc not inserted",
-                                  "same.mp3: copy cancelled", "r.mp3: copy cancelled"}));
+  EXPECT_EQ(NotCopied(), (Strings{"j.mp3: disc not inserted", "same.mp3: disc not inserted", "same.mp3: copy cancelled",
+                                  "r.mp3: copy cancelled"}));
   EXPECT_EQ(Job().summary.NotCopied()[0].source, "E:\\j.mp3");
 }
 
@@ -153,7 +154,8 @@ TEST_F(CopyTest, ATargetThatFillsUpOrTurnsReadOnlyLosesNothing) {
   EXPECT_EQ(target(), big + "smallkept");
   ASSERT_EQ(mount("tmpfs", small.c_str(), "tmpfs", MS_REMOUNT | MS_RDONLY, nullptr), 0);
   copy.CopyFiles("C:\\Small", false);
-  EXPECT_EQ(NotCopied(), (Strings{"one.mp3: already there", "two.mp3: target is read-only", "three.mp3: already there"}));
+  EXPECT_EQ(NotCopied(),
+            (Strings{"one.mp3: already there", "two.mp3: target is read-only", "three.mp3: already there"}));
   EXPECT_EQ(target(), big + "smallkept");
   EXPECT_EQ(messages.Texts(), Strings(2, "File Copy Complete."));
 }

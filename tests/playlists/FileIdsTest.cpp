@@ -15,9 +15,17 @@ TEST(FileIds, BuildWritesSignedDecimalsAndParseReadsThemBack) {
 
 TEST(FileIds, ParseKeepsThePositiveNumbersAfterEachCommaAndUniqueKeepsFirsts) {
   const std::map<std::string, IdList> cases = {
-      {"", {}},           {"12,,7", {12, 7}},    {"abc,7", {7}},  {"3,-2,0,9", {3, 9}},
-      {" 5,\t 6", {5, 6}}, {"8,", {8}},           {",,,", {}},     {"+4,4x,x4", {4, 4}},
-      {"007", {7}},       {"1 2,3", {1, 3}},     {"- 5,--5", {}},
+      {"", {}},
+      {"12,,7", {12, 7}},
+      {"abc,7", {7}},
+      {"3,-2,0,9", {3, 9}},
+      {" 5,\t 6", {5, 6}},
+      {"8,", {8}},
+      {",,,", {}},
+      {"+4,4x,x4", {4, 4}},
+      {"007", {7}},
+      {"1 2,3", {1, 3}},
+      {"- 5,--5", {}},
       {"99999999999,-99999999999,6", {2147483647, 6}},  // clamped, never undefined
   };
   for (const auto& [text, ids] : cases) EXPECT_EQ(ParseIdList(text), ids) << '"' << text << '"';

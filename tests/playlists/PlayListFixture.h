@@ -20,8 +20,7 @@ class PlayListTest : public ::testing::Test, protected testing_support::ProgramF
   PlayListTest() {
     drives.AddFixed('C', folder.MakeFolder("c"));
     drives.AddCd('E');
-    app = std::make_unique<CLibraryApp>(folder.Path() + "/",
-                                        PlatformServices{table, files, messages, media});
+    app = std::make_unique<CLibraryApp>(folder.Path() + "/", PlatformServices{table, files, messages, media});
     app->Start();
     app->PlayList().AttachList(list);
     disk = AddVolume(3, "Disk", 1);
@@ -35,9 +34,8 @@ class PlayListTest : public ::testing::Test, protected testing_support::ProgramF
 
   // A file row in a new folder row; the file is written below the test folder
   // at linuxFolder (default: the folder on disk C).
-  std::int32_t AddFile(const std::string& fileName, const std::string& content = "data",
-                        int volId = 0, const std::string& folderPath = "\\Music\\",
-                        const std::string& linuxFolder = "c/Music") {
+  std::int32_t AddFile(const std::string& fileName, const std::string& content = "data", int volId = 0,
+                       const std::string& folderPath = "\\Music\\", const std::string& linuxFolder = "c/Music") {
     folder.WriteFile(linuxFolder + "/" + fileName, content);
     const int pathId = testing_support::StoreFolder(app->Db(), volId ? volId : disk, folderPath);
     return testing_support::StoreFile(app->Db(), pathId, fileName);

@@ -1,6 +1,6 @@
-#include "settings/CAppSettings.h"
 #include "playlists/CPlayListDlg.h"
 #include "playlists/CopyCommands.h"
+#include "settings/CAppSettings.h"
 #include "tests/playlists/PlayListFixture.h"
 #include "tests/support/ScriptedFolderPicker.h"
 #include "tests/support/ScriptedInputDialog.h"
@@ -36,8 +36,9 @@ class PlayListWindowTest : public PlayListTest, private PlayListView {
   CopyCommands copy{app->PlayList(), app->Db(), app->Drives(), app->Settings(), copyDialogs};
   testing_support::ScriptedFolderPicker picker;
   testing_support::ScriptedInputDialog input;
-  CPlayListDlg window{{app->PlayList(), app->Playback(), copy, app->Settings(), app->Drives(), picker, input, app->PlayThrough()},
-                      *this};
+  CPlayListDlg window{
+      {app->PlayList(), app->Playback(), copy, app->Settings(), app->Drives(), picker, input, app->PlayThrough()},
+      *this};
   int rebuilds = 0;
   std::string statusLine;
 };
@@ -96,8 +97,9 @@ TEST_F(PlayListWindowTest, CopyToStartsInTheLastConfirmedFolderAndRemembersIt) {
   app->PlayList().AddFiles({AddFile("d.mp3"), AddFile("e.mp3")});
   app->Settings().cacheFolder = "C:\\Missing";
   window.OnCommand(CPlayListDlg::kCache);
-  EXPECT_EQ(statusLine, "0 files copied, 5 failed: a.mp3 (target folder missing), b.mp3 (target folder missing), "
-                        "c.mp3 (target folder missing) and 2 more.");
+  EXPECT_EQ(statusLine,
+            "0 files copied, 5 failed: a.mp3 (target folder missing), b.mp3 (target folder missing), "
+            "c.mp3 (target folder missing) and 2 more.");
 }
 
 TEST_F(PlayListWindowTest, ClearingTheCacheAsksThenDeletesItsFilesButNotItsSubFolders) {
@@ -109,8 +111,8 @@ TEST_F(PlayListWindowTest, ClearingTheCacheAsksThenDeletesItsFilesButNotItsSubFo
   window.OnCommand(CPlayListDlg::kClearCache);
   EXPECT_EQ(FilesIn("c/QORCache"), 1u);
   EXPECT_TRUE(fs::exists(Local("c/QORCache/Keep/inner.mp3")));
-  EXPECT_EQ(messages.Texts(), (Strings{"File Copy Complete.", "Delete all files in cache?",
-                                       "Delete all files in cache?"}));
+  EXPECT_EQ(messages.Texts(),
+            (Strings{"File Copy Complete.", "Delete all files in cache?", "Delete all files in cache?"}));
   EXPECT_EQ(messages.Shown()[1].icon, platform::Icon::Information);
 
   // An empty setting deletes nothing, not even in the working folder.

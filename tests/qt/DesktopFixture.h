@@ -36,8 +36,8 @@ class DesktopTest : public ::testing::Test, protected testing_support::ProgramFo
     namespace fs = std::filesystem;
     drives.AddFixed('C', home);
     const std::string fixtures = VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/";
-    for (const auto& [file, genre] : {std::pair{"id3v1.mp3", "Rock"}, {"SONG.MP3", "Rock"},
-                                      {"vorbis.ogg", "Pop"}, {"quiet.wma", "Pop"}})
+    for (const auto& [file, genre] :
+         {std::pair{"id3v1.mp3", "Rock"}, {"SONG.MP3", "Rock"}, {"vorbis.ogg", "Pop"}, {"quiet.wma", "Pop"}})
       fs::copy_file(fixtures + file, folder.MakeFolder("home/Music/" + std::string(genre)) + "/" + file);
     app.Start();
     // As if stored by the last run: room for the tree's deeper levels.
@@ -51,8 +51,8 @@ class DesktopTest : public ::testing::Test, protected testing_support::ProgramFo
     window = std::make_unique<MainWindow>(app, dialogs.For(&covers));
     modelTesters.clear();
     for (QAbstractItemModel* model : {List().model(), PlayList().model()})
-      modelTesters.push_back(std::make_unique<QAbstractItemModelTester>(
-          model, QAbstractItemModelTester::FailureReportingMode::Fatal));
+      modelTesters.push_back(
+          std::make_unique<QAbstractItemModelTester>(model, QAbstractItemModelTester::FailureReportingMode::Fatal));
     window->Start();
     window->show();
     EXPECT_EVENTUALLY(window->windowHandle() && window->windowHandle()->isExposed());

@@ -7,8 +7,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QScreen>
 #include <QRadioButton>
+#include <QScreen>
 #include <fstream>
 #include <set>
 #include <sstream>
@@ -281,7 +281,7 @@ TEST_F(DesktopTest, PlayListRowsMoveByDraggingAndFilesDropIn) {
   // From a file manager: catalogued files only.
   QMimeData fromFileManager;
   fromFileManager.setUrls({QUrl::fromLocalFile(QString::fromStdString(home + "/Music/Pop/vorbis.ogg")),
-                 QUrl::fromLocalFile(QString::fromStdString(folder.Path() + "/nowhere.mp3"))});
+                           QUrl::fromLocalFile(QString::fromStdString(folder.Path() + "/nowhere.mp3"))});
   drop(fromFileManager, 2);
   EXPECT_EQ(PlayList().RowCount(), 3);
   EXPECT_EQ(window->PlayList().StatusLine().text(), "1 file is not in the catalogue.");

@@ -3,26 +3,25 @@
 // command-line remote drives it: real GStreamer into no device, the player on
 // its own thread, three stored files of four seconds each.
 #include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
 #include <QDBusPendingCall>
 #include <QDBusVariant>
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <QDBusConnectionInterface>
 #include <chrono>
-#include <filesystem>
 #include <cmath>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
 #include <limits>
 #include <map>
-#include <cstdint>
-#include <fstream>
 
 #include "app/CLibraryApp.h"
 #include "platform/mci/GstMediaControl.h"
@@ -34,8 +33,8 @@
 #include "tests/support/CatalogueRows.h"
 #include "tests/support/HeldFile.h"
 #include "tests/support/ProgramFolder.h"
-#include "tests/support/RecordingMediaControl.h"
 #include "tests/support/QtEventually.h"
+#include "tests/support/RecordingMediaControl.h"
 
 namespace {
 
@@ -69,7 +68,6 @@ void WriteWave(const std::string& path) {
   out << std::string(bytes, '\0');
 }
 
-
 // Collects the PlaybackStatus values that PropertiesChanged announced.
 class Announcements : public QObject {
   Q_OBJECT
@@ -77,7 +75,8 @@ class Announcements : public QObject {
   QStringList statuses;
  public slots:
   void Changed(const QString& interface, const QVariantMap& changed, const QStringList&) {
-    if (interface == QStringLiteral("org.mpris.MediaPlayer2.Player") && changed.contains(QStringLiteral("PlaybackStatus")))
+    if (interface == QStringLiteral("org.mpris.MediaPlayer2.Player") &&
+        changed.contains(QStringLiteral("PlaybackStatus")))
       statuses << changed.value(QStringLiteral("PlaybackStatus")).toString();
   }
 };
@@ -127,7 +126,9 @@ class MprisBusTest : public ::testing::Test, protected testing_support::ProgramF
   }
   QString Status() { return Property(QStringLiteral("PlaybackStatus")).toString(); }
   qlonglong Position() { return Property(QStringLiteral("Position")).toLongLong(); }
-  QVariantMap Metadata() { return qdbus_cast<QVariantMap>(Property(QStringLiteral("Metadata")).value<QDBusArgument>()); }
+  QVariantMap Metadata() {
+    return qdbus_cast<QVariantMap>(Property(QStringLiteral("Metadata")).value<QDBusArgument>());
+  }
   QString Title() { return Metadata().value(QStringLiteral("xesam:title")).toString(); }
 
   platform::mci::GstMediaControl media{platform::mci::AudioOutput::Silent, files};
@@ -280,7 +281,8 @@ TEST_F(MprisBusTest, EveryPropertyReadsWithItsTypeAndJunkLevelsAreIgnored) {
   EXPECT_EQ(app.Settings().volume, 500);
   EXPECT_EQ(Property(QStringLiteral("Rate")).toDouble(), 1.0);
 
-  const QDBusMessage lists = Call(playLists, QStringLiteral("GetPlaylists"), {0u, 10u, QStringLiteral("UserDefined"), false});
+  const QDBusMessage lists =
+      Call(playLists, QStringLiteral("GetPlaylists"), {0u, 10u, QStringLiteral("UserDefined"), false});
   const auto stored = qdbus_cast<QList<MprisPlayList>>(lists.arguments().value(0).value<QDBusArgument>());
   ASSERT_EQ(stored.size(), 1);
   Call(playLists, QStringLiteral("ActivatePlaylist"), {QVariant::fromValue(stored.front().id)});
@@ -302,7 +304,8 @@ TEST(RealProgram, QuitsOverTheBusWhileAnOpenHangs) {
   const std::string program = place.folder.Path() + "/vantrelle";
   std::filesystem::copy_file(VANTRELLE_BIN_DIR "/vantrelle", program);
   place.drives.AddFixed('C', place.folder.MakeFolder("c"));
-  std::filesystem::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/id3v2.mp3", place.folder.Path() + "/c/held.mp3");
+  std::filesystem::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/id3v2.mp3",
+                             place.folder.Path() + "/c/held.mp3");
   {
     testing_support::RecordingMediaControl unused;
     CLibraryApp app{place.folder.Path() + "/", PlatformServices{place.table, place.files, place.messages, unused}};
@@ -336,7 +339,8 @@ TEST(RealProgram, QuitsOverTheBusWhileAnOpenHangs) {
   };
   EXPECT_TRUE(TurnsUntil([&] { return ended() || remote.interface()->isServiceRegistered(kBus).value(); }));
   const QString playLists = QStringLiteral("org.mpris.MediaPlayer2.Playlists");
-  const QDBusMessage lists = call(playLists, QStringLiteral("GetPlaylists"), {0u, 10u, QStringLiteral("UserDefined"), false});
+  const QDBusMessage lists =
+      call(playLists, QStringLiteral("GetPlaylists"), {0u, 10u, QStringLiteral("UserDefined"), false});
   const auto stored = qdbus_cast<QList<MprisPlayList>>(lists.arguments().value(0).value<QDBusArgument>());
   EXPECT_EQ(stored.size(), 1);
   if (stored.size() == 1) call(playLists, QStringLiteral("ActivatePlaylist"), {QVariant::fromValue(stored.front().id)});
@@ -374,12 +378,10 @@ TEST(RealProgram, ASecondStartRaisesTheFirstWindowAndEnds) {
   QDBusConnection remote = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("second"));
   const pid_t first = start();
   int firstStatus = -1, secondStatus = -1;
-  ASSERT_TRUE(TurnsUntil([&] {
-    return endedWith(first, firstStatus) || remote.interface()->isServiceRegistered(kBus).value();
-  }));
-  const QDBusMessage entry = remote.call(QDBusMessage::createMethodCall(
-      kBus, kPath, kProperties, QStringLiteral("Get")) << QStringLiteral("org.mpris.MediaPlayer2")
-                                                         << QStringLiteral("DesktopEntry"));
+  ASSERT_TRUE(TurnsUntil(
+      [&] { return endedWith(first, firstStatus) || remote.interface()->isServiceRegistered(kBus).value(); }));
+  const QDBusMessage entry = remote.call(QDBusMessage::createMethodCall(kBus, kPath, kProperties, QStringLiteral("Get"))
+                                         << QStringLiteral("org.mpris.MediaPlayer2") << QStringLiteral("DesktopEntry"));
   EXPECT_EQ(entry.arguments().value(0).value<QDBusVariant>().variant().toString(),
             QStringLiteral("org.vantrelle.Vantrelle"));
 
@@ -388,8 +390,8 @@ TEST(RealProgram, ASecondStartRaisesTheFirstWindowAndEnds) {
   EXPECT_TRUE(WIFEXITED(secondStatus) && WEXITSTATUS(secondStatus) == 0) << secondStatus;
   EXPECT_FALSE(endedWith(first, firstStatus));
 
-  remote.call(QDBusMessage::createMethodCall(kBus, kPath, QStringLiteral("org.mpris.MediaPlayer2"),
-                                             QStringLiteral("Quit")));
+  remote.call(
+      QDBusMessage::createMethodCall(kBus, kPath, QStringLiteral("org.mpris.MediaPlayer2"), QStringLiteral("Quit")));
   EXPECT_TRUE(TurnsUntil([&] { return endedWith(first, firstStatus); }));
   EXPECT_TRUE(WIFEXITED(firstStatus) && WEXITSTATUS(firstStatus) == 0) << firstStatus;
 }

@@ -25,8 +25,8 @@
 #include "tests/support/CatalogueRows.h"
 #include "tests/support/HeldFile.h"
 #include "tests/support/ProgramFolder.h"
-#include "tests/support/RecordingMediaControl.h"
 #include "tests/support/QtEventually.h"
+#include "tests/support/RecordingMediaControl.h"
 #include "ui/CMainDlg.h"
 
 namespace {
@@ -35,7 +35,6 @@ using testing_support::TurnsUntil;
 
 namespace fs = std::filesystem;
 const std::string kFixtures = VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/";
-
 
 class OpenHangsDesktopTest : public ::testing::Test, protected testing_support::ProgramFolder {
  protected:
@@ -70,8 +69,7 @@ class OpenHangsDesktopTest : public ::testing::Test, protected testing_support::
   DesktopDialogSet dialogs{messages};
   QueuedCalls mainThread;  // the player thread's results reach the test through it
   std::unique_ptr<PlayerThread> thread = std::make_unique<PlayerThread>(
-      app.Player(),
-      [this](std::function<void()> done) { mainThread.Post(std::move(done)); });
+      app.Player(), [this](std::function<void()> done) { mainThread.Post(std::move(done)); });
   std::unique_ptr<MainWindow> window;
   int held = 0;
   int good = 0;

@@ -28,8 +28,8 @@ class ScriptedPicker : public platform::FolderPicker {
 
 class ScanCommandsTest : public ScanTest {
  protected:
-  ScanCommandsTest() : settings(db, folder.Path() + "/"), dialogs(messages),
-                       commands(scanner, drives, settings, picker, dialogs) {
+  ScanCommandsTest()
+      : settings(db, folder.Path() + "/"), dialogs(messages), commands(scanner, drives, settings, picker, dialogs) {
     settings.cdDrive = "E";
     db.Events().Subscribe([this](const CatalogueChanges&) { ++rebuilds; });
     commands.OnScanReported([this](const std::string& found) { reports.push_back(found); });
@@ -52,8 +52,8 @@ TEST_F(ScanCommandsTest, TheDialogShowsProgressAndSaysCompleteOnce) {
   EXPECT_EQ(dialogs.timerRunning, 0);
   EXPECT_FALSE(dialogs.statusTexts.empty());
   EXPECT_EQ(dialogs.overallTexts.back(), "2 of 2 files");
-  EXPECT_EQ(reports, std::vector<std::string>{
-                         "Found 2 folders: 2 files added, 0 files removed, 1 file could not be read."});
+  EXPECT_EQ(reports,
+            std::vector<std::string>{"Found 2 folders: 2 files added, 0 files removed, 1 file could not be read."});
   EXPECT_EQ(rebuilds, 1);
   EXPECT_EQ(CataloguedFiles().size(), 2u);
 }
@@ -71,7 +71,7 @@ TEST_F(ScanCommandsTest, CancelEndsTheDialogAtOnceButTheWorkerFinishesFirst) {
   };
   commands.ScanVolume(3, "C:\\Music\\");
   EXPECT_TRUE(messages.Texts().empty());  // no "Scan Complete." after Cancel
-  EXPECT_TRUE(scanner.Progress().done);  // OnDestroy waited for the worker
+  EXPECT_TRUE(scanner.Progress().done);   // OnDestroy waited for the worker
   EXPECT_EQ(rebuilds, 1);
   EXPECT_EQ(reports, std::vector<std::string>{"Scan cancelled."});
 }
@@ -109,8 +109,8 @@ TEST_F(ScanCommandsTest, AddCdPromptsForADiscAndFindsKnownDiscsAgain) {
 
   messages.Script({Answer::Retry, Answer::Cancel});
   commands.AddCd();  // empty drive: two prompts, then Cancel
-  EXPECT_EQ(messages.Texts(), (std::vector<std::string>{"Please Insert CD into drive E:",
-                                                        "Please Insert CD into drive E:"}));
+  EXPECT_EQ(messages.Texts(),
+            (std::vector<std::string>{"Please Insert CD into drive E:", "Please Insert CD into drive E:"}));
   EXPECT_EQ(messages.Shown()[0].buttons, platform::Buttons::RetryCancel);
   EXPECT_EQ(dialogs.runs, 0);
 
@@ -181,8 +181,7 @@ TEST_F(ScanCommandsTest, AddHdScansThePickedFolderAndStartsThereNextTime) {
   commands.AddHd();
   commands.AddHd();
   EXPECT_EQ(settings.lastAddedFolder, "C:\\Music\\");
-  EXPECT_EQ(picker.startedAt,
-            (std::vector<std::string>{"", "", folder.Path() + "/c/Music/"}));
+  EXPECT_EQ(picker.startedAt, (std::vector<std::string>{"", "", folder.Path() + "/c/Music/"}));
   EXPECT_EQ(CataloguedFolders().size(), 1u);
   EXPECT_EQ(db.GetVolumesOfType(3).size(), 1u);
 

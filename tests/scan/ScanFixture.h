@@ -60,8 +60,8 @@ class ScanTest : public ::testing::Test {
   void Put(const std::string& relative, const std::string& fixture) {
     const auto target = std::filesystem::path(folder.Path()) / relative;
     std::filesystem::create_directories(target.parent_path());
-    std::filesystem::copy_file(std::string(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/") + fixture,
-                               target, std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::copy_file(std::string(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/") + fixture, target,
+                               std::filesystem::copy_options::overwrite_existing);
   }
 
   void Scan(int kind, const std::string& root) {
@@ -81,7 +81,8 @@ class ScanTest : public ::testing::Test {
   std::map<std::string, int> CataloguedFiles() {
     std::map<std::string, int> result;
     for (const auto& row : testing_support::RunSql(
-             db.Path(), "SELECT p.FullPath||f.FileName,f.FileID FROM MediaFiles f JOIN MediaPaths p ON p.PathID=f.PathID;"))
+             db.Path(),
+             "SELECT p.FullPath||f.FileName,f.FileID FROM MediaFiles f JOIN MediaPaths p ON p.PathID=f.PathID;"))
       result[row[0]] = std::stoi(row[1]);
     return result;
   }

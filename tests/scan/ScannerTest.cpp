@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -31,8 +30,7 @@ TEST_F(ScanTest, RecordsExactlyTheFoldersWithAudioBelowThemAndReadsTheirTags) {
 
   const FolderMap folders = CataloguedFolders();
   EXPECT_EQ(folders.size(), 5u);
-  for (const char* path : {"\\Music\\", "\\Music\\A\\", "\\Music\\A\\B\\", "\\Music\\A\\B\\C\\",
-                           "\\Music\\Rock\\"})
+  for (const char* path : {"\\Music\\", "\\Music\\A\\", "\\Music\\A\\B\\", "\\Music\\A\\B\\C\\", "\\Music\\Rock\\"})
     EXPECT_TRUE(folders.count(path)) << path;
   auto root = db.GetPath(folders.at("\\Music\\"));
   EXPECT_EQ(root->ParentID, -1);
@@ -79,8 +77,7 @@ TEST_F(ScanTest, RescansKeepIdsAndEditsAndRemoveExactlyWhatVanished) {
   reader.beforeRead = [&](const std::string& path) { read.push_back(path); };
   db.ObserveStatements([&](const char* sql) {
     const std::string text = sql;
-    if (text.starts_with("UPDATE") || text.starts_with("INSERT") || text.starts_with("DELETE"))
-      changes.push_back(text);
+    if (text.starts_with("UPDATE") || text.starts_with("INSERT") || text.starts_with("DELETE")) changes.push_back(text);
   });
   Scan(3, "C:\\Music\\");
   db.ObserveStatements({});
@@ -154,8 +151,8 @@ TEST_F(ScanTest, TheWalkStaysBelowTheRootAndOutOfTheDrivesAndSystemFolders) {
     fs::create_directory_symlink(shm, music + "shm");
   }
   const std::pair<std::string, const char*> links[] = {
-      {folder.Path() + "/elsewhere", "linked"}, {"/", "machine"}, {folder.Path(), "program"},
-      {folder.Path() + "/drives", "drives"}, {"/proc", "proc"}, {"/proc/self/fd", "fd"}};
+      {folder.Path() + "/elsewhere", "linked"}, {"/", "machine"},  {folder.Path(), "program"},
+      {folder.Path() + "/drives", "drives"},    {"/proc", "proc"}, {"/proc/self/fd", "fd"}};
   for (const auto& [target, name] : links) fs::create_directory_symlink(target, music + name);
   Scan(3, "C:\\Music\\");
   for (const std::string& made : system) fs::remove_all(made);
@@ -196,8 +193,8 @@ TEST_F(ScanTest, OnlyRegularFilesAreRecordedAndNothingElseIsEverRead) {
 }
 
 TEST_F(ScanTest, FoldersThatCannotBeListedKeepTheirRowsWhenEverTheListingFails) {
-  for (const char* path : {"c/Music/a.mp3", "c/Music/Locked/b.mp3", "c/Music/Locked/Deep/c.mp3",
-                           "c/Music/Later/d.mp3", "c/Music/Later/Sub/e.mp3", "c/Music/Gone/f.mp3"})
+  for (const char* path : {"c/Music/a.mp3", "c/Music/Locked/b.mp3", "c/Music/Locked/Deep/c.mp3", "c/Music/Later/d.mp3",
+                           "c/Music/Later/Sub/e.mp3", "c/Music/Gone/f.mp3"})
     Put(path, "id3v1.mp3");
   Scan(3, "C:\\Music\\");
   const FolderMap folders = CataloguedFolders();
@@ -212,8 +209,8 @@ TEST_F(ScanTest, FoldersThatCannotBeListedKeepTheirRowsWhenEverTheListingFails) 
   EXPECT_EQ(scanner.Report().Notes(), "2 folders could not be read; their entries were kept.");
   auto after = CataloguedFiles();
   EXPECT_EQ(after.size(), 4u);  // a.mp3 and the vanished folder's file are gone
-  for (const char* kept : {"\\Music\\Locked\\b.mp3", "\\Music\\Locked\\Deep\\c.mp3",
-                           "\\Music\\Later\\d.mp3", "\\Music\\Later\\Sub\\e.mp3"})
+  for (const char* kept : {"\\Music\\Locked\\b.mp3", "\\Music\\Locked\\Deep\\c.mp3", "\\Music\\Later\\d.mp3",
+                           "\\Music\\Later\\Sub\\e.mp3"})
     EXPECT_EQ(after[kept], files.at(kept)) << kept;
   EXPECT_EQ(testing_support::QueryNumber(db, "SELECT count(*) FROM MediaPaths WHERE DirtyBit<>0;"), 0);
 
@@ -332,9 +329,8 @@ TEST_F(ScanDeathTest, AReaderFailureEndsTheProgramAndTheTagPhaseIsLost) {
   Put("c/Music/b.mp3", "id3v1.mp3");
   EXPECT_EXIT(
       {
-        messages.OnShow([](const testing_support::ShownMessage& m) {
-          std::fprintf(stderr, "box: %s\n", m.text.c_str());
-        });
+        messages.OnShow(
+            [](const testing_support::ShownMessage& m) { std::fprintf(stderr, "box: %s\n", m.text.c_str()); });
         int reads = 0;
         reader.beforeRead = [&](const std::string&) {
           if (++reads == 2) throw std::runtime_error("reader fault");

@@ -42,7 +42,7 @@ TEST(TagReadAhead, StoppingEndsTheReadersWithoutReadingTheRest) {
     TagReadAhead readAhead(reader, paths, 2, 4);
     readAhead.Take(0);
     readAhead.Stop();
-  }  // the destructor joins the readers
+  }                                       // the destructor joins the readers
   EXPECT_LE(reader.reads.load(), 1 + 4);  // the one taken and a window ahead of it
 }
 

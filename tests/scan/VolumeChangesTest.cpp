@@ -68,8 +68,8 @@ TEST_F(VolumeChangesTest, ADiskUnpluggedDuringARescanKeepsEveryRowAndEdit) {
     std::string folder;  // unplugged as the walk is about to list it; "" while tags are read
     int flags;           // 0, or MNT_DETACH for a lazy unmount
   };
-  for (const Moment& moment : {Moment{"/", 0}, Moment{"/B/", 0}, Moment{"/D/", MNT_DETACH},
-                               Moment{"/B/", MNT_DETACH}, Moment{"", MNT_DETACH}}) {
+  for (const Moment& moment : {Moment{"/", 0}, Moment{"/B/", 0}, Moment{"/D/", MNT_DETACH}, Moment{"/B/", MNT_DETACH},
+                               Moment{"", MNT_DETACH}}) {
     SCOPED_TRACE(moment.folder + " " + std::to_string(moment.flags));
     if (!disk) disk = PlugDisk();
     bool unplugged = false;

@@ -51,8 +51,7 @@ class HeldFile {
       std::istringstream fields(line);
       std::string number, kind, state, type;
       pid_t pid = 0;
-      if (fields >> number >> kind >> state >> type >> pid && kind == "LEASE" && state == "BREAKING" &&
-          pid == child_)
+      if (fields >> number >> kind >> state >> type >> pid && kind == "LEASE" && state == "BREAKING" && pid == child_)
         return true;
     }
     return false;

@@ -17,7 +17,7 @@ namespace testing_support {
 
 class ScriptedPopupMenu : public platform::PopupMenu {
  public:
-  int choice = 0;  // 0: dismissed
+  int choice = 0;                               // 0: dismissed
   std::vector<std::vector<std::string>> shown;  // the entries' texts, menu by menu
 
   int Track(std::span<const platform::MenuEntry> entries) override {
@@ -47,7 +47,7 @@ using ScriptedVolumeInfo = ScriptedForm<VolumeInfoForm, VolumeInfoView>;
 class ScriptedOptions : public OptionsView {
  public:
   int press = kDialogOk;
-  bool browse = false;  // presses "..." before the button
+  bool browse = false;                     // presses "..." before the button
   std::function<void(OptionsForm&)> edit;  // what the user changes, if anything
   std::optional<OptionsForm> opened;
 

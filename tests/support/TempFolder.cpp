@@ -42,8 +42,7 @@ std::string TempFolder::WriteFile(const std::string& relative, const std::string
   return p.string();
 }
 
-TestDrives::TestDrives(std::string programFolder)
-    : folder_((fs::path(programFolder) / "drives").string()) {
+TestDrives::TestDrives(std::string programFolder) : folder_((fs::path(programFolder) / "drives").string()) {
   fs::create_directories(folder_);
 }
 
@@ -57,9 +56,7 @@ void TestDrives::AddFixed(char letter, const std::string& folder) const {
   fs::create_directory_symlink(folder, LinkPath(letter, false));
 }
 
-void TestDrives::AddCd(char letter, const std::string& discFolder) const {
-  InsertDisc(letter, discFolder);
-}
+void TestDrives::AddCd(char letter, const std::string& discFolder) const { InsertDisc(letter, discFolder); }
 
 void TestDrives::InsertDisc(char letter, const std::string& discFolder) const {
   std::string link = LinkPath(letter, true);

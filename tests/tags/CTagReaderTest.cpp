@@ -1,5 +1,3 @@
-#include "tags/CTagReader.h"
-
 #include <gtest/gtest.h>
 #include <taglib/vorbisfile.h>
 
@@ -12,6 +10,7 @@
 
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
+#include "tags/CTagReader.h"
 #include "tests/support/TempFolder.h"
 
 namespace {
@@ -31,10 +30,9 @@ CMediaFile Prefilled() {
 }
 
 auto AllFields(const CMediaFile& r) {
-  return std::tie(r.FileID, r.VolID, r.PathID, r.ScanState, r.DirtyBit, r.FileName, r.Size, r.Type,
-                  r.Title, r.Artist, r.Album, r.Comment, r.Rating, r.id3Title, r.id3Artist,
-                  r.id3Album, r.id3Genre, r.id3Comment, r.Length, r.BitRate, r.SampleRate,
-                  r.Channels);
+  return std::tie(r.FileID, r.VolID, r.PathID, r.ScanState, r.DirtyBit, r.FileName, r.Size, r.Type, r.Title, r.Artist,
+                  r.Album, r.Comment, r.Rating, r.id3Title, r.id3Artist, r.id3Album, r.id3Genre, r.id3Comment, r.Length,
+                  r.BitRate, r.SampleRate, r.Channels);
 }
 
 std::vector<std::vector<std::string>> ManifestRows() {

@@ -1,5 +1,3 @@
-#include "tags/CoverFinder.h"
-
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <taglib/attachedpictureframe.h>
@@ -12,6 +10,7 @@
 
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
+#include "tags/CoverFinder.h"
 #include "tests/support/PermissionsHold.h"
 #include "tests/support/TempFolder.h"
 
@@ -105,8 +104,8 @@ TEST_F(CoverFinderTest, DamagedFilesHugePicturesAndUnreadableFoldersGiveNone) {
   Copy("art.jpg", "Locked/cover.jpg");
   chmod((temp.Path() + "/Locked").c_str(), 0311);
   CoverPicture locked;
-  const bool held = testing_support::RunWherePermissionsHold(temp.Path() + "/Locked",
-                                                             [&] { locked = finder.Find(song); });
+  const bool held =
+      testing_support::RunWherePermissionsHold(temp.Path() + "/Locked", [&] { locked = finder.Find(song); });
   chmod((temp.Path() + "/Locked").c_str(), 0755);
   if (!held) GTEST_SKIP() << "permissions do not hold here";
   EXPECT_EQ(locked.Describe(), "none");

@@ -66,8 +66,7 @@ TEST_F(DialogsTest, OptionsOnACatalogueThatCannotBeWrittenTakeNothingAndSaySo) {
   const std::string readOnly = folder.MakeFolder("ro");
   if (mount(folder.Path().c_str(), readOnly.c_str(), nullptr, MS_BIND, nullptr) != 0)
     GTEST_SKIP() << "bind mounts need privileges";
-  const bool remounted =
-      mount(nullptr, readOnly.c_str(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr) == 0;
+  const bool remounted = mount(nullptr, readOnly.c_str(), nullptr, MS_BIND | MS_REMOUNT | MS_RDONLY, nullptr) == 0;
   bool opened = false;
   if (remounted) {
     MediaDB db;

@@ -60,7 +60,9 @@ class LibraryTest : public ::testing::Test, protected testing_support::ProgramFo
   int AddFolder(int volId, const std::string& fullPath, int parentId = -1) {
     return testing_support::StoreFolder(app->Db(), volId, fullPath, parentId);
   }
-  int AddFile(int pathId, const std::string& fileName) { return testing_support::StoreFile(app->Db(), pathId, fileName); }
+  int AddFile(int pathId, const std::string& fileName) {
+    return testing_support::StoreFile(app->Db(), pathId, fileName);
+  }
 
   void Exec(const std::string& sql) { testing_support::RunSql(app->Db(), sql); }
 
@@ -70,8 +72,8 @@ class LibraryTest : public ::testing::Test, protected testing_support::ProgramFo
     std::string text;
     for (platform::TreeItem node : tree.Children(parent)) {
       const auto& item = tree.At(node);
-      text += std::string(2 * depth, ' ') + item.label + "=" + std::to_string(item.value) +
-              (item.expanded ? "+" : "") + (item.bold ? "*" : "") + "\n";
+      text += std::string(2 * depth, ' ') + item.label + "=" + std::to_string(item.value) + (item.expanded ? "+" : "") +
+              (item.bold ? "*" : "") + "\n";
       text += Dump(node, depth + 1);
     }
     return text;
@@ -96,8 +98,8 @@ class LibraryTest : public ::testing::Test, protected testing_support::ProgramFo
   testing_support::ScriptedVolumeInfo volumeInfo;
   testing_support::ScriptedFileInfo fileInfo;
   RecordingScanHost scanHost{messages};
-  std::unique_ptr<CLibraryApp> app = std::make_unique<CLibraryApp>(
-      folder.Path() + "/", PlatformServices{table, files, messages, media});
+  std::unique_ptr<CLibraryApp> app =
+      std::make_unique<CLibraryApp>(folder.Path() + "/", PlatformServices{table, files, messages, media});
   ScanCommands scans{app->Scanner(), app->Drives(), app->Settings(), picker, scanHost};
   platform::MemoryTreeControl tree;
   platform::MemoryListControl list;

@@ -1,7 +1,7 @@
 #include <limits>
 
-#include "tests/ui/LibraryFixture.h"
 #include "tests/support/CatalogueRows.h"
+#include "tests/ui/LibraryFixture.h"
 #include "ui/NodeValue.h"
 #include "ui/QuickSearch.h"
 
@@ -10,11 +10,18 @@ namespace {
 using Strings = std::vector<std::string>;
 
 TEST(NodeValue, DecodesTheFiveRangesAndNothingOutsideThem) {
-  const std::pair<std::int32_t, std::string> cases[] = {
-      {0, "-1 -1"},        {-7, "-1 -1"},        {80000000, "-1 -1"},   {1, "0 1"},
-      {49999999, "0 49999999"}, {50000000, "1 0"}, {59999999, "1 9999999"}, {60000005, "2 5"},
-      {70000003, "3 3"},   {79999999, "3 9999999"}, {80000001, "4 1"},
-      {std::numeric_limits<std::int32_t>::max(), "4 2067483647"}};
+  const std::pair<std::int32_t, std::string> cases[] = {{0, "-1 -1"},
+                                                        {-7, "-1 -1"},
+                                                        {80000000, "-1 -1"},
+                                                        {1, "0 1"},
+                                                        {49999999, "0 49999999"},
+                                                        {50000000, "1 0"},
+                                                        {59999999, "1 9999999"},
+                                                        {60000005, "2 5"},
+                                                        {70000003, "3 3"},
+                                                        {79999999, "3 9999999"},
+                                                        {80000001, "4 1"},
+                                                        {std::numeric_limits<std::int32_t>::max(), "4 2067483647"}};
   for (const auto& [value, expected] : cases) {
     const DecodedNode node = DecodeItemValue(value);
     EXPECT_EQ(std::to_string(static_cast<int>(node.kind)) + " " + std::to_string(node.id), expected) << value;
@@ -37,8 +44,8 @@ class LibraryTreeTest : public LibraryTest {
     AddFolder(network, "\\Net\\");
     rockFile = AddFile(rock, "a.mp3");
     liveFile = AddFile(live, "b.mp3");
-    Exec("INSERT INTO PlayLists(Name,FileIDs) VALUES ('Evening','" + std::to_string(liveFile) +
-         ",99," + std::to_string(liveFile) + "');");
+    Exec("INSERT INTO PlayLists(Name,FileIDs) VALUES ('Evening','" + std::to_string(liveFile) + ",99," +
+         std::to_string(liveFile) + "');");
     app->Tree().Rebuild();
   }
   std::string Count(const std::string& rows) {
@@ -92,9 +99,8 @@ TEST_F(LibraryTreeTest, EachKindHasItsMenuAndOtherNodesOnlyGetSelected) {
   EXPECT_TRUE(Rows().empty());
   EXPECT_TRUE(menu.shown.empty());
   for (std::int32_t value : {50000001, rock, 80000001}) libraryTree.OnContextMenu(Node(value));
-  EXPECT_EQ(menu.shown, (std::vector<Strings>{{"Vol Info / Edit", "remove", "rescan"},
-                                               {"remove", "rescan"},
-                                               {"remove"}}));
+  EXPECT_EQ(menu.shown,
+            (std::vector<Strings>{{"Vol Info / Edit", "remove", "rescan"}, {"remove", "rescan"}, {"remove"}}));
 }
 
 TEST_F(LibraryTreeTest, RemovalAsksFirstAndCascadesByPathPrefix) {

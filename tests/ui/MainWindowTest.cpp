@@ -63,11 +63,21 @@ class MainWindowTest : public LibraryTest, private MainWindowView, private PlayL
   CopyCommands copy{app->PlayList(), app->Db(), app->Drives(), app->Settings(), copyDialogs};
   testing_support::ScriptedInputDialog input;
   testing_support::ScriptedOptions options;
-  CMainDlg window{{app->Db(), app->Tree(), app->List(), {tree, menu, volumeInfo, scans}, {list, menu, fileInfo}, scans,
-                   app->Playback(), app->Settings(), app->Drives(), picker, options,
-                   {app->PlayList(), app->Playback(), copy, app->Settings(), app->Drives(), picker, input, app->PlayThrough()},
-                   *this},
-                  *this};
+  CMainDlg window{
+      {app->Db(),
+       app->Tree(),
+       app->List(),
+       {tree, menu, volumeInfo, scans},
+       {list, menu, fileInfo},
+       scans,
+       app->Playback(),
+       app->Settings(),
+       app->Drives(),
+       picker,
+       options,
+       {app->PlayList(), app->Playback(), copy, app->Settings(), app->Drives(), picker, input, app->PlayThrough()},
+       *this},
+      *this};
 };
 
 TEST_F(MainWindowTest, AFirstStartFitsBothWindowsOnTheScreenAndKeysAndMenusGoWhereTheyBelong) {

@@ -1,5 +1,5 @@
-#include "tests/ui/LibraryFixture.h"
 #include "platform/ColumnLayout.h"
+#include "tests/ui/LibraryFixture.h"
 #include "ui/QuickSearch.h"
 
 namespace {
@@ -36,13 +36,12 @@ class MediaListTest : public LibraryTest {
 TEST_F(MediaListTest, RowsShowUserTextsOverTagsRatingsLengthsAndVolumes) {
   app->List().FillWithFolder(folderId);
   const Strings folderRows{"1|Song A|Quartet|a.mp3|***       | 4:05|[drive E:]",
-                           "2|Mine|Me|b.mp3|          | 0:59|[drive E:]",
-                           "3|||c.mp3|**********|100:00|[drive E:]"};
+                           "2|Mine|Me|b.mp3|          | 0:59|[drive E:]", "3|||c.mp3|**********|100:00|[drive E:]"};
   EXPECT_EQ(Rows(), folderRows);
   // A play list's rows come in its order and look the same.
   app->Tree().SelectNode(Node(80000001));
-  EXPECT_EQ(Rows(), (Strings{"4|It's  abc||d.mp3|          |10:00|Jazz 1", folderRows[0], folderRows[1],
-                             folderRows[2]}));
+  EXPECT_EQ(Rows(),
+            (Strings{"4|It's  abc||d.mp3|          |10:00|Jazz 1", folderRows[0], folderRows[1], folderRows[2]}));
 }
 
 TEST_F(MediaListTest, QuickSearchTrimsTrailingBlanksOnlyMatchesLiterallyAndFoldsCase) {
@@ -51,10 +50,18 @@ TEST_F(MediaListTest, QuickSearchTrimsTrailingBlanksOnlyMatchesLiterallyAndFolds
   Exec("UPDATE MediaFiles SET Title='10 a1' WHERE FileID=3;");
   // "%", "_" and "\" are plain characters ("0%" would find "10 a1" as a
   // pattern); the final sigma meets the capital; rows come in catalogue order.
-  for (const auto& [text, ids] : std::vector<std::pair<std::string, Strings>>{
-           {"  abc  ", {"4"}}, {"   abc", {}}, {"'s", {"4"}}, {"SONG", {"1", "2"}}, {"0%", {"5"}},
-           {"łÓDŹ", {"5"}}, {"édith ñ", {"5"}}, {"ÉDITH", {"5"}}, {"σίσυφος", {"5"}}, {"_\\.", {"5"}},
-           {"a_", {}}, {"1", {"3", "5"}}})
+  for (const auto& [text, ids] : std::vector<std::pair<std::string, Strings>>{{"  abc  ", {"4"}},
+                                                                              {"   abc", {}},
+                                                                              {"'s", {"4"}},
+                                                                              {"SONG", {"1", "2"}},
+                                                                              {"0%", {"5"}},
+                                                                              {"łÓDŹ", {"5"}},
+                                                                              {"édith ñ", {"5"}},
+                                                                              {"ÉDITH", {"5"}},
+                                                                              {"σίσυφος", {"5"}},
+                                                                              {"_\\.", {"5"}},
+                                                                              {"a_", {}},
+                                                                              {"1", {"3", "5"}}})
     EXPECT_EQ(Search(text), ids) << text;
   app->Tree().SelectNode(Node(folderId));
   EXPECT_EQ(Search(" \t"), Strings{});
@@ -63,8 +70,9 @@ TEST_F(MediaListTest, QuickSearchTrimsTrailingBlanksOnlyMatchesLiterallyAndFolds
 }
 
 TEST_F(MediaListTest, FileInfoKeepsUserTextsUnlessTheEditDiffersFromTheTag) {
-  Exec("UPDATE MediaFiles SET Album='Mine',id3Album='Tag',id3Artist='Band',id3Comment='Note',BitRate=128,"
-       "SampleRate=44100,Channels=2 WHERE FileID=2;");
+  Exec(
+      "UPDATE MediaFiles SET Album='Mine',id3Album='Tag',id3Artist='Band',id3Comment='Note',BitRate=128,"
+      "SampleRate=44100,Channels=2 WHERE FileID=2;");
   app->List().FillWithFolder(folderId);
   EXPECT_FALSE(app->List().EditFileInfo());  // no row selected
   list.Select({1});
@@ -76,8 +84,8 @@ TEST_F(MediaListTest, FileInfoKeepsUserTextsUnlessTheEditDiffersFromTheTag) {
   };
   EXPECT_TRUE(app->List().EditFileInfo());
   const FileInfoForm& opened = *fileInfo.opened;
-  EXPECT_EQ(opened.title + "|" + opened.comment + "|" + opened.length + "|" + opened.bitRate + "|" +
-                opened.sampleRate + "|" + opened.channels,
+  EXPECT_EQ(opened.title + "|" + opened.comment + "|" + opened.length + "|" + opened.bitRate + "|" + opened.sampleRate +
+                "|" + opened.channels,
             "Mine|Note|Length:  0:59|Bit Rate: 128 kb/s|Sample Rate: 44100 Hz|Channels: 2");
   EXPECT_EQ(opened.checkedRating, 0);
   const auto file = app->Db().GetFile(2);

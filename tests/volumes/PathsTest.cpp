@@ -24,8 +24,7 @@ TEST(Paths, FileTypeFromTheExtension) {
   EXPECT_EQ(GetFileType("song.mp3.txt"), kNotMedia);
   EXPECT_EQ(GetFileType("song."), kNotMedia);
   // The other formats only when every format is asked for.
-  for (auto [name, type] : {std::pair{"a.FLAC", kFlac}, {"b.mpc", kMusepack}, {"c.Opus", kOpus},
-                            {"d.m4A", kM4a}}) {
+  for (auto [name, type] : {std::pair{"a.FLAC", kFlac}, {"b.mpc", kMusepack}, {"c.Opus", kOpus}, {"d.m4A", kM4a}}) {
     EXPECT_EQ(GetFileType(name), kNotMedia) << name;
     EXPECT_EQ(GetFileType(name, AudioFormats::Every), type) << name;
   }

@@ -7,11 +7,11 @@
 #include <fstream>
 
 #include "dialogs/CFileInfoDlg.h"
+#include "platform/LinuxDriveTable.h"
+#include "platform/LinuxFileSystem.h"
 #include "playlists/CCopyDlg.h"
 #include "playlists/CPlayListDlg.h"
 #include "playlists/CopyCommands.h"
-#include "platform/LinuxDriveTable.h"
-#include "platform/LinuxFileSystem.h"
 #include "qt/dialogs/QtAboutBox.h"
 #include "qt/dialogs/QtCoverLoader.h"
 #include "qt/dialogs/QtFileInfoDialog.h"
@@ -123,8 +123,8 @@ std::unique_ptr<QWidget> FolderPicker() {
   static QTemporaryDir samples;
   for (const char* name : {"Music/Jazz", "Music/Low Tide", "Music/Quiet Owls", "QORCache"})
     QDir(samples.path()).mkpath(QString::fromLatin1(name));
-  auto dialog = std::make_unique<QFileDialog>(nullptr, ScanCommands::kPickerTitle,
-                                              samples.path() + QStringLiteral("/Music"));
+  auto dialog =
+      std::make_unique<QFileDialog>(nullptr, ScanCommands::kPickerTitle, samples.path() + QStringLiteral("/Music"));
   dialog->setFileMode(QFileDialog::Directory);
   dialog->setOption(QFileDialog::ShowDirsOnly);
   return dialog;
@@ -141,9 +141,7 @@ void AddDialogShots(ShotList& shots) {
   shots.push_back({"scan-volume.png", Scan});
   shots.push_back({"copying-files.png", Copy});
   shots.push_back({"message-scan-complete.png", Message(CScanDlg::kComplete, platform::Buttons::Ok)});
-  shots.push_back({"message-insert-cd.png",
-                   Message("Please Insert CD into drive D:", platform::Buttons::RetryCancel)});
-  shots.push_back({"message-clear-cache.png",
-                   Message(CopyCommands::kClearCacheQuestion, platform::Buttons::OkCancel)});
+  shots.push_back({"message-insert-cd.png", Message("Please Insert CD into drive D:", platform::Buttons::RetryCancel)});
+  shots.push_back({"message-clear-cache.png", Message(CopyCommands::kClearCacheQuestion, platform::Buttons::OkCancel)});
   shots.push_back({"about.png", [] { return std::unique_ptr<QWidget>(new QtAboutBox); }});
 }

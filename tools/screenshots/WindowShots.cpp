@@ -28,9 +28,7 @@ namespace {
 // Nothing is played for a picture, and no question is asked.
 class QuietMessages : public platform::MessageBox {
  public:
-  platform::Answer Show(const std::string&, platform::Buttons, platform::Icon) override {
-    return platform::Answer::Ok;
-  }
+  platform::Answer Show(const std::string&, platform::Buttons, platform::Icon) override { return platform::Answer::Ok; }
 };
 
 // A device that takes every file and is always 1:23 into a song of 4:05.
@@ -71,8 +69,7 @@ class SampleDesktop : public QObject {
         covers(files),
         dialogs(messages, covers) {
     std::filesystem::create_directories(folder.path().toStdString() + "/drives");
-    std::filesystem::create_directory_symlink(folder.path().toStdString(),
-                                              folder.path().toStdString() + "/drives/c:");
+    std::filesystem::create_directory_symlink(folder.path().toStdString(), folder.path().toStdString() + "/drives/c:");
     app.Start();
     if (firstStart_) return;
     app.Settings().mainWidth = 760;

@@ -32,8 +32,7 @@ QPixmap Framed(QWidget& window) {
   QPainter painter(&framed);
   painter.setFont(window.font());
   painter.setPen(Qt::white);
-  painter.drawText(QRect(8, 0, framed.width() - 16, bar), Qt::AlignVCenter | Qt::AlignLeft,
-                   window.windowTitle());
+  painter.drawText(QRect(8, 0, framed.width() - 16, bar), Qt::AlignVCenter | Qt::AlignLeft, window.windowTitle());
   painter.drawPixmap(1, bar, surface);
   return framed;
 }
@@ -45,8 +44,7 @@ bool Render(const Shot& shot, const QDir& folder) {
   Settle(300);
   const QString path = folder.filePath(shot.file);
   const bool saved = Framed(window).save(path, "PNG");
-  std::fprintf(saved ? stdout : stderr, "%s %s\n", saved ? "wrote" : "could not write",
-               qPrintable(path));
+  std::fprintf(saved ? stdout : stderr, "%s %s\n", saved ? "wrote" : "could not write", qPrintable(path));
   return saved;
 }
 

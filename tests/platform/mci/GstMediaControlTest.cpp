@@ -1,7 +1,4 @@
-#include "platform/mci/GstMediaControl.h"
-
 #include <gtest/gtest.h>
-
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -13,6 +10,7 @@
 #include <string>
 #include <thread>
 
+#include "platform/mci/GstMediaControl.h"
 #include "tests/support/Eventually.h"
 #include "tests/support/HeldFile.h"
 #include "tests/support/TempFolder.h"
@@ -38,8 +36,7 @@ struct Answer {
 // One media control, driven with command strings as the player sends them.
 class Mci {
  public:
-  explicit Mci(AudioOutput output = AudioOutput::Silent,
-               GstMediaControl::PathMapper mapper = nullptr)
+  explicit Mci(AudioOutput output = AudioOutput::Silent, GstMediaControl::PathMapper mapper = nullptr)
       : mci_(output, std::move(mapper)) {}
 
   Answer Send(const std::string& command) {
@@ -66,9 +63,8 @@ class Mci {
 
 TEST(GstMediaControl, EveryFormatOpensPlaysFromAPositionAndStops) {
   Mci mci;
-  for (const char* name :
-       {"id3v2.mp3", "SONG.MP3", "vorbis.ogg", "LOUD.WMA", "quiet.wma", "lossless.flac",
-        "musepack.mpc", "speech.opus", "Tone.M4A"}) {
+  for (const char* name : {"id3v2.mp3", "SONG.MP3", "vorbis.ogg", "LOUD.WMA", "quiet.wma", "lossless.flac",
+                           "musepack.mpc", "speech.opus", "Tone.M4A"}) {
     SCOPED_TRACE(name);
     ASSERT_EQ(mci.Open(kFixtures + name, "tune"), 0u);
     EXPECT_EQ(mci.Send("set tune time format ms").code, 0u);
@@ -170,8 +166,8 @@ TEST(GstMediaControl, DrivePathsAreMappedAliasesIgnoreCaseAndUnplayableFilesLeav
   // Files that cannot be played leave the alias free.
   EXPECT_EQ(mci.Open(music.Path() + "/missing.mp3", "a"), 275u);
   EXPECT_EQ(mci.Open(music.MakeFolder("album.mp3"), "a"), kMciNotRegularFile);
-  for (const std::string& path : {music.WriteFile("notes.mp3", "just words\n"),
-                                  kFixtures + "empty.mp3", kFixtures + "truncated.flac"})
+  for (const std::string& path :
+       {music.WriteFile("notes.mp3", "just words\n"), kFixtures + "empty.mp3", kFixtures + "truncated.flac"})
     EXPECT_EQ(mci.Open(path, "a"), 296u) << path;
   EXPECT_EQ(mci.Send("status a length").code, 263u);
   EXPECT_EQ(mci.Open(kFixtures + "lossless.flac", "a"), 0u);

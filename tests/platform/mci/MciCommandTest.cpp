@@ -1,8 +1,8 @@
-#include "platform/mci/MciCommand.h"
-
 #include <gtest/gtest.h>
 
 #include <limits>
+
+#include "platform/mci/MciCommand.h"
 
 namespace platform::mci {
 namespace {
@@ -24,8 +24,7 @@ TEST(MciCommand, OpenTakesAQuotedPathWholeAndKeywordsIgnoreCase) {
   EXPECT_TRUE(ParseMciCommand("seek a to end")->toEnd);
   EXPECT_EQ(ParseMciCommand("setaudio Song volume to 1200")->volume, 1200u);
   // A start past any number still parses, at the largest.
-  EXPECT_EQ(ParseMciCommand("play a from 99999999999999999999999")->fromMs,
-            std::numeric_limits<std::uint64_t>::max());
+  EXPECT_EQ(ParseMciCommand("play a from 99999999999999999999999")->fromMs, std::numeric_limits<std::uint64_t>::max());
 }
 
 // The path is read between the first quote and the one before the fixed
@@ -42,17 +41,43 @@ TEST(MciCommand, OpenReadsAPathHoldingQuotesByItsTail) {
 }
 
 TEST(MciCommand, AnythingElseIsRejected) {
-  for (const char* junk : {
-           "", "   ", "pause", "pause a b", "resume", "seek a 5", "seek a to", "seek a to -1",
-           "seek a to soon", "setaudio a volume 5", "setaudio a volume to", "setaudio a treble to 5",
-           "status a moods", "play a", "play a from", "play a from -5", "play a from 5x",
-           "play a to 5", "status a", "stop", "stop a b", "close", "close a b",
-           "set a time format frames", "set a time format", "open x type waveaudio alias a",
-           "open x type mpegvideo alias", "open x type mpegvideo alias a extra",
-           R"(open "unterminated type mpegvideo alias a)", R"(open "a"b type mpegvideo alias a)",
-           R"(open a"b type mpegvideo alias a)", R"(open "" type mpegvideo alias a)",
-           R"(open "x" type mpegvideo alias a"b)", R"(open "x"type mpegvideo alias a)",
-           R"(opening "x" type mpegvideo alias a)", "open", R"(open " type mpegvideo alias a)"}) {
+  for (const char* junk : {"",
+                           "   ",
+                           "pause",
+                           "pause a b",
+                           "resume",
+                           "seek a 5",
+                           "seek a to",
+                           "seek a to -1",
+                           "seek a to soon",
+                           "setaudio a volume 5",
+                           "setaudio a volume to",
+                           "setaudio a treble to 5",
+                           "status a moods",
+                           "play a",
+                           "play a from",
+                           "play a from -5",
+                           "play a from 5x",
+                           "play a to 5",
+                           "status a",
+                           "stop",
+                           "stop a b",
+                           "close",
+                           "close a b",
+                           "set a time format frames",
+                           "set a time format",
+                           "open x type waveaudio alias a",
+                           "open x type mpegvideo alias",
+                           "open x type mpegvideo alias a extra",
+                           R"(open "unterminated type mpegvideo alias a)",
+                           R"(open "a"b type mpegvideo alias a)",
+                           R"(open a"b type mpegvideo alias a)",
+                           R"(open "" type mpegvideo alias a)",
+                           R"(open "x" type mpegvideo alias a"b)",
+                           R"(open "x"type mpegvideo alias a)",
+                           R"(opening "x" type mpegvideo alias a)",
+                           "open",
+                           R"(open " type mpegvideo alias a)"}) {
     EXPECT_FALSE(ParseMciCommand(junk)) << junk;
   }
 }

@@ -1,21 +1,20 @@
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QGroupBox>
 #include <QTest>
-#include <unistd.h>
-
 #include <algorithm>
 #include <atomic>
-#include <condition_variable>
-#include <mutex>
-#include <optional>
-#include <set>
-#include <vector>
 #include <chrono>
+#include <condition_variable>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <mutex>
+#include <optional>
+#include <set>
 #include <thread>
+#include <vector>
 
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
@@ -40,7 +39,7 @@ std::string BmpHeaders(std::uint32_t width, std::uint32_t height) {
   auto put = [&bytes](std::uint32_t value, int size) {
     for (int i = 0; i < size; ++i) bytes += static_cast<char>((value >> (8 * i)) & 0xFF);
   };
-  put(54 + width * height * 3, 4), put(0, 4), put(54, 4);           // file header
+  put(54 + width * height * 3, 4), put(0, 4), put(54, 4);            // file header
   put(40, 4), put(width, 4), put(height, 4), put(1, 2), put(24, 2);  // info header
   put(0, 4), put(width * height * 3, 4), put(2835, 4), put(2835, 4), put(0, 4), put(0, 4);
   return bytes;

@@ -39,8 +39,20 @@ std::vector<bool> Checked(const QWidget& dialog) {
 }
 
 FileInfoForm SongForm(int rating) {
-  return {"song.mp3", "Caf\xe9", "Artist", "Album", "Comment", "Length:  4:05",
-          "Bit Rate: 192 kb/s", "Sample Rate: 44100 Hz", "Channels: 2", rating, "MPEG Info", 0, "", {}};
+  return {"song.mp3",
+          "Caf\xe9",
+          "Artist",
+          "Album",
+          "Comment",
+          "Length:  4:05",
+          "Bit Rate: 192 kb/s",
+          "Sample Rate: 44100 Hz",
+          "Channels: 2",
+          rating,
+          "MPEG Info",
+          0,
+          "",
+          {}};
 }
 
 TEST(FileInfoDialog, ShowsTheFormHandsBackTheEditsAndCancelChangesNothing) {
@@ -52,8 +64,7 @@ TEST(FileInfoDialog, ShowsTheFormHandsBackTheEditsAndCancelChangesNothing) {
     EXPECT_EQ(Checked(shown), (std::vector<bool>{false, false, true, false, false}));
     QStringList info;
     for (QLabel* label : shown.findChild<QGroupBox*>()->findChildren<QLabel*>()) info << label->text();
-    EXPECT_EQ(info, QStringList({"Length:  4:05", "Bit Rate: 192 kb/s", "Sample Rate: 44100 Hz",
-                                 "Channels: 2"}));
+    EXPECT_EQ(info, QStringList({"Length:  4:05", "Bit Rate: 192 kb/s", "Sample Rate: 44100 Hz", "Channels: 2"}));
     QLineEdit& file = Edit(shown, "File:");
     QTest::keyClicks(&file, "x");
     EXPECT_EQ(file.text(), "song.mp3");
@@ -160,8 +171,7 @@ TEST(AboutBox, NamesTheProductAndLinksTheProjectsReadmeAndLicence) {
   for (QLabel* label : box.findChildren<QLabel*>()) text += label->text();
   EXPECT_TRUE(text.contains("Tandrelo Vantrelle") && text.contains("v1.4"));
   QStringList linked;
-  for (const QRegularExpressionMatch& link :
-       QRegularExpression("href=\"file://([^\"]+)\"").globalMatch(text)) {
+  for (const QRegularExpressionMatch& link : QRegularExpression("href=\"file://([^\"]+)\"").globalMatch(text)) {
     EXPECT_TRUE(QFileInfo(link.captured(1)).isFile()) << link.captured(1).toStdString();
     linked << QFileInfo(link.captured(1)).fileName();
   }

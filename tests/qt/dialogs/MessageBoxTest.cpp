@@ -45,8 +45,7 @@ TEST(QtMessageBox, QuestionsFromAWorkerAndFromTheUserInterfaceThreadAreAnswered)
     EXPECT_EQ(box.standardButtons(), QMessageBox::Retry | QMessageBox::Cancel);
     QTest::mouseClick(box.button(QMessageBox::Retry), Qt::LeftButton);
   });
-  EXPECT_EQ(messages.Show("Please Insert CD into drive E:", Buttons::RetryCancel, Icon::Information),
-            Answer::Retry);
+  EXPECT_EQ(messages.Show("Please Insert CD into drive E:", Buttons::RetryCancel, Icon::Information), Answer::Retry);
   WhenShown<QMessageBox>([](QMessageBox& box) {
     EXPECT_EQ(box.icon(), QMessageBox::Critical);
     QTest::keyClick(&box, Qt::Key_Escape);

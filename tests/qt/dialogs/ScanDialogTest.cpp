@@ -10,8 +10,8 @@
 #include "qt/dialogs/QtWorkerDialogHost.h"
 #include "scan/CScanDlg.h"
 #include "tests/qt/dialogs/WhenShown.h"
-#include "tests/support/QtEventually.h"
 #include "tests/scan/ScanFixture.h"
+#include "tests/support/QtEventually.h"
 
 namespace {
 
