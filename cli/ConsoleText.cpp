@@ -7,14 +7,14 @@
 
 std::string FolderArgument(CLibraryApp& app, const std::string& argument) {
   if (platform::IsDrivePath(argument)) {
-    const std::string folder = app.Drives().FolderWithinDrive(argument);
+    std::string folder = app.Drives().FolderWithinDrive(argument);
     if (folder.empty())
       throw UsageError("the folder '" + argument + "' lies above the root of drive " + argument.substr(0, 2));
     return folder;
   }
   std::error_code error;
   const auto absolute = std::filesystem::absolute(argument, error);
-  const std::string drivePath = error ? "" : app.Drives().ToDrivePath(absolute.lexically_normal().string());
+  std::string drivePath = error ? "" : app.Drives().ToDrivePath(absolute.lexically_normal().string());
   if (drivePath.empty()) throw UsageError("the folder '" + argument + "' lies on no drive of the drive table");
   return drivePath;
 }

@@ -7,7 +7,7 @@
 // Plays the files (each listed once) one after another from the first,
 // printing "ROW/COUNT FILENAME" as each starts; `seconds` of each when given. Returns when the
 // last one ended, a disc prompt was cancelled or a file did not play.
-void PlayFilesThrough(CLibraryApp& app, const IdList& files, std::optional<int> seconds, std::FILE* out);
+void PlayFilesThrough(CLibraryApp& app, const IdList& rows, std::optional<int> seconds, std::FILE* out);
 
 // `play-list PLAYLISTID [--seconds N]`: plays a stored play list through from
 // its first file, printing each file as it starts; N seconds of each file

@@ -59,6 +59,7 @@ class MemoryListControl : public ListControl {
   void SetExtendedStyle(unsigned newStyles) override { styles = newStyles; }
   void ReorderRows(const std::vector<int>& newOrder) override {
     std::vector<Row> reordered;
+    reordered.reserve(newOrder.size());
     for (int from : newOrder) reordered.push_back(rows.at(static_cast<std::size_t>(from)));
     rows = std::move(reordered);
   }

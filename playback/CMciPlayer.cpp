@@ -33,7 +33,7 @@ std::int32_t CMciPlayer::StatusNumber(const char* item) {
   return static_cast<std::int32_t>(std::atoi(reply));
 }
 
-int CMciPlayer::Open(std::string path, std::uint64_t openNumber) {
+int CMciPlayer::Open(const std::string& path, std::uint64_t openNumber) {
   if (isOpen_) Close();
   // Built as a growable string: a long path must reach the device whole.
   const std::string command = "open \"" + path + "\" type mpegvideo alias " + alias_;

@@ -42,7 +42,7 @@ class CMciPlayer {
   //
   // openNumber (from 1, rising) lets another thread give this open up with
   // AbandonOpensThrough; it then fails with kMciOpenAbandoned.
-  int Open(std::string path, std::uint64_t openNumber = 0);
+  int Open(const std::string& path, std::uint64_t openNumber = 0);
   // Gives up the opens numbered up to openNumber, waiting now or sent later.
   // The one call that may come from any thread.
   void AbandonOpensThrough(std::uint64_t openNumber);

@@ -101,6 +101,7 @@ void QtListControl::SetColumnWidth(int column, int width) { setColumnWidth(colum
 
 std::vector<int> QtListControl::ColumnOrder() const {
   std::vector<int> order;
+  order.reserve(static_cast<std::size_t>(horizontalHeader()->count()));
   for (int visual = 0; visual < horizontalHeader()->count(); ++visual)
     order.push_back(horizontalHeader()->logicalIndex(visual));
   return order;

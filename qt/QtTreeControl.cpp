@@ -108,7 +108,7 @@ void QtTreeControl::contextMenuEvent(QContextMenuEvent* event) {
   if (onContextMenu) onContextMenu(hit);
 }
 
-void QtTreeControl::ReportSelection() {
+void QtTreeControl::ReportSelection() const {
   if (changing_ || !onSelectionChanged) return;
   const platform::TreeItem selected = SelectedItem();
   if (selected != kNoItem) onSelectionChanged(selected);

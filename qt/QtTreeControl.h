@@ -39,7 +39,7 @@ class QtTreeControl final : public QTreeWidget, public platform::TreeControl {
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
-  void ReportSelection();
+  void ReportSelection() const;
 
   std::vector<QTreeWidgetItem*> items_;  // handle h is items_[h - 1]
   bool changing_ = false;                // the logic is changing the tree

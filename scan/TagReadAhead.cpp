@@ -5,8 +5,8 @@
 TagReadAhead::TagReadAhead(TagReader& reader, std::vector<std::string> fullPaths, unsigned threads, std::size_t window)
     : TagReadAhead(reader, std::make_shared<const std::vector<std::string>>(std::move(fullPaths)), threads, window) {}
 
-TagReadAhead::TagReadAhead(TagReader& reader, std::shared_ptr<const std::vector<std::string>> paths, unsigned threads,
-                           std::size_t window)
+TagReadAhead::TagReadAhead(TagReader& reader, const std::shared_ptr<const std::vector<std::string>>& paths,
+                           unsigned threads, std::size_t window)
     : TagReadAhead(
           reader, paths->size(), [paths](std::size_t i) { return (*paths)[i]; }, threads, window) {}
 

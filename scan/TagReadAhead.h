@@ -53,7 +53,7 @@ class TagReadAhead {
   void Stop();
 
  private:
-  TagReadAhead(TagReader& reader, std::shared_ptr<const std::vector<std::string>> paths, unsigned threads,
+  TagReadAhead(TagReader& reader, const std::shared_ptr<const std::vector<std::string>>& paths, unsigned threads,
                std::size_t window);
 
   struct Slot {

@@ -114,7 +114,8 @@ std::optional<CoverPicture> Embedded(const std::string& localPath, bool& tooLarg
   const Candidate* chosen = nullptr;
   for (const Candidate& candidate : found) {
     // Only the first bytes are looked at before the size is known to be fine.
-    const std::string start(candidate.bytes.data(), std::min<std::size_t>(candidate.bytes.size(), 64 * 1024));
+    const std::string start(candidate.bytes.data(),
+                            std::min<std::size_t>(candidate.bytes.size(), std::size_t{64} * 1024));
     if (!CoverFinder::LooksLikePicture(start)) continue;
     if (candidate.bytes.size() > CoverFinder::kMaxPictureBytes || !CoverFinder::SmallEnough(start)) {
       tooLarge = true;

@@ -41,7 +41,7 @@ struct CoverPicture {
 class CoverFinder {
  public:
   // Far above any cover worth showing; a larger picture is taken for damage.
-  static constexpr std::size_t kMaxPictureBytes = 8 * 1024 * 1024;
+  static constexpr std::size_t kMaxPictureBytes = std::size_t{8} * 1024 * 1024;
   // Pixels on a side: more is not decoded for showing either.
   static constexpr long kMaxDimension = 4096;
   static constexpr std::array<const char*, 4> kFolderNames{"folder.jpg", "cover.jpg", "front.jpg", "cover.png"};

@@ -60,7 +60,7 @@ class GstMediaControl final : public MediaControl {
   void AbandonOpensThrough(std::uint64_t number) override;
 
  private:
-  std::uint32_t Run(std::string_view command, std::string& reply);
+  std::uint32_t Run(std::string_view text, std::string& reply);
   std::uint32_t Open(const std::string& path, const std::string& alias);
   std::string LocalFile(const std::string& path) const;
 
