@@ -153,9 +153,7 @@ std::optional<MciCommand> ParseClose(const Tokens& t) {
   return ParseAliasOnly(t, MciVerb::Close);
 }
 
-}  // namespace
-
-std::optional<MciCommand> ParseMciCommand(std::string_view text) {
+std::optional<MciCommand> ParseForm(std::string_view text) {
   const std::string_view start = TrimBlanks(text);
   if (start.size() >= 5 && SameWord(start.substr(0, 4), "open") && IsBlank(start[4])) return ParseOpen(start);
   auto tokens = SplitTokens(text);
@@ -172,6 +170,15 @@ std::optional<MciCommand> ParseMciCommand(std::string_view text) {
   if (SameWord(verb, "setaudio")) return ParseSetAudio(t);
   if (SameWord(verb, "close")) return ParseClose(t);
   return std::nullopt;
+}
+
+}  // namespace
+
+// Every form but "close all" names its device, and an empty name ("") names none.
+std::optional<MciCommand> ParseMciCommand(std::string_view text) {
+  std::optional<MciCommand> command = ParseForm(text);
+  if (command && command->verb != MciVerb::CloseAll && command->alias.empty()) return std::nullopt;
+  return command;
 }
 
 }  // namespace platform::mci

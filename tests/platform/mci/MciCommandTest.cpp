@@ -54,6 +54,8 @@ TEST(MciCommand, AnythingElseIsRejected) {
                            "setaudio a volume to",
                            "setaudio a treble to 5",
                            "status a moods",
+                           "status \"\" position",  // an empty name names no device
+                           "stop \"\"",
                            "play a",
                            "play a from",
                            "play a from -5",
