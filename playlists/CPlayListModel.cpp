@@ -1,6 +1,7 @@
 #include "playlists/CPlayListModel.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 #include "base/LengthText.h"
 #include "platform/ListControl.h"
@@ -56,11 +57,12 @@ void CPlayListModel::InsertColumns() {
     list_->InsertColumn(static_cast<int>(column), kColumns[column].heading, kColumns[column].width);
 }
 
-bool CPlayListModel::Contains(std::int32_t fileId) const {
-  if (!list_) return false;
-  for (int row = 0; row < list_->RowCount(); ++row)
-    if (list_->RowValue(row) == fileId) return true;
-  return false;
+std::unordered_set<std::int32_t> CPlayListModel::ListedIds() const {
+  std::unordered_set<std::int32_t> ids;
+  if (!list_) return ids;
+  ids.reserve(static_cast<std::size_t>(list_->RowCount()));
+  for (int row = 0; row < list_->RowCount(); ++row) ids.insert(list_->RowValue(row));
+  return ids;
 }
 
 void CPlayListModel::AddFile(const CMediaFile& file) {
@@ -68,8 +70,10 @@ void CPlayListModel::AddFile(const CMediaFile& file) {
 }
 
 void CPlayListModel::AddFiles(const IdList& fileIds) {
+  // One set for the whole call: adding n files to m rows costs n + m, not n * m.
+  std::unordered_set<std::int32_t> listed = ListedIds();
   for (std::int32_t id : fileIds) {
-    if (Contains(id)) continue;
+    if (!listed.insert(id).second) continue;
     if (const auto file = db_.GetFile(id)) AddFile(*file);
   }
 }

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 #include "catalogue/MediaDB.h"
@@ -47,7 +48,6 @@ class CPlayListModel {
   void DetachList();
 
   void InsertColumns();
-  bool Contains(std::int32_t fileId) const;
   void AddFile(const CMediaFile& file);
   // "Add To PlayList": appends, in order, each file not in the list yet;
   // ids without a file row are passed over.
@@ -72,6 +72,8 @@ class CPlayListModel {
   CopyJob& Copy() { return copy_; }
 
  private:
+  // The file ids of the list's rows.
+  std::unordered_set<std::int32_t> ListedIds() const;
   void OnCatalogueChanged(const CatalogueChanges& changes);
 
   MediaDB& db_;
