@@ -36,6 +36,8 @@ CLibraryApp::StartResult CLibraryApp::Start() {
   // Nothing is open yet: the player keeps the level for the first file.
   player_.SetVolume(settings_.volume);
   playThrough_.SetEnabled(settings_.playThrough);
+  playThrough_.SetShuffle(settings_.shuffle);
+  playThrough_.SetRepeat(RepeatFromText(settings_.repeat));
   if (VersionAccepted()) return StartResult::Ready;
   platform_.messages.Show("Incompatible database version (" + settings_.catalogueVersion + ")!", platform::Buttons::Ok,
                           platform::Icon::Error);
@@ -83,5 +85,7 @@ bool CLibraryApp::VersionAccepted() const {
 }
 
 void CLibraryApp::Exit() {
+  settings_.shuffle = playThrough_.Shuffle();
+  settings_.repeat = RepeatText(playThrough_.GetRepeat());
   if (opened_ && !db_.IsReadOnly()) settings_.SaveIfChanged();
 }

@@ -55,3 +55,20 @@ void CPlayThrough::OnStatus(const PlayerStatus& status) {
   if (!playback_.CatalogueAtHand()) return;
   if (!enabled_ || !Next()) Stop();
 }
+
+CPlayThrough::Repeat RepeatFromText(const std::string& text) {
+  if (text == "all") return CPlayThrough::Repeat::All;
+  if (text == "one") return CPlayThrough::Repeat::One;
+  return CPlayThrough::Repeat::Off;
+}
+
+const char* RepeatText(CPlayThrough::Repeat repeat) {
+  switch (repeat) {
+    case CPlayThrough::Repeat::All:
+      return "all";
+    case CPlayThrough::Repeat::One:
+      return "one";
+    default:
+      return "off";
+  }
+}

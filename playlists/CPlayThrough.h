@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <string>
 
 #include "base/Listeners.h"
 #include "catalogue/MediaDB.h"
@@ -37,6 +38,16 @@ class CPlayThrough {
   // is followed by the next row.
   void OnStatus(const PlayerStatus& status);
 
+  // What follows the last row: nothing, the first row again, or (One) the
+  // same file again and again.
+  enum class Repeat { Off, All, One };
+
+  // The order rows follow each other in; kept until changed.
+  void SetShuffle(bool shuffle) { shuffle_ = shuffle; }
+  bool Shuffle() const { return shuffle_; }
+  void SetRepeat(Repeat repeat) { repeat_ = repeat; }
+  Repeat GetRepeat() const { return repeat_; }
+
   // Whether a file ending plays the next row (the "Play through" button).
   void SetEnabled(bool enabled) { enabled_ = enabled; }
   bool Enabled() const { return enabled_; }
@@ -54,7 +65,14 @@ class CPlayThrough {
   Rows rows_;
   Listeners<int, int> started_;
   bool enabled_ = true;
+  bool shuffle_ = false;
+  Repeat repeat_ = Repeat::Off;
   int fileId_ = 0;  // the file of this run handed over last; 0 when none
   std::uint64_t generation_ = 0;
   bool stepping_ = false;  // a disc prompt may run the event loop meanwhile
 };
+
+// "off", "all" and "one", as the settings and the console write them;
+// anything else reads as Off.
+CPlayThrough::Repeat RepeatFromText(const std::string& text);
+const char* RepeatText(CPlayThrough::Repeat repeat);

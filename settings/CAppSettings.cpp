@@ -37,6 +37,9 @@ void CAppSettings::Load() {
   if (const std::string text = GetConfigText(kVolume); !text.empty())
     volume = std::clamp(std::atoi(text.c_str()), 0, kFullVolume);
   if (const std::string text = GetConfigText(kPlayThrough); !text.empty()) playThrough = std::atoi(text.c_str()) != 0;
+  if (const std::string text = GetConfigText(kReplayGain); text == "off" || text == "album") replayGain = text;
+  if (const std::string text = GetConfigText(kShuffle); !text.empty()) shuffle = std::atoi(text.c_str()) != 0;
+  if (const std::string text = GetConfigText(kRepeat); text == "all" || text == "one") repeat = text;
   catalogueVersion = GetConfigText(kCatalogueVersion);
   stored_ = CurrentRows();
 }
@@ -60,7 +63,10 @@ CAppSettings::Rows CAppSettings::CurrentRows() const {
           {kMainMaximized, number(mainMaximized)},
           {kVolume, number(volume)},
           {kPlayThrough, number(playThrough ? 1 : 0)},
-          {kAllFormats, allFormats ? "1" : "0"}};
+          {kAllFormats, allFormats ? "1" : "0"},
+          {kReplayGain, replayGain},
+          {kShuffle, number(shuffle ? 1 : 0)},
+          {kRepeat, repeat}};
 }
 
 bool CAppSettings::GeometryIsDefault() const {

@@ -32,6 +32,9 @@ class CAppSettings {
     kVolume = 700,
     kPlayThrough = 705,
     kAllFormats = 710,  // "1": catalogue FLAC, Musepack, Opus and M4A too; "0" (the default): not
+    kReplayGain = 715,  // "off", "track" (the default) or "album"
+    kShuffle = 720,     // "1": play through in a shuffled order
+    kRepeat = 725,      // "off", "all" or "one"
   };
   static constexpr std::int32_t kFullVolume = 1000;
 
@@ -60,6 +63,9 @@ class CAppSettings {
   bool allFormats = false;            // scans record every audio format, not only MP3, Ogg Vorbis and WMA
   std::int32_t volume = kFullVolume;  // the player's level, 0 to 1000
   bool playThrough = true;            // the play list window plays on to its end
+  std::string replayGain = "track";   // "off", "track" or "album"
+  bool shuffle = false;               // play through in a shuffled order
+  std::string repeat = "off";         // "off", "all" (the whole list) or "one" (one file)
   std::string lastAddedFolder;        // the folder last chosen by Add HD; this run only
 
   // Whether the nine window values are still those a new catalogue starts

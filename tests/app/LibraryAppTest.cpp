@@ -46,11 +46,12 @@ TEST_F(LibraryAppTest, FirstStartWritesTheDefaultsAndMakesTheCacheFolder) {
   auto app = NewApp();
   ASSERT_EQ(app->Start(), CLibraryApp::StartResult::Ready);
   const std::vector<std::pair<int, std::string>> expected = {
-      {1, "2.1"},   {405, "E"},   {410, "C:\\QORCache"}, {505, "40"},  {510, "100"}, {515, "400"}, {520, "500"},
-      {525, "100"}, {530, "550"}, {535, "100"},          {540, "400"}, {545, "210"}, {550, ""},    {555, ""},
-      {560, "0"},   {605, ""},    {700, "1000"},         {705, "1"},   {710, "0"}};
+      {1, "2.1"},   {405, "E"},   {410, "C:\\QORCache"}, {505, "40"},  {510, "100"}, {515, "400"},   {520, "500"},
+      {525, "100"}, {530, "550"}, {535, "100"},          {540, "400"}, {545, "210"}, {550, ""},      {555, ""},
+      {560, "0"},   {605, ""},    {700, "1000"},         {705, "1"},   {710, "0"},   {715, "track"}, {720, "0"},
+      {725, "off"}};
   // The settings, and the marks of the highest ids given (901 to 904).
-  EXPECT_EQ(testing_support::QueryNumber(app->Db(), "SELECT count(*) FROM Configs;"), 23);
+  EXPECT_EQ(testing_support::QueryNumber(app->Db(), "SELECT count(*) FROM Configs;"), 26);
   for (const auto& [id, value] : expected) EXPECT_EQ(Config(*app, id), value) << id;
   EXPECT_TRUE(fs::is_directory(folder.Path() + "/home/QORCache"));
   EXPECT_TRUE(messages.Shown().empty());
@@ -79,7 +80,7 @@ TEST_F(LibraryAppTest, LaterStartsInsertNothingAndExitWritesOnlyWhenASettingChan
   EXPECT_EQ(exitStatements.front() + exitStatements.back(), "BEGINCOMMIT");
   EXPECT_EQ(exitStatements[3], "UPDATE Configs SET Value='41' WHERE ConfigID=505;");
   EXPECT_TRUE(StatementsOf(*app, [&] { app->Exit(); }).empty());  // saved: unchanged again
-  EXPECT_EQ(testing_support::QueryNumber(app->Db(), "SELECT count(*) FROM Configs;"), 23);
+  EXPECT_EQ(testing_support::QueryNumber(app->Db(), "SELECT count(*) FROM Configs;"), 26);
 }
 
 // The holder is named only when it is a Vantrelle program: a lock held by
@@ -168,7 +169,7 @@ TEST_F(LibraryAppTest, MissingSettingRowsAreWrittenWithTheirDefaultsAndSettingsS
   EXPECT_EQ(s.cacheFolder + " " + std::to_string(s.mainLeft), "C:\\It's a cache -20");
   EXPECT_EQ(s.playListFolder + " " + std::to_string(s.volume), "C:\\Lists\\ 350");
   EXPECT_EQ(s.lastAddedFolder, "");  // kept for one run only
-  EXPECT_EQ(testing_support::QueryNumber(app->Db(), "SELECT count(*) FROM Configs;"), 23);
+  EXPECT_EQ(testing_support::QueryNumber(app->Db(), "SELECT count(*) FROM Configs;"), 26);
 }
 
 TEST_F(LibraryAppTest, AnEmptyOrHalfMadeCatalogueIsMadeWhole) {

@@ -222,7 +222,7 @@ TEST_F(CatalogueGuardTest, KillsDuringTheFirstStartLeaveACatalogueTheNextStartUs
     ASSERT_EQ(next.status, 0) << "round " << round << ": " << next.err;
     ASSERT_EQ(next.out, "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\n" + CatalogueLine())
         << "round " << round;
-    ASSERT_EQ(Query("SELECT count(*) FROM Configs;"), "23;") << "round " << round;
+    ASSERT_EQ(Query("SELECT count(*) FROM Configs;"), "26;") << "round " << round;
   }
 }
 

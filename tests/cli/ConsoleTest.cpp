@@ -23,7 +23,7 @@ TEST_F(ConsoleTest, FirstRunCreatesTheCatalogueAndLaterRunsKeepTheOptions) {
   EXPECT_EQ(changed.status, 0) << changed.err;
   EXPECT_EQ(changed.out, options);
   EXPECT_EQ(Run("options").out, options);
-  EXPECT_EQ(Query("SELECT count(*) FROM Configs;"), "23;");  // settings and id marks
+  EXPECT_EQ(Query("SELECT count(*) FROM Configs;"), "26;");  // settings and id marks
   EXPECT_EQ(Query("SELECT Value FROM Configs WHERE ConfigID=710;"), "1;");
   EXPECT_EQ(Run("options --all-formats maybe").status, 2);
 
