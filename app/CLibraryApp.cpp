@@ -35,6 +35,7 @@ CLibraryApp::StartResult CLibraryApp::Start() {
   settings_.Load();
   // Nothing is open yet: the player keeps the level for the first file.
   player_.SetVolume(settings_.volume);
+  player_.SetReplayGain(settings_.replayGain);
   playThrough_.SetEnabled(settings_.playThrough);
   playThrough_.SetShuffle(settings_.shuffle);
   playThrough_.SetRepeat(RepeatFromText(settings_.repeat));

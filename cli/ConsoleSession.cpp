@@ -38,8 +38,7 @@ int RunSession(ConsoleCommand& command, AnswerPolicy policy) {
   platform::LinuxFileSystem files(drives);
   ConsoleMessageBox messages(policy, stdin, stdout, isatty(STDIN_FILENO) == 1);
   // GStreamer starts only when a command plays something.
-  DeferredMediaControl media(
-      [&files] { return std::make_unique<platform::mci::GstMediaControl>(platform::mci::AudioOutput::System, files); });
+  DeferredMediaControl media([&files] { return platform::mci::GstMediaControl::ForProgram(files); });
   CLibraryApp app(data.path, PlatformServices{drives, files, messages, media});
 
   try {

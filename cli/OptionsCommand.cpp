@@ -4,6 +4,7 @@
 #include <cctype>
 
 #include "app/CLibraryApp.h"
+#include "base/AsciiCase.h"
 #include "cli/NoFolderPicker.h"
 #include "dialogs/COptionsDlg.h"
 
@@ -13,11 +14,15 @@ namespace {
 class ConsoleOptionsView : public OptionsView {
  public:
   ConsoleOptionsView(std::optional<std::string> cachePath, std::optional<std::string> cdDrive,
-                     std::optional<bool> allFormats)
-      : cachePath_(std::move(cachePath)), cdDrive_(std::move(cdDrive)), allFormats_(allFormats) {}
+                     std::optional<bool> allFormats, std::optional<std::string> replayGain)
+      : cachePath_(std::move(cachePath)),
+        cdDrive_(std::move(cdDrive)),
+        allFormats_(allFormats),
+        replayGain_(std::move(replayGain)) {}
 
   int RunModal(OptionsForm& form, const std::function<void()>&) override {
-    if (!cachePath_ && !cdDrive_ && !allFormats_) return kDialogCancel;
+    if (!cachePath_ && !cdDrive_ && !allFormats_ && !replayGain_) return kDialogCancel;
+    if (replayGain_) form.replayGain = AsciiLower(*replayGain_);
     if (cdDrive_) SelectDrive(form, *cdDrive_);
     if (cachePath_) form.cachePath = *cachePath_;
     if (allFormats_) form.allFormats = *allFormats_;
@@ -34,6 +39,7 @@ class ConsoleOptionsView : public OptionsView {
   std::optional<std::string> cachePath_;
   std::optional<std::string> cdDrive_;
   std::optional<bool> allFormats_;
+  std::optional<std::string> replayGain_;
 };
 
 }  // namespace
@@ -48,6 +54,10 @@ OptionsCommand::OptionsCommand(CommandArguments& parent)
            "Vorbis and WMA (the next scan of a volume asks, then removes the others)")
       .OneOf({"yes", "no"}, true)
       .ValueText("yes|no");
+  command_
+      .Add("--replaygain", replayGain_, "Play files at the level their ReplayGain tags ask for: off, track or album")
+      .OneOf({"off", "track", "album"}, true)
+      .ValueText("off|track|album");
 }
 
 bool OptionsCommand::Chosen() const { return command_.Chosen(); }
@@ -62,20 +72,22 @@ std::string OptionsCommand::CdDriveLetter() const {
 
 int OptionsCommand::Run(CLibraryApp& app, std::FILE* out) {
   // OK would change settings that could never be stored.
-  if ((cachePath_ || cdDrive_ || allFormats_) && app.Db().IsReadOnly()) {
+  if ((cachePath_ || cdDrive_ || allFormats_ || replayGain_) && app.Db().IsReadOnly()) {
     std::fprintf(stderr, "%s\n", app.Db().ReadOnlyMessage().c_str());
     return 1;
   }
   // Both arguments are checked before OK takes either.
   std::optional<std::string> cachePath;
   if (cachePath_) cachePath = FolderArgument(app, *cachePath_);
-  ConsoleOptionsView view(cachePath, cdDrive_ ? std::optional(CdDriveLetter()) : std::nullopt, allFormats_);
+  ConsoleOptionsView view(cachePath, cdDrive_ ? std::optional(CdDriveLetter()) : std::nullopt, allFormats_,
+                          replayGain_);
   NoFolderPicker picker;
   COptionsDlg(app.Settings(), app.Drives(), picker, view).DoModal();
   const CAppSettings& settings = app.Settings();
   std::fprintf(out, "Cache Path: %s\n", OneLine(settings.cacheFolder).c_str());
   std::fprintf(out, "CD Drive: %s\n", OneLine(settings.cdDrive).c_str());
   std::fprintf(out, "Catalogue every audio format: %s\n", settings.allFormats ? "yes" : "no");
+  std::fprintf(out, "ReplayGain: %s\n", settings.replayGain.c_str());
   std::fprintf(out, "Catalogue: %s%s\n", settings.programFolder.c_str(), MediaDB::kFileName);
   return 0;
 }

@@ -22,4 +22,5 @@ class OptionsCommand : public ConsoleCommand {
   std::optional<std::string> cachePath_;
   std::optional<std::string> cdDrive_;
   std::optional<bool> allFormats_;
+  std::optional<std::string> replayGain_;
 };

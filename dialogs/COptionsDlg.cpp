@@ -12,7 +12,7 @@ COptionsDlg::COptionsDlg(CAppSettings& settings, const CDriveServices& drives, p
     : settings_(settings), drives_(drives), picker_(picker), view_(view) {}
 
 OptionsForm COptionsDlg::OpeningForm() const {
-  OptionsForm form{settings_.cacheFolder, {}, -1, settings_.allFormats};
+  OptionsForm form{settings_.cacheFolder, {}, -1, settings_.allFormats, settings_.replayGain};
   // The drive list is in letter order, so positions match the sorted drop-down.
   for (const std::string& letter : drives_.GetDriveList(platform::kDriveCdRom)) {
     if (letter == settings_.cdDrive) form.selectedDrive = static_cast<int>(form.drives.size());
@@ -46,5 +46,7 @@ int COptionsDlg::DoModal() {
     settings_.cacheFolder = cacheFolder;
   settings_.cdDrive = selected ? form.drives[static_cast<std::size_t>(form.selectedDrive)].substr(0, 1) : "";
   settings_.allFormats = form.allFormats;
+  if (form.replayGain == "off" || form.replayGain == "track" || form.replayGain == "album")
+    settings_.replayGain = form.replayGain;
   return result;
 }

@@ -19,9 +19,10 @@ class FolderPicker;
 
 struct OptionsForm {
   std::string cachePath;
-  std::vector<std::string> drives;  // the drop-down's entries, in drive-list order
-  int selectedDrive = -1;           // an index into drives, or -1 for none
-  bool allFormats = false;          // "Catalogue every audio format"
+  std::vector<std::string> drives;   // the drop-down's entries, in drive-list order
+  int selectedDrive = -1;            // an index into drives, or -1 for none
+  bool allFormats = false;           // "Catalogue every audio format"
+  std::string replayGain = "track";  // "off", "track" or "album"
   bool operator==(const OptionsForm&) const = default;
 };
 
@@ -42,6 +43,7 @@ class COptionsDlg {
   static constexpr const char* kOutsideDrive =
       "The cache folder %s lies above the root of its drive; the cache folder stays %s.";
   static constexpr const char* kAllFormats = "Catalogue every audio format";
+  static constexpr const char* kReplayGain = "ReplayGain:";
   static constexpr const char* kAllFormatsTip =
       "Scans also record FLAC, Musepack, Opus and M4A files, besides MP3, Ogg Vorbis and WMA. "
       "Turned off, those files stay in the catalogue until the next scan of their volume, "

@@ -44,6 +44,9 @@ int CMciPlayer::Open(const std::string& path, std::uint64_t openNumber) {
   lengthMs_ = StatusNumber("length");
   const std::uint32_t lengthError = lastError_;
   if (volume_ != kFullVolume) SendVolume();
+  if (!replayGain_.empty()) SendToDevice("setaudio", " replaygain to " + replayGain_);
+  track_ = 0;
+  lastCue_ = 0;
   lastError_ = lengthError;
   return static_cast<int>(lastError_);
 }
@@ -85,6 +88,38 @@ int CMciPlayer::SetVolume(int level) {
   volume_ = std::clamp(level, 0, kFullVolume);
   if (!isOpen_) return 0;
   return static_cast<int>(SendVolume());
+}
+
+int CMciPlayer::Cue(const std::string& path) {
+  if (!isOpen_) return kNotOpen;
+  // Built as a growable string, like the open: a long path must arrive whole.
+  const std::string command = "cue " + alias_ + " \"" + path + "\"";
+  char reply[kBufferSize];
+  if (Send(command.c_str(), reply) == 0) lastCue_ = std::atoll(reply);
+  return static_cast<int>(lastError_);
+}
+
+int CMciPlayer::Uncue() {
+  if (!isOpen_) return kNotOpen;
+  return static_cast<int>(SendToDevice("cue", " off"));
+}
+
+std::int64_t CMciPlayer::Track() {
+  if (!isOpen_) return 0;
+  char reply[kBufferSize];
+  if (SendToDevice("status", " track", reply) != 0) return track_;
+  const std::int64_t track = std::atoll(reply);
+  if (track != track_) {
+    track_ = track;
+    lengthMs_ = StatusNumber("length");
+  }
+  return track_;
+}
+
+int CMciPlayer::SetReplayGain(const std::string& mode) {
+  replayGain_ = mode;
+  if (!isOpen_) return 0;
+  return static_cast<int>(SendToDevice("setaudio", " replaygain to " + mode));
 }
 
 std::uint32_t CMciPlayer::SendVolume() { return SendToDevice("setaudio", " volume to " + std::to_string(volume_)); }

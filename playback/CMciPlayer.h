@@ -59,6 +59,19 @@ class CMciPlayer {
   // again after each later open, unless it is the full level every file
   // opens with; so it is taken even while nothing is open (then 0).
   int SetVolume(int level);
+  // "cue ... \"path\"": the file to go on with, without a gap, when the one
+  // playing ends; a later cue replaces one not yet taken. On success
+  // LastCue() holds its number (from 1, counted per open).
+  int Cue(const std::string& path);
+  // "cue ... off": nothing follows the file playing.
+  int Uncue();
+  // "status ... track": the number of the cue playing, 0 for the file opened
+  // (and when not open). When it changed, the length is read again.
+  std::int64_t Track();
+  // "setaudio ... replaygain to off|track|album"; kept and sent again after
+  // each later open, like the volume.
+  int SetReplayGain(const std::string& mode);
+
   // "status ... mode"; NotReady when not open, when the query fails or when
   // the reply is none of "playing", "paused" and "stopped".
   Mode GetMode();
@@ -80,6 +93,7 @@ class CMciPlayer {
   std::uint32_t LastError() const { return lastError_; }
   std::int32_t LengthMs() const { return lengthMs_; }
   int Volume() const { return volume_; }
+  std::int64_t LastCue() const { return lastCue_; }
 
  private:
   static constexpr unsigned kBufferSize = 100;
@@ -101,4 +115,7 @@ class CMciPlayer {
   std::uint32_t lastError_ = 0;
   std::int32_t lengthMs_ = 0;
   int volume_ = kFullVolume;
+  std::string replayGain_;  // "" until set: the device's own default
+  std::int64_t lastCue_ = 0;
+  std::int64_t track_ = 0;
 };

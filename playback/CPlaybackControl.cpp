@@ -52,7 +52,9 @@ void CPlaybackControl::UseRunner(PlayerRunner* runner) { runner_ = runner; }
 
 PlayerRunner& CPlaybackControl::Runner() { return runner_ != nullptr ? *runner_ : *inline_; }
 
-int CPlaybackControl::PlayFile(int fileId) {
+int CPlaybackControl::PlayFile(int fileId) { return PlayFile(fileId, 0); }
+
+int CPlaybackControl::PlayFile(int fileId, int nextFileId) {
   const auto file = db_.GetFile(fileId);
   if (!file) return kNotPlayed;
   const auto folder = db_.GetPath(file->PathID);
@@ -66,8 +68,39 @@ int CPlaybackControl::PlayFile(int fileId) {
     drive = settings_.cdDrive;
     if (!WaitForDisc(drive, *volume)) return kNotPlayed;
   }
-  OpenAndPlay(fileId, MakeFullPath(drive, folder->FullPath, file->FileName), file->FileName);
+  OpenAndPlay(fileId, MakeFullPath(drive, folder->FullPath, file->FileName), file->FileName,
+              nextFileId != 0 ? LocateLater(nextFileId) : nullptr, nextFileId);
   return 0;
+}
+
+void CPlaybackControl::CueNext(int fileId) {
+  auto locate = fileId != 0 ? LocateLater(fileId) : nullptr;
+  struct Outcome {
+    std::int64_t number = 0;
+    std::string path;
+  };
+  auto outcome = std::make_shared<Outcome>();
+  Runner().Run(
+      [locate = std::move(locate), outcome](CMciPlayer& player) {
+        outcome->path = locate ? locate() : "";
+        if (!outcome->path.empty() && player.Cue(outcome->path) == 0) {
+          outcome->number = player.LastCue();
+          return;
+        }
+        player.Uncue();
+      },
+      [this, fileId, outcome, generation = generation_] {
+        if (generation == generation_ && outcome->number != 0) RecordCue(fileId, outcome->number, outcome->path);
+      });
+}
+
+void CPlaybackControl::RecordCue(int fileId, std::int64_t number, const std::string& path) {
+  cued_[number] = CuedFile{fileId, path};
+}
+
+void CPlaybackControl::NotifyStarted(int fileId) {
+  const auto listeners = started_;  // a listener may add or remove one
+  for (const auto& [id, listener] : listeners) listener(fileId);
 }
 
 std::function<std::string()> CPlaybackControl::LocateLater(int fileId) const {
@@ -95,11 +128,14 @@ bool CPlaybackControl::WaitForDisc(const std::string& drive, const CMediaVolume&
 // The outcome travels from the runner's thread to this one with the work.
 // Each open bears a number, so that a later command can give it up while it
 // waits (a file that never opens must not hold up Stop, the next Play or Quit).
-void CPlaybackControl::OpenAndPlay(int fileId, const std::string& fullPath, const std::string& name) {
+void CPlaybackControl::OpenAndPlay(int fileId, const std::string& fullPath, const std::string& name,
+                                   std::function<std::string()> next, int nextFileId) {
   AbandonOpen();
   currentFileId_ = fileId;
   currentPath_ = fullPath;
   ++generation_;
+  cued_.clear();
+  track_ = 0;
   const std::uint64_t number = ++lastOpen_;
   openingFileId_ = fileId;
   openingName_ = name;
@@ -107,18 +143,24 @@ void CPlaybackControl::OpenAndPlay(int fileId, const std::string& fullPath, cons
   struct Outcome {
     int code = 0;
     std::string reason;
+    std::int64_t cue = 0;
+    std::string cuedPath;
   };
   auto outcome = std::make_shared<Outcome>();
+  // The next file is cued before playing starts: a short file may be read
+  // to its end at once, and the player then asks what follows.
   Runner().Run(
-      [fullPath, number, outcome](CMciPlayer& player) {
+      [fullPath, number, outcome, next = std::move(next)](CMciPlayer& player) {
         outcome->code = player.Open(fullPath, number);
         if (outcome->code != 0) {
           outcome->reason = player.GetErrorText();
           return;
         }
+        outcome->cuedPath = next ? next() : "";
+        if (!outcome->cuedPath.empty() && player.Cue(outcome->cuedPath) == 0) outcome->cue = player.LastCue();
         player.Play(0);
       },
-      [this, fileId, fullPath, number, outcome, generation = generation_] {
+      [this, fileId, fullPath, number, outcome, nextFileId, generation = generation_] {
         if (number == lastOpen_) {
           openingFileId_ = 0;
           OpeningChanged();
@@ -133,8 +175,8 @@ void CPlaybackControl::OpenAndPlay(int fileId, const std::string& fullPath, cons
                                   platform::Icon::None);
           return;
         }
-        const auto listeners = started_;  // a listener may add or remove one
-        for (const auto& [id, listener] : listeners) listener(fileId);
+        if (generation == generation_ && outcome->cue != 0) RecordCue(nextFileId, outcome->cue, outcome->cuedPath);
+        NotifyStarted(fileId);
       });
 }
 
@@ -165,6 +207,10 @@ void CPlaybackControl::SetVolume(int level) {
   Runner().Run([level](CMciPlayer& player) { player.SetVolume(level); }, nullptr);
 }
 
+void CPlaybackControl::SetReplayGain(const std::string& mode) {
+  Runner().Run([mode](CMciPlayer& player) { player.SetReplayGain(mode); }, nullptr);
+}
+
 void CPlaybackControl::Poll(std::function<void(const PlayerStatus&)> answer) {
   auto status = std::make_shared<PlayerStatus>();
   status->fileId = currentFileId_;
@@ -172,12 +218,28 @@ void CPlaybackControl::Poll(std::function<void(const PlayerStatus&)> answer) {
   Runner().Run(
       [status](CMciPlayer& player) {
         if (!player.IsOpen()) return;
+        status->track = player.Track();
         status->mode = player.GetMode();
         status->positionMs = std::max(player.Position(), 0);
         status->lengthMs = player.LengthMs();
       },
-      [status, answer = std::move(answer)] {
+      [this, status, answer = std::move(answer)] {
         if (status->mode == CMciPlayer::Mode::NotReady) status->fileId = 0;
+        if (status->fileId != 0 && status->generation == generation_) {
+          FollowTrack(status->track);
+          status->fileId = currentFileId_;
+        }
         answer(*status);
       });
+}
+
+void CPlaybackControl::FollowTrack(std::int64_t track) {
+  if (track == track_) return;
+  track_ = track;
+  const auto cued = cued_.find(track);
+  if (cued == cued_.end()) return;
+  currentFileId_ = cued->second.fileId;
+  currentPath_ = cued->second.path;
+  cued_.erase(cued_.begin(), std::next(cued));
+  NotifyStarted(currentFileId_);
 }

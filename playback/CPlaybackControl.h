@@ -13,6 +13,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -51,6 +52,14 @@ class CPlaybackControl {
   // file, its folder or its volume has no row (the catalogue changed under the
   // caller; there is nothing to play and nothing the user could fix).
   int PlayFile(int fileId);
+  // The same, with nextFileId (0: none) cued to follow without a gap.
+  int PlayFile(int fileId, int nextFileId);
+  // The file to go on with, without a gap, when the one playing ends (0:
+  // none). Only a file whose volume is at hand is cued; a disc that is not
+  // in the drive is asked for when its turn comes, by PlayFile. When the
+  // cued file starts, the started listeners hear of it and CurrentFileId
+  // follows.
+  void CueNext(int fileId);
   // The file's full path when its volume is at hand (a disc in the CD drive
   // of the settings, a disk on its letter), "" otherwise; never asks. In two
   // steps, so that the disc need not be read on this thread: the rows are
@@ -69,6 +78,8 @@ class CPlaybackControl {
   void SeekTo(std::int32_t ms);
   // 0 to 1000; kept for the files opened later too.
   void SetVolume(int level);
+  // "off", "track" or "album"; kept for the files opened later too.
+  void SetReplayGain(const std::string& mode);
   // Asks the player where it is; answered through the callback, on this
   // thread, after every command handed over before.
   void Poll(std::function<void(const PlayerStatus&)> answer);
@@ -99,7 +110,12 @@ class CPlaybackControl {
  private:
   // Asks for the volume's disc until the drive holds it; false on Cancel.
   bool WaitForDisc(const std::string& drive, const CMediaVolume& volume) const;
-  void OpenAndPlay(int fileId, const std::string& fullPath, const std::string& name);
+  void OpenAndPlay(int fileId, const std::string& fullPath, const std::string& name, std::function<std::string()> next,
+                   int nextFileId);
+  void RecordCue(int fileId, std::int64_t number, const std::string& path);
+  // A cued file began: it is the current one from now on.
+  void FollowTrack(std::int64_t track);
+  void NotifyStarted(int fileId);
   void OpeningChanged();
   PlayerRunner& Runner();
 
@@ -118,4 +134,10 @@ class CPlaybackControl {
   int openingFileId_ = 0;
   std::string openingName_;
   int lastListener_ = 0;
+  struct CuedFile {
+    int fileId = 0;
+    std::string path;
+  };
+  std::map<std::int64_t, CuedFile> cued_;  // of the current open, by cue number
+  std::int64_t track_ = 0;                 // the cue playing, as last polled
 };

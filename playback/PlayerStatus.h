@@ -14,4 +14,6 @@ struct PlayerStatus {
   // Which PlayFile the answer belongs to; an answer given before the latest
   // PlayFile was handed over says nothing about the file now playing.
   std::uint64_t generation = 0;
+  // The cue playing within that PlayFile (0: the file it opened).
+  std::int64_t track = 0;
 };

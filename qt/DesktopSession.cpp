@@ -81,8 +81,7 @@ int RunDesktop() {
   platform::LinuxDriveTable drives(data.path);
   platform::LinuxFileSystem files(drives);
   // GStreamer starts when something is first played.
-  DeferredMediaControl media(
-      [&files] { return std::make_unique<platform::mci::GstMediaControl>(platform::mci::AudioOutput::System, files); });
+  DeferredMediaControl media([&files] { return platform::mci::GstMediaControl::ForProgram(files); });
   CLibraryApp app(data.path, PlatformServices{drives, files, messages, media});
 
   CLibraryApp::StartResult started{};

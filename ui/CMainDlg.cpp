@@ -398,5 +398,5 @@ void CMainDlg::OnVolume(int level) {
 
 void CMainDlg::RunOptions() {
   COptionsDlg dialog(parts_.settings, parts_.drives, parts_.picker, parts_.options);
-  dialog.DoModal();
+  if (dialog.DoModal() == kDialogOk) parts_.playback.SetReplayGain(parts_.settings.replayGain);
 }

@@ -1,5 +1,7 @@
 #include "platform/mci/AudioSink.h"
 
+#include "platform/mci/AudioCapture.h"
+
 namespace platform::mci {
 namespace {
 
@@ -25,15 +27,16 @@ bool AnyChildIsReal(GstBin* bin) {
 
 }  // namespace
 
-GstElement* MakeAudioSink(AudioOutput output) {
+GstElement* MakeAudioSink(AudioOutput output, AudioCapture* capture) {
   if (output == AudioOutput::System) return gst_element_factory_make("autoaudiosink", nullptr);
+  if (output == AudioOutput::Capture) return capture != nullptr ? capture->MakeSink() : nullptr;
   GstElement* sink = gst_element_factory_make("fakesink", nullptr);
   if (sink != nullptr) g_object_set(sink, "sync", TRUE, nullptr);
   return sink;
 }
 
 bool ReachesRealDevice(GstElement* sink, AudioOutput output) {
-  if (output == AudioOutput::Silent) return true;
+  if (output != AudioOutput::System) return true;
   if (GST_IS_BIN(sink)) return AnyChildIsReal(GST_BIN(sink));
   return !IsFakeSink(sink);
 }

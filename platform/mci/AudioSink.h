@@ -7,9 +7,12 @@
 
 namespace platform::mci {
 
+class AudioCapture;
+
 // A new sink for the output (floating reference), or null when none can be
-// made: the system's automatic choice, or a fakesink that keeps real time.
-GstElement* MakeAudioSink(AudioOutput output);
+// made: the system's automatic choice, a fakesink that keeps real time, or
+// the capture's recorder (Capture, which needs one).
+GstElement* MakeAudioSink(AudioOutput output, AudioCapture* capture);
 
 // Whether a sink that has been brought to READY or beyond plays into a real
 // device. The automatic sink tries every device it knows and, when none opens,

@@ -27,8 +27,6 @@ struct PendingOpen {
   std::uint32_t error = kMciNoError;
 };
 
-namespace {
-
 // Whether the file is a regular one that opens: stat rather than lstat, so
 // a link to a regular file plays; folders, pipes, sockets and devices are
 // refused before anything opens them. Where an open hangs (a dead share, a
@@ -52,6 +50,8 @@ bool ReachRegularFile(const std::string& file, std::uint32_t& error) {
   return true;
 }
 
+namespace {
+
 bool GivenUp(PendingOpen& pending) {
   std::lock_guard lock(pending.mutex);
   return pending.abandoned;
@@ -64,7 +64,7 @@ DeviceOpener::DeviceOpener(std::chrono::milliseconds limit) : limit_(limit) {}
 DeviceOpener::~DeviceOpener() = default;
 
 std::unique_ptr<PlaybinDevice> DeviceOpener::Open(const std::string& file, AudioOutput output, std::uint64_t number,
-                                                  std::uint32_t& error) {
+                                                  std::uint32_t& error, std::shared_ptr<AudioCapture> capture) {
   auto pending = std::make_shared<PendingOpen>();
   {
     std::lock_guard lock(mutex_);
@@ -81,7 +81,7 @@ std::unique_ptr<PlaybinDevice> DeviceOpener::Open(const std::string& file, Audio
   // an exiting process simply ends it; a device it opens after it was given
   // up is released with that state.
   try {
-    std::thread([file, output, pending] {
+    std::thread([file, output, pending, capture = std::move(capture)] {
       std::uint32_t code = kMciNoError;
       std::unique_ptr<PlaybinDevice> device;
       // An open given up while it hung goes no further: no pipeline is built
@@ -90,7 +90,7 @@ std::unique_ptr<PlaybinDevice> DeviceOpener::Open(const std::string& file, Audio
         if (GivenUp(*pending))
           code = kMciOpenAbandoned;
         else
-          device = PlaybinDevice::Open(file, output, code);
+          device = PlaybinDevice::Open(file, output, code, capture.get());
       }
       std::lock_guard lock(pending->mutex);
       pending->device = std::move(device);

@@ -18,8 +18,14 @@
 
 namespace platform::mci {
 
+class AudioCapture;
 class PlaybinDevice;
 struct PendingOpen;
+
+// Whether file is a regular file (links followed) that opens for reading;
+// otherwise false with error 275, kMciNotRegularFile or 296. Folders, pipes,
+// sockets and devices are refused before anything opens them.
+bool ReachRegularFile(const std::string& file, std::uint32_t& error);
 
 class DeviceOpener {
  public:
@@ -33,7 +39,7 @@ class DeviceOpener {
   // kMciOpenTimedOut after the limit, kMciOpenAbandoned when given up.
   // number 0 is never given up.
   std::unique_ptr<PlaybinDevice> Open(const std::string& file, AudioOutput output, std::uint64_t number,
-                                      std::uint32_t& error);
+                                      std::uint32_t& error, std::shared_ptr<AudioCapture> capture = nullptr);
   // Gives up every open numbered up to number, now waiting or to come.
   void AbandonThrough(std::uint64_t number);
 

@@ -2,10 +2,12 @@
 
 #include <gst/gst.h>
 
+#include <cstdlib>
 #include <stdexcept>
 #include <string_view>
 #include <utility>
 
+#include "platform/mci/AudioCapture.h"
 #include "platform/mci/DeviceOpener.h"
 #include "platform/mci/DeviceTable.h"
 #include "platform/mci/MciCommand.h"
@@ -52,6 +54,15 @@ std::uint32_t RunOnDevice(const MciCommand& command, PlaybinDevice& device, std:
       return device.Seek(command.toEnd ? device.LengthMs() : command.fromMs);
     case MciVerb::SetVolume:
       return device.SetVolume(command.volume);
+    case MciVerb::SetReplayGain:
+      device.SetReplayGain(command.replayGain);
+      return kMciNoError;
+    case MciVerb::StatusTrack:
+      reply = std::to_string(device.Track());
+      return kMciNoError;
+    case MciVerb::Uncue:
+      device.Uncue();
+      return kMciNoError;
     default:
       return kMciUnrecognizedCommand;
   }
@@ -72,6 +83,14 @@ GstMediaControl::GstMediaControl(AudioOutput output, const FileSystem& files, st
           output, [&files](const std::string& path) { return files.LocalPath(path); }, openLimit) {}
 
 GstMediaControl::~GstMediaControl() = default;
+
+std::unique_ptr<GstMediaControl> GstMediaControl::ForProgram(const FileSystem& files) {
+  const char* capture = std::getenv("VANTRELLE_AUDIO_CAPTURE");
+  if (capture == nullptr || *capture == '\0') return std::make_unique<GstMediaControl>(AudioOutput::System, files);
+  auto control = std::make_unique<GstMediaControl>(AudioOutput::Capture, files);
+  if (!control->CaptureInto(capture)) throw std::runtime_error(std::string("cannot write the capture file ") + capture);
+  return control;
+}
 
 std::uint32_t GstMediaControl::mciSendString(const char* command, char* reply, unsigned size) {
   std::string answer;
@@ -106,6 +125,7 @@ std::uint32_t GstMediaControl::Run(std::string_view text, std::string& reply) {
   }
   PlaybinDevice* device = devices_->Find(command->alias);
   if (device == nullptr) return kMciUnknownAlias;
+  if (command->verb == MciVerb::Cue) return Cue(*device, command->path, reply);
   return RunOnDevice(*command, *device, reply);
 }
 
@@ -117,10 +137,28 @@ std::uint32_t GstMediaControl::Open(const std::string& path, const std::string& 
   const std::string file = LocalFile(path);
   if (file.empty()) return kMciFileNotFound;
   std::uint32_t error = kMciNoError;
-  auto device = opener_->Open(file, output_, number, error);
+  auto device = opener_->Open(file, output_, number, error, capture_);
   if (!device) return error;
   devices_->Add(alias, std::move(device));
   return kMciNoError;
+}
+
+// The file is checked now, on this thread, so that a pipe or a folder never
+// reaches the pipeline's threads, where it could hang them.
+std::uint32_t GstMediaControl::Cue(PlaybinDevice& device, const std::string& path, std::string& reply) const {
+  const std::string file = LocalFile(path);
+  if (file.empty()) return kMciFileNotFound;
+  std::uint32_t error = kMciNoError;
+  if (!ReachRegularFile(file, error)) return error;
+  reply = std::to_string(device.Cue(file));
+  return kMciNoError;
+}
+
+bool GstMediaControl::CaptureInto(const std::string& file) {
+  auto capture = std::make_shared<AudioCapture>(file);
+  if (!capture->Good()) return false;
+  capture_ = std::move(capture);
+  return true;
 }
 
 std::string GstMediaControl::LocalFile(const std::string& path) const {

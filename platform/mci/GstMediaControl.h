@@ -3,8 +3,16 @@
 // device is one audio-only player, addressed by its alias.
 //
 // Commands understood: open "PATH" type mpegvideo alias A, set A time format ms,
-// status A length|position|mode, play A from N, stop A, pause A, resume A,
-// seek A to N|start|end, setaudio A volume to N (0 to 1000), close A, close all.
+// status A length|position|mode|track, play A from N, stop A, pause A, resume A,
+// seek A to N|start|end, setaudio A volume to N (0 to 1000),
+// setaudio A replaygain to off|track|album, cue A "PATH", cue A off,
+// close A, close all.
+//
+// "cue" names the file to go on with, without a gap, when the one playing
+// ends (it answers the cue's number, from 1); "status A track" answers the
+// number of the cue playing (0 for the file opened), and length and position
+// then speak of that file. ReplayGain, "track" unless set, holds for the
+// device's life.
 // Times are milliseconds. `play` returns at once; playback goes on in
 // GStreamer's own threads, and reaching the end is noticed at the next command.
 //
@@ -27,11 +35,15 @@ namespace platform::mci {
 
 class DeviceOpener;
 class DeviceTable;
+class PlaybinDevice;
 
 enum class AudioOutput {
-  System,  // the system's default audio output; open fails with 262 without one
-  Silent,  // plays into nothing, in real time, for tests
+  System,   // the system's default audio output; open fails with 262 without one
+  Silent,   // plays into nothing, in real time, for tests
+  Capture,  // records what would be heard into a file (CaptureInto)
 };
+
+class AudioCapture;
 
 class GstMediaControl final : public MediaControl {
  public:
@@ -50,6 +62,12 @@ class GstMediaControl final : public MediaControl {
   // Closes every open device.
   ~GstMediaControl() override;
 
+  // The program's player: the system's output, or, when the environment
+  // names a file in VANTRELLE_AUDIO_CAPTURE, a recording of what would be
+  // heard in that file (see AudioCapture.h). Throws like the constructor, and
+  // when the capture file cannot be written.
+  static std::unique_ptr<GstMediaControl> ForProgram(const FileSystem& files);
+
   GstMediaControl(const GstMediaControl&) = delete;
   GstMediaControl& operator=(const GstMediaControl&) = delete;
 
@@ -59,15 +77,21 @@ class GstMediaControl final : public MediaControl {
   void NumberNextOpen(std::uint64_t number) override { nextOpen_ = number; }
   void AbandonOpensThrough(std::uint64_t number) override;
 
+  // Records what the Capture output plays into file (truncated now); false
+  // when it cannot be written.
+  bool CaptureInto(const std::string& file);
+
  private:
   std::uint32_t Run(std::string_view text, std::string& reply);
   std::uint32_t Open(const std::string& path, const std::string& alias);
+  std::uint32_t Cue(PlaybinDevice& device, const std::string& path, std::string& reply) const;
   std::string LocalFile(const std::string& path) const;
 
   AudioOutput output_;
   PathMapper toLocalPath_;
   std::unique_ptr<DeviceTable> devices_;
   std::unique_ptr<DeviceOpener> opener_;
+  std::shared_ptr<AudioCapture> capture_;  // shared with opens that may outlive this
   std::uint64_t nextOpen_ = 0;
 };
 

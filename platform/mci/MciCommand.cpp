@@ -97,6 +97,23 @@ std::optional<MciCommand> ParseOpen(std::string_view text) {
   return MciCommand{MciVerb::Open, (*tail)[3], std::string(path), 0};
 }
 
+// cue A "PATH" | cue A off. The path, which may hold quotes and blanks, is
+// all that lies between the first quote after the alias and the last one.
+std::optional<MciCommand> ParseCue(std::string_view text) {
+  text = TrimBlanks(text).substr(3);
+  const std::size_t aliasStart = text.find_first_not_of(" \t\r\n");
+  if (aliasStart == 0 || aliasStart == std::string_view::npos) return std::nullopt;
+  text.remove_prefix(aliasStart);
+  std::size_t aliasEnd = 0;
+  while (aliasEnd < text.size() && !IsBlank(text[aliasEnd])) ++aliasEnd;
+  const std::string_view alias = text.substr(0, aliasEnd);
+  const std::string_view rest = TrimBlanks(text.substr(aliasEnd));
+  if (alias.find('"') != std::string_view::npos || aliasEnd == text.size()) return std::nullopt;
+  if (SameWord(rest, "off")) return MciCommand{MciVerb::Uncue, std::string(alias), {}, 0};
+  if (rest.size() < 3 || rest.front() != '"' || rest.back() != '"') return std::nullopt;
+  return MciCommand{MciVerb::Cue, std::string(alias), std::string(rest.substr(1, rest.size() - 2)), 0};
+}
+
 std::optional<MciCommand> ParseSet(const Tokens& t) {
   // set A time format ms
   if (t.size() != 5 || !SameWord(t[2], "time") || !SameWord(t[3], "format")) return std::nullopt;
@@ -109,6 +126,7 @@ std::optional<MciCommand> ParseStatus(const Tokens& t) {
   if (SameWord(t[2], "length")) return MciCommand{MciVerb::StatusLength, t[1], {}, 0};
   if (SameWord(t[2], "position")) return MciCommand{MciVerb::StatusPosition, t[1], {}, 0};
   if (SameWord(t[2], "mode")) return MciCommand{MciVerb::StatusMode, t[1], {}, 0};
+  if (SameWord(t[2], "track")) return MciCommand{MciVerb::StatusTrack, t[1], {}, 0};
   return std::nullopt;
 }
 
@@ -133,9 +151,17 @@ std::optional<MciCommand> ParseSeek(const Tokens& t) {
   return command;
 }
 
-// setaudio A volume to N
+// setaudio A volume to N | setaudio A replaygain to off|track|album
 std::optional<MciCommand> ParseSetAudio(const Tokens& t) {
-  if (t.size() != 5 || !SameWord(t[2], "volume") || !SameWord(t[3], "to")) return std::nullopt;
+  if (t.size() != 5 || !SameWord(t[3], "to")) return std::nullopt;
+  if (SameWord(t[2], "replaygain")) {
+    const auto mode = ReplayGainModeFromText(t[4]);
+    if (!mode) return std::nullopt;
+    MciCommand command{MciVerb::SetReplayGain, t[1], {}, 0};
+    command.replayGain = *mode;
+    return command;
+  }
+  if (!SameWord(t[2], "volume")) return std::nullopt;
   auto level = ParseUnsigned(t[4]);
   if (!level) return std::nullopt;
   MciCommand command{MciVerb::SetVolume, t[1], {}, 0};
@@ -156,6 +182,7 @@ std::optional<MciCommand> ParseClose(const Tokens& t) {
 std::optional<MciCommand> ParseForm(std::string_view text) {
   const std::string_view start = TrimBlanks(text);
   if (start.size() >= 5 && SameWord(start.substr(0, 4), "open") && IsBlank(start[4])) return ParseOpen(start);
+  if (start.size() >= 4 && SameWord(start.substr(0, 3), "cue") && IsBlank(start[3])) return ParseCue(start);
   auto tokens = SplitTokens(text);
   if (!tokens || tokens->empty()) return std::nullopt;
   const Tokens& t = *tokens;

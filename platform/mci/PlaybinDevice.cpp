@@ -22,19 +22,30 @@ GstMessagePtr PopMessage(GstBus* bus, GstClockTime wait, int types) {
   return GstMessagePtr(gst_bus_timed_pop_filtered(bus, wait, static_cast<GstMessageType>(types)));
 }
 
-// A playbin that plays the file's audio into sink (with a volume stage of its
-// own, as not every sink has one) and ignores any video or text.
-GstOwned<GstElement> MakeAudioOnlyPlaybin(const std::string& file, GstElement* sink) {
-  GstOwned<GstElement> playbin = AdoptFloating(gst_element_factory_make("playbin", nullptr));
+bool SetUri(GstElement* playbin, const std::string& file) {
   gchar* uri = gst_filename_to_uri(file.c_str(), nullptr);
-  if (!playbin || uri == nullptr) {
-    g_free(uri);
-    return nullptr;
-  }
-  g_object_set(playbin.get(), "uri", uri, "audio-sink", sink, nullptr);
-  gst_util_set_object_arg(G_OBJECT(playbin.get()), "flags", "audio+soft-volume");
+  if (uri == nullptr) return false;
+  g_object_set(playbin, "uri", uri, nullptr);
   g_free(uri);
+  return true;
+}
+
+// A playbin that plays the file's audio through filter (when there is one)
+// into sink, with a volume stage of its own (as not every sink has one), and
+// ignores any video or text.
+GstOwned<GstElement> MakeAudioOnlyPlaybin(const std::string& file, GstElement* sink, GstElement* filter) {
+  GstOwned<GstElement> playbin = AdoptFloating(gst_element_factory_make("playbin", nullptr));
+  if (!playbin || !SetUri(playbin.get(), file)) return nullptr;
+  g_object_set(playbin.get(), "audio-sink", sink, nullptr);
+  if (filter != nullptr) g_object_set(playbin.get(), "audio-filter", filter, nullptr);
+  gst_util_set_object_arg(G_OBJECT(playbin.get()), "flags", "audio+soft-volume");
   return playbin;
+}
+
+guint GroupOf(GstMessage* streamStart) {
+  guint group = 0;
+  gst_message_parse_group_id(streamStart, &group);
+  return group;
 }
 
 // Errors from the sink mean the output is unusable; a file that vanished is
@@ -51,12 +62,17 @@ std::uint32_t ErrorNumberFor(GstMessage* error, GstElement* sink) {
 }
 
 // Brings the playbin to PAUSED with its first audio ready, or tells why not.
-std::uint32_t Preroll(GstElement* playbin, GstBus* bus, GstElement* sink) {
+// Notes the group of the file's stream on the way.
+std::uint32_t Preroll(GstElement* playbin, GstBus* bus, GstElement* sink, guint& group) {
   GstStateChangeReturn change = gst_element_set_state(playbin, GST_STATE_PAUSED);
   if (change == GST_STATE_CHANGE_SUCCESS) return kMciNoError;
   const bool failed = change == GST_STATE_CHANGE_FAILURE;
-  GstMessagePtr outcome =
-      PopMessage(bus, failed ? kFailureMessageWait : kPrerollWait, GST_MESSAGE_ERROR | GST_MESSAGE_ASYNC_DONE);
+  const int types = GST_MESSAGE_ERROR | GST_MESSAGE_ASYNC_DONE | GST_MESSAGE_STREAM_START;
+  GstMessagePtr outcome;
+  for (outcome = PopMessage(bus, failed ? kFailureMessageWait : kPrerollWait, types);
+       outcome && GST_MESSAGE_TYPE(outcome.get()) == GST_MESSAGE_STREAM_START;
+       outcome = PopMessage(bus, failed ? kFailureMessageWait : kPrerollWait, types))
+    group = GroupOf(outcome.get());
   if (outcome && GST_MESSAGE_TYPE(outcome.get()) == GST_MESSAGE_ERROR) return ErrorNumberFor(outcome.get(), sink);
   if (failed || !outcome) return kMciCannotDecode;
   return kMciNoError;
@@ -82,33 +98,48 @@ std::uint64_t QueryLengthMs(GstElement* playbin, GstBus* bus, const std::string&
 
 }  // namespace
 
-std::unique_ptr<PlaybinDevice> PlaybinDevice::Open(const std::string& file, AudioOutput output, std::uint32_t& error) {
-  GstOwned<GstElement> sink = AdoptFloating(MakeAudioSink(output));
+std::unique_ptr<PlaybinDevice> PlaybinDevice::Open(const std::string& file, AudioOutput output, std::uint32_t& error,
+                                                   AudioCapture* capture) {
+  GstOwned<GstElement> sink = AdoptFloating(MakeAudioSink(output, capture));
   if (!sink) {
     error = kMciNoAudioOutput;
     return nullptr;
   }
-  GstOwned<GstElement> playbin = MakeAudioOnlyPlaybin(file, sink.get());
-  if (!playbin) {
+  std::unique_ptr<PlaybinDevice> device(new PlaybinDevice());
+  device->playbin_ = MakeAudioOnlyPlaybin(file, sink.get(), device->gain_.Bin());
+  if (!device->playbin_) {
     error = kMciCannotDecode;
     return nullptr;
   }
-  GstOwned<GstBus> bus(gst_element_get_bus(playbin.get()));
-  error = Preroll(playbin.get(), bus.get(), sink.get());
-  if (error == kMciNoError && !HasAudio(playbin.get())) error = kMciCannotDecode;
+  GstElement* playbin = device->playbin_.get();
+  device->bus_.reset(gst_element_get_bus(playbin));
+  device->file_ = file;
+  g_signal_connect(playbin, "about-to-finish", G_CALLBACK(&PlaybinDevice::OnAboutToFinish), device.get());
+  error = Preroll(playbin, device->bus_.get(), sink.get(), device->group_);
+  if (error == kMciNoError && !HasAudio(playbin)) error = kMciCannotDecode;
   if (error == kMciNoError && !ReachesRealDevice(sink.get(), output)) error = kMciNoAudioOutput;
-  if (error != kMciNoError) {
-    gst_element_set_state(playbin.get(), GST_STATE_NULL);
-    return nullptr;
-  }
-  const std::uint64_t length = QueryLengthMs(playbin.get(), bus.get(), file);
-  return std::unique_ptr<PlaybinDevice>(new PlaybinDevice(std::move(playbin), length));
+  if (error != kMciNoError) return nullptr;  // the destructor stops the pipeline
+  device->lengthMs_ = QueryLengthMs(playbin, device->bus_.get(), file);
+  return device;
 }
 
-PlaybinDevice::PlaybinDevice(GstOwned<GstElement> playbin, std::uint64_t lengthMs)
-    : playbin_(std::move(playbin)), bus_(gst_element_get_bus(playbin_.get())), lengthMs_(lengthMs) {}
+PlaybinDevice::PlaybinDevice() = default;
 
-PlaybinDevice::~PlaybinDevice() { gst_element_set_state(playbin_.get(), GST_STATE_NULL); }
+PlaybinDevice::~PlaybinDevice() {
+  next_.Release();  // a streaming thread waiting for a cue must not hold up the stop
+  if (playbin_) gst_element_set_state(playbin_.get(), GST_STATE_NULL);
+}
+
+// On a streaming thread, when the file playing has been read to its end.
+void PlaybinDevice::OnAboutToFinish(GstElement* playbin, gpointer self) {
+  auto* device = static_cast<PlaybinDevice*>(self);
+  if (const auto cue = device->next_.TakeAtFinish()) SetUri(playbin, cue->file);
+}
+
+std::uint64_t PlaybinDevice::Track() {
+  DrainBus();
+  return next_.Playing();
+}
 
 std::uint64_t PlaybinDevice::PositionMs() {
   DrainBus();
@@ -120,7 +151,9 @@ std::uint64_t PlaybinDevice::PositionMs() {
 }
 
 std::uint32_t PlaybinDevice::PlayFrom(std::uint64_t ms) {
+  DrainBus();
   if (ms > lengthMs_) return kMciOutOfRange;
+  next_.Release();
   PauseAndSettle();
   DrainBus();
   heldMs_ = ms;
@@ -133,12 +166,16 @@ std::uint32_t PlaybinDevice::PlayFrom(std::uint64_t ms) {
     phase_ = Phase::Stopped;
     return kMciCannotDecode;
   }
+  next_.Decided();
   gst_element_set_state(playbin_.get(), GST_STATE_PLAYING);
   phase_ = Phase::Playing;
   return kMciNoError;
 }
 
-void PlaybinDevice::Stop() { Halt(Phase::Stopped); }
+void PlaybinDevice::Stop() {
+  DrainBus();
+  Halt(Phase::Stopped);
+}
 
 void PlaybinDevice::Pause() {
   DrainBus();
@@ -148,6 +185,7 @@ void PlaybinDevice::Pause() {
 void PlaybinDevice::Halt(Phase phase) {
   heldMs_ = PositionMs();
   phase_ = phase;
+  next_.Release();
   PauseAndSettle();
 }
 
@@ -155,6 +193,7 @@ void PlaybinDevice::Halt(Phase phase) {
 void PlaybinDevice::Resume() {
   DrainBus();
   if (phase_ != Phase::Paused) return;
+  next_.Decided();
   gst_element_set_state(playbin_.get(), GST_STATE_PLAYING);
   phase_ = Phase::Playing;
 }
@@ -163,6 +202,7 @@ std::uint32_t PlaybinDevice::Seek(std::uint64_t ms) {
   DrainBus();
   if (ms > lengthMs_) return kMciOutOfRange;
   if (phase_ == Phase::Playing) return PlayFrom(ms);
+  next_.Release();
   PauseAndSettle();
   const bool moved = SeekTo(ms);
   DrainBus();
@@ -190,13 +230,44 @@ const char* PlaybinDevice::Mode() {
   }
 }
 
-// Takes note of the end of the stream. A stream that fails while playing is
-// over for the listener just as one that ended, so it counts as ended too.
+// Takes note of the end of the stream, of the next file starting and of a
+// length learnt late. A stream that fails while playing is over for the
+// listener just as one that ended, so it counts as ended too.
 void PlaybinDevice::DrainBus() {
-  while (GstMessagePtr message{
-      gst_bus_pop_filtered(bus_.get(), static_cast<GstMessageType>(GST_MESSAGE_EOS | GST_MESSAGE_ERROR))}) {
-    if (phase_ == Phase::Playing) phase_ = Phase::Ended;
+  const auto types = static_cast<GstMessageType>(GST_MESSAGE_EOS | GST_MESSAGE_ERROR | GST_MESSAGE_STREAM_START |
+                                                 GST_MESSAGE_DURATION_CHANGED);
+  while (GstMessagePtr message{gst_bus_pop_filtered(bus_.get(), types)}) {
+    switch (GST_MESSAGE_TYPE(message.get())) {
+      case GST_MESSAGE_STREAM_START:
+        StreamStarted(message.get());
+        break;
+      case GST_MESSAGE_DURATION_CHANGED:
+        RefreshLength();
+        break;
+      default:
+        if (phase_ == Phase::Playing) phase_ = Phase::Ended;
+    }
   }
+}
+
+// A stream of a new group is the next file, now heard.
+void PlaybinDevice::StreamStarted(GstMessage* message) {
+  const guint group = GroupOf(message);
+  if (group == group_) return;
+  group_ = group;
+  const auto started = next_.StreamStarted();
+  if (!started) return;
+  file_ = started->file;
+  lengthMs_ = 0;
+  heldMs_ = 0;
+  RefreshLength();
+  if (lengthMs_ == 0) lengthMs_ = ScanLengthMs(file_).value_or(0);
+}
+
+void PlaybinDevice::RefreshLength() {
+  gint64 ns = 0;
+  if (gst_element_query_duration(playbin_.get(), GST_FORMAT_TIME, &ns) && ns > 0)
+    lengthMs_ = (static_cast<std::uint64_t>(ns) + GST_MSECOND / 2) / GST_MSECOND;
 }
 
 // Pauses and waits until the pause has taken hold, so that no late message of

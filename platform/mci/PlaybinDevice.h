@@ -1,5 +1,8 @@
 #pragma once
-// One open media file: an audio-only playbin, prerolled on open.
+// One open media file: an audio-only playbin, prerolled on open, with a
+// ReplayGain stage. A next file may be cued: it then follows the one playing
+// without a gap, in the same pipeline, and the length, the position and the
+// track number follow the sound as it changes over.
 //
 // Used from one thread. Every call returns within a bounded wait; playback runs
 // in GStreamer's threads, and its end is picked up from the bus at the next call.
@@ -12,8 +15,14 @@
 #include <optional>
 #include <string>
 
+#include "platform/mci/GainStage.h"
 #include "platform/mci/GstMediaControl.h"
 #include "platform/mci/GstOwned.h"
+#include "platform/mci/NextFile.h"
+
+namespace platform::mci {
+class AudioCapture;
+}
 
 namespace platform::mci {
 
@@ -22,7 +31,8 @@ class PlaybinDevice {
   // Opens an existing file and prerolls it. On failure returns null and sets
   // error: 296 when it cannot be decoded, 262 when the output has no device,
   // 275 when the file went away meanwhile.
-  static std::unique_ptr<PlaybinDevice> Open(const std::string& file, AudioOutput output, std::uint32_t& error);
+  static std::unique_ptr<PlaybinDevice> Open(const std::string& file, AudioOutput output, std::uint32_t& error,
+                                             AudioCapture* capture = nullptr);
   // Stops playback and releases the pipeline.
   ~PlaybinDevice();
 
@@ -49,11 +59,23 @@ class PlaybinDevice {
   std::uint32_t SetVolume(std::uint64_t level);
   // "playing", "paused" or "stopped" (the end reached counts as stopped).
   const char* Mode();
+  // The local file to go on with when the one playing ends; returns the
+  // cue's number (from 1). A later cue replaces one not taken yet.
+  std::uint64_t Cue(const std::string& file) { return next_.Offer(file); }
+  // Nothing follows the file playing.
+  void Uncue() { next_.Decline(); }
+  // The number of the cue playing now; 0 while the opened file plays.
+  std::uint64_t Track();
+  void SetReplayGain(ReplayGainMode mode) { gain_.SetMode(mode); }
 
  private:
   enum class Phase { Stopped, Paused, Playing, Ended };
 
-  PlaybinDevice(GstOwned<GstElement> playbin, std::uint64_t lengthMs);
+  PlaybinDevice();
+
+  static void OnAboutToFinish(GstElement* playbin, gpointer self);
+  void StreamStarted(GstMessage* message);
+  void RefreshLength();
 
   void DrainBus();
   void PauseAndSettle();
@@ -61,9 +83,15 @@ class PlaybinDevice {
   void Halt(Phase phase);
   std::optional<std::uint64_t> QueryPositionMs() const;
 
+  // The pipeline's threads use the stage and the cue: declared first, they
+  // are destroyed after the pipeline has stopped.
+  GainStage gain_;
+  NextFile next_;
   GstOwned<GstElement> playbin_;
   GstOwned<GstBus> bus_;
-  std::uint64_t lengthMs_;
+  std::string file_;  // the file playing
+  std::uint64_t lengthMs_ = 0;
+  guint group_ = 0;           // of the stream playing; a new one means the next file began
   std::uint64_t heldMs_ = 0;  // the position while paused, and the last one seen
   Phase phase_ = Phase::Stopped;
 };

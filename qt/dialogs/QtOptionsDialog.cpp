@@ -20,7 +20,8 @@ QtOptionsDialog::QtOptionsDialog(QWidget* parent)
       cachePath_(MakeEdit(*this, 12)),
       drives_(new QComboBox(this)),
       browse_(MakeButton(*this, QStringLiteral("..."), 19, 11)),
-      allFormats_(new QCheckBox(QString::fromLatin1(COptionsDlg::kAllFormats), this)) {
+      allFormats_(new QCheckBox(QString::fromLatin1(COptionsDlg::kAllFormats), this)),
+      replayGain_(new QComboBox(this)) {
   setWindowTitle(COptionsDlg::kCaption);
   browse_->setFixedWidth(DialogUnitsX(*this, 19));
   cachePath_->setObjectName(QStringLiteral("Cache Path:"));
@@ -28,6 +29,11 @@ QtOptionsDialog::QtOptionsDialog(QWidget* parent)
   drives_->setEditable(false);
   drives_->setMinimumWidth(DialogUnitsX(*this, 32));
   allFormats_->setToolTip(QString::fromLatin1(COptionsDlg::kAllFormatsTip));
+  replayGain_->setObjectName(QString::fromLatin1(COptionsDlg::kReplayGain));
+  replayGain_->addItem(QStringLiteral("Off"), QStringLiteral("off"));
+  replayGain_->addItem(QStringLiteral("Track"), QStringLiteral("track"));
+  replayGain_->addItem(QStringLiteral("Album"), QStringLiteral("album"));
+  replayGain_->setToolTip(QStringLiteral("Play each file at the level its ReplayGain tags ask for"));
   QPushButton* ok = MakeButton(*this, QStringLiteral("OK"), 50, 14);
   QPushButton* cancel = MakeButton(*this, QStringLiteral("Cancel"), 50, 14);
   ok->setDefault(true);
@@ -46,6 +52,8 @@ QtOptionsDialog::QtOptionsDialog(QWidget* parent)
   fields->addWidget(new QLabel(QStringLiteral("CD Drive:"), this), 1, 0);
   fields->addWidget(drives_, 1, 1, Qt::AlignLeft);
   fields->addWidget(allFormats_, 2, 0, 1, 2);
+  fields->addWidget(new QLabel(QString::fromLatin1(COptionsDlg::kReplayGain), this), 3, 0);
+  fields->addWidget(replayGain_, 3, 1, Qt::AlignLeft);
 
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(DialogUnitsX(*this, 6));
@@ -72,12 +80,14 @@ void QtOptionsDialog::Load(const OptionsForm& form) {
   drives_->model()->sort(0);
   drives_->setCurrentIndex(drives_->findData(form.selectedDrive));
   allFormats_->setChecked(form.allFormats);
+  replayGain_->setCurrentIndex(std::max(0, replayGain_->findData(ToQString(form.replayGain))));
 }
 
 void QtOptionsDialog::Store(OptionsForm& form) const {
   form.cachePath = EditedText(cachePath_->text(), shown_.cachePath);
   form.selectedDrive = drives_->currentIndex() < 0 ? -1 : drives_->currentData().toInt();
   form.allFormats = allFormats_->isChecked();
+  form.replayGain = replayGain_->currentData().toString().toStdString();
 }
 
 // What the user typed stays the form's cache path when the picker is

@@ -35,5 +35,6 @@ class QtOptionsDialog : public QDialog, public OptionsView {
   QComboBox* drives_;
   QPushButton* browse_;
   QCheckBox* allFormats_;
+  QComboBox* replayGain_;
   OptionsForm shown_;
 };

@@ -9,7 +9,7 @@ using ConsoleTest = ConsoleFixture;
 TEST_F(ConsoleTest, FirstRunCreatesTheCatalogueAndLaterRunsKeepTheOptions) {
   Outcome first = Run("options");
   EXPECT_EQ(first.status, 0) << first.err;
-  EXPECT_EQ(first.out, "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\n" + CatalogueLine());
+  EXPECT_EQ(first.out, "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\nReplayGain: track\n" + CatalogueLine());
   EXPECT_TRUE(fs::is_directory(home + "/QORCache"));
   EXPECT_TRUE(fs::is_symlink(program + "/drives/c:"));
   EXPECT_EQ(Query("SELECT ConfigID, Value FROM Configs WHERE ConfigID IN (1, 410, 605);"),
@@ -18,14 +18,17 @@ TEST_F(ConsoleTest, FirstRunCreatesTheCatalogueAndLaterRunsKeepTheOptions) {
   // A CD drive whose disc is a folder, added to the table by hand.
   fs::create_symlink(folder.MakeFolder("disc"), program + "/drives/e::");
   const std::string options =
-      "Cache Path: C:\\Cache\nCD Drive: E\nCatalogue every audio format: yes\n" + CatalogueLine();
-  Outcome changed = Run("options --cache-path " + home + "/Cache --cd-drive e: --all-formats YES");
+      "Cache Path: C:\\Cache\nCD Drive: E\nCatalogue every audio format: yes\nReplayGain: album\n" + CatalogueLine();
+  Outcome changed =
+      Run("options --cache-path " + home + "/Cache --cd-drive e: --all-formats YES --replaygain Album");
   EXPECT_EQ(changed.status, 0) << changed.err;
   EXPECT_EQ(changed.out, options);
   EXPECT_EQ(Run("options").out, options);
   EXPECT_EQ(Query("SELECT count(*) FROM Configs;"), "26;");  // settings and id marks
   EXPECT_EQ(Query("SELECT Value FROM Configs WHERE ConfigID=710;"), "1;");
+  EXPECT_EQ(Query("SELECT Value FROM Configs WHERE ConfigID=715;"), "album;");
   EXPECT_EQ(Run("options --all-formats maybe").status, 2);
+  EXPECT_EQ(Run("options --replaygain loud").status, 2);
 
   Outcome wrongDrive = Run("options --cd-drive C --cache-path 'D:\\x'");
   EXPECT_EQ(wrongDrive.status, 2);
