@@ -44,7 +44,8 @@ int CMciPlayer::Open(const std::string& path, std::uint64_t openNumber) {
   lengthMs_ = StatusNumber("length");
   const std::uint32_t lengthError = lastError_;
   if (volume_ != kFullVolume) SendVolume();
-  if (!replayGain_.empty()) SendToDevice("setaudio", " replaygain to " + replayGain_);
+  // Every file opens at track gain.
+  if (!replayGain_.empty() && replayGain_ != "track") SendToDevice("setaudio", " replaygain to " + replayGain_);
   track_ = 0;
   lastCue_ = 0;
   lastError_ = lengthError;

@@ -69,7 +69,7 @@ class CMciPlayer {
   // (and when not open). When it changed, the length is read again.
   std::int64_t Track();
   // "setaudio ... replaygain to off|track|album"; kept and sent again after
-  // each later open, like the volume.
+  // each later open unless it is "track", which every file opens with.
   int SetReplayGain(const std::string& mode);
 
   // "status ... mode"; NotReady when not open, when the query fails or when

@@ -69,12 +69,12 @@ int CPlaybackControl::PlayFile(int fileId, int nextFileId) {
     if (!WaitForDisc(drive, *volume)) return kNotPlayed;
   }
   OpenAndPlay(fileId, MakeFullPath(drive, folder->FullPath, file->FileName), file->FileName,
-              nextFileId != 0 ? LocateLater(nextFileId) : nullptr, nextFileId);
+              nextFileId != 0 ? LocateLater(nextFileId, false) : nullptr, nextFileId);
   return 0;
 }
 
 void CPlaybackControl::CueNext(int fileId) {
-  auto locate = fileId != 0 ? LocateLater(fileId) : nullptr;
+  auto locate = fileId != 0 ? LocateLater(fileId, false) : nullptr;
   struct Outcome {
     std::int64_t number = 0;
     std::string path;
@@ -103,7 +103,7 @@ void CPlaybackControl::NotifyStarted(int fileId) {
   for (const auto& [id, listener] : listeners) listener(fileId);
 }
 
-std::function<std::string()> CPlaybackControl::LocateLater(int fileId) const {
+std::function<std::string()> CPlaybackControl::LocateLater(int fileId, bool checkDisk) const {
   const auto file = db_.GetFile(fileId);
   if (!file) return nullptr;
   const auto folder = db_.GetPath(file->PathID);
@@ -112,8 +112,9 @@ std::function<std::string()> CPlaybackControl::LocateLater(int fileId) const {
   // A disc is looked for in the CD drive of the settings; a disk on its own
   // letter, which may hold another disk now (or none: unplugged, unmounted).
   const std::string drive = volume->VolType == platform::kDriveCdRom ? settings_.cdDrive : volume->DrvLtr;
-  return [&drives = drives_, drive, serial = volume->SerialNo,
-          path = MakeFullPath(drive, folder->FullPath, file->FileName)]() -> std::string {
+  std::string path = MakeFullPath(drive, folder->FullPath, file->FileName);
+  if (volume->VolType != platform::kDriveCdRom && !checkDisk) return [path] { return path; };
+  return [&drives = drives_, drive, serial = volume->SerialNo, path]() -> std::string {
     if (!drives.IsDriveReady(drive)) return "";
     const auto inDrive = drives.ReadVolumeInfo(drive);
     return inDrive && inDrive->SerialNo == serial ? path : "";

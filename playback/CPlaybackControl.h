@@ -66,8 +66,9 @@ class CPlaybackControl {
   // read now, and the function returned tells the path when called on any
   // thread (for a disc it reads the drive's volume then, which may take as
   // long as the drive does). Null when the file has no row. It uses the
-  // drive services, which must outlive it.
-  std::function<std::string()> LocateLater(int fileId) const;
+  // drive services, which must outlive it. With checkDisk false a file on a
+  // disk is taken where its letter points, as PlayFile takes it, unread.
+  std::function<std::string()> LocateLater(int fileId, bool checkDisk = true) const;
   // Both return 0 whatever the player answered. Stop gives up an open that
   // still waits, so that it acts at once.
   int StopPlayback();

@@ -148,7 +148,7 @@ void CPlayThrough::OnStatus(const PlayerStatus& status) {
 
 void CPlayThrough::FollowStartedFile(int fileId) {
   fileId_ = fileId;
-  cuedFileId_ = 0;
+  cuedFileId_ = kUndecided;  // the player waits to hear what follows, even when nothing does
   const auto row = RowOf(CurrentRows(), fileId);
   started_.Notify(fileId, row.value_or(-1));
 }

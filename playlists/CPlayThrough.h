@@ -93,8 +93,9 @@ class CPlayThrough {
   std::vector<int> shuffled_;  // the files in shuffled order
   std::mt19937 random_{std::random_device{}()};
   int fileId_ = 0;  // the file of this run playing (or handed over last); 0 when none
-  int cuedFileId_ = 0;
-  int failures_ = 0;  // files in a row that did not open
+  static constexpr int kUndecided = -1;
+  int cuedFileId_ = 0;  // the file cued to follow, 0 for none, or kUndecided
+  int failures_ = 0;    // files in a row that did not open
   std::uint64_t generation_ = 0;
   bool stepping_ = false;  // a disc prompt may run the event loop meanwhile
 };

@@ -9,6 +9,17 @@ namespace platform::mci {
 namespace {
 
 constexpr int kFrameBytes = 2 * AudioCapture::kChannels;
+// As an audio sink does, samples that arrive this close to where the last
+// ones ended are played on from there: only a larger jump is heard as silence.
+constexpr GstClockTime kAlignment = 40 * GST_MSECOND;
+// A sound card's buffer: the end of a stream is told only when its last
+// samples have left it, this long after they were written.
+constexpr gulong kDeviceLatencyUs = 200000;
+
+GstPadProbeReturn DrainAtEnd(GstPad*, GstPadProbeInfo* info, gpointer) {
+  if (GST_EVENT_TYPE(GST_PAD_PROBE_INFO_EVENT(info)) == GST_EVENT_EOS) g_usleep(kDeviceLatencyUs);
+  return GST_PAD_PROBE_OK;
+}
 
 std::uint64_t FramesIn(GstClockTime time) { return gst_util_uint64_scale(time, AudioCapture::kRate, GST_SECOND); }
 
@@ -30,6 +41,9 @@ GstElement* AudioCapture::MakeSink() {
   GstElement* sink = gst_bin_get_by_name(GST_BIN(bin), "capture");
   g_object_set(sink, "emit-signals", TRUE, nullptr);
   g_signal_connect(sink, "new-sample", G_CALLBACK(&AudioCapture::OnSample), this);
+  GstPad* pad = gst_element_get_static_pad(sink, "sink");
+  gst_pad_add_probe(pad, GST_PAD_PROBE_TYPE_EVENT_DOWNSTREAM, &DrainAtEnd, nullptr, nullptr);
+  gst_object_unref(pad);
   gst_object_unref(sink);
   return bin;
 }
@@ -55,11 +69,12 @@ void AudioCapture::Record(GstElement* sink, GstSample* sample) {
   if (!gst_buffer_map(buffer, &map, GST_MAP_READ)) return;
   std::lock_guard lock(mutex_);
   if (file_ != nullptr) {
-    if (started_ && startsAt > endsAt_) WriteSilence(FramesIn(startsAt - endsAt_));
+    const bool jump = !started_ || startsAt > endsAt_ + kAlignment || startsAt + kAlignment < endsAt_;
+    if (started_ && startsAt > endsAt_ + kAlignment) WriteSilence(FramesIn(startsAt - endsAt_));
     std::fwrite(map.data, 1, map.size, file_);
     std::fflush(file_);
     started_ = true;
-    endsAt_ = std::max(endsAt_, startsAt) + gst_util_uint64_scale(map.size / kFrameBytes, GST_SECOND, kRate);
+    endsAt_ = (jump ? startsAt : endsAt_) + gst_util_uint64_scale(map.size / kFrameBytes, GST_SECOND, kRate);
   }
   gst_buffer_unmap(buffer, &map);
 }

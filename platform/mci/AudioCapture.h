@@ -3,8 +3,10 @@
 // stereo samples at 44.1 kHz, little-endian, raw, appended to one file for
 // the life of the media control. Samples are taken at real-time pace, and
 // time in which nothing was played (between two files, while paused)
-// becomes silence in the file, measured on the clock that schedules them; so
-// the file tells whether one file followed another without a gap. For tests
+// becomes silence in the file, measured on the clock that schedules them and
+// as a sound card would play it (the end of a stream is told only once its
+// buffer has drained; small jumps in time are played through); so the file
+// tells whether one file followed another without a gap. For tests
 // and diagnostics where no sound card is at hand.
 
 #include <gst/gst.h>

@@ -43,6 +43,7 @@ GainStage::~GainStage() {
 GstPadProbeReturn GainStage::OnEvent(GstPad*, GstPadProbeInfo* info, gpointer self) {
   GstEvent* event = GST_PAD_PROBE_INFO_EVENT(info);
   auto* stage = static_cast<GainStage*>(self);
+  if (GST_EVENT_TYPE(event) == GST_EVENT_EOS && stage->followed_ && stage->followed_()) return GST_PAD_PROBE_DROP;
   if (GST_EVENT_TYPE(event) == GST_EVENT_STREAM_START) stage->StreamStarted();
   if (GST_EVENT_TYPE(event) == GST_EVENT_TAG) {
     GstTagList* list = nullptr;

@@ -52,6 +52,11 @@ std::optional<NextFile::Cue> NextFile::StreamStarted() {
   return started;
 }
 
+bool NextFile::Follows() {
+  std::lock_guard lock(mutex_);
+  return !taken_.empty();
+}
+
 std::uint64_t NextFile::Playing() {
   std::lock_guard lock(mutex_);
   return playing_;

@@ -42,6 +42,9 @@ class NextFile {
   std::optional<Cue> StreamStarted();
   // The cue number of the file playing; 0 for the file opened.
   std::uint64_t Playing();
+  // Whether a file was taken that has not started yet: the end of the
+  // stream playing is not the end of playing. Any thread.
+  bool Follows();
 
  private:
   std::mutex mutex_;

@@ -1,6 +1,7 @@
 #include "platform/mci/PlaybinDevice.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/MediaControl.h"
 #include "platform/mci/AudioSink.h"
@@ -106,6 +107,7 @@ std::unique_ptr<PlaybinDevice> PlaybinDevice::Open(const std::string& file, Audi
     return nullptr;
   }
   std::unique_ptr<PlaybinDevice> device(new PlaybinDevice());
+  device->gain_.EndsFollowedWhen([next = &device->next_] { return next->Follows(); });
   device->playbin_ = MakeAudioOnlyPlaybin(file, sink.get(), device->gain_.Bin());
   if (!device->playbin_) {
     error = kMciCannotDecode;
@@ -162,7 +164,10 @@ std::uint32_t PlaybinDevice::PlayFrom(std::uint64_t ms) {
     phase_ = Phase::Ended;
     return kMciNoError;
   }
-  if (!SeekTo(ms)) {
+  // A device still where its open left it needs no seek to start; nor must
+  // it have one, as a cue taken meanwhile would be lost to the flush.
+  const bool fresh = std::exchange(untouched_, false) && ms == 0;
+  if (!fresh && !SeekTo(ms)) {
     phase_ = Phase::Stopped;
     return kMciCannotDecode;
   }
@@ -204,6 +209,7 @@ std::uint32_t PlaybinDevice::Seek(std::uint64_t ms) {
   if (phase_ == Phase::Playing) return PlayFrom(ms);
   next_.Release();
   PauseAndSettle();
+  untouched_ = false;
   const bool moved = SeekTo(ms);
   DrainBus();
   if (phase_ == Phase::Ended) phase_ = Phase::Stopped;

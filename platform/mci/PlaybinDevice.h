@@ -94,6 +94,7 @@ class PlaybinDevice {
   guint group_ = 0;           // of the stream playing; a new one means the next file began
   std::uint64_t heldMs_ = 0;  // the position while paused, and the last one seen
   Phase phase_ = Phase::Stopped;
+  bool untouched_ = true;  // prerolled at the start, never played or moved
 };
 
 }  // namespace platform::mci

@@ -45,8 +45,8 @@ class ConsoleFixture : public ::testing::Test {
   Outcome RunFrom(const std::string& programPath, const std::string& arguments, bool asNobody = false) {
     const std::string out = folder.Path() + "/out", err = folder.Path() + "/err";
     const std::string user = asNobody ? "setpriv --reuid=65534 --regid=65534 --clear-groups " : "";
-    const std::string command = "cd '" + programPath + "' && HOME='" + home + "' timeout 60 " + user +
-                                "./vantrelle-cli " + arguments + " >'" + out + "' 2>'" + err + "' </dev/null";
+    const std::string command = "cd '" + programPath + "' && " + environment + " HOME='" + home + "' timeout 60 " +
+                                user + "./vantrelle-cli " + arguments + " >'" + out + "' 2>'" + err + "' </dev/null";
     const int raw = std::system(command.c_str());
     return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, ReadAll(out), ReadAll(err)};
   }
@@ -69,6 +69,8 @@ class ConsoleFixture : public ::testing::Test {
     return result;
   }
 
+  // Variables set for each run ("NAME='value' ...").
+  std::string environment;
   testing_support::TempFolder folder;
   std::string home = folder.MakeFolder("home");
   std::string program = folder.MakeFolder("program");

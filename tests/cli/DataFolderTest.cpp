@@ -13,9 +13,9 @@ class DataFolderTest : public ConsoleFixture {
   DataFolderTest() { fs::remove(program + "/vantrelle.portable"); }
 
   // The program run with only these variables (and PATH) set.
-  Outcome RunWith(const std::string& environment, const std::string& arguments) {
+  Outcome RunWith(const std::string& variables, const std::string& arguments) {
     const std::string out = folder.Path() + "/out", err = folder.Path() + "/err";
-    const std::string command = "cd '" + program + "' && env -i PATH=\"$PATH\" " + environment +
+    const std::string command = "cd '" + program + "' && env -i PATH=\"$PATH\" " + variables +
                                 " timeout 60 ./vantrelle-cli " + arguments + " >'" + out + "' 2>'" + err +
                                 "' </dev/null";
     const int raw = std::system(command.c_str());
