@@ -93,7 +93,7 @@ double CRemoteControl::Volume() const { return static_cast<double>(window_.Volum
 // slip must neither mute the player nor reach the settings.
 void CRemoteControl::SetVolume(double volume) {
   if (!std::isfinite(volume) || volume < 0.0 || volume > 1.0) return;
-  window_.OnVolume(static_cast<int>(std::lround(volume * CAppSettings::kFullVolume)));
+  window_.ChangeVolume(static_cast<int>(std::lround(volume * CAppSettings::kFullVolume)));
 }
 
 // Resumes a pause; otherwise plays the row of the play list that played
