@@ -1,5 +1,3 @@
-#include "ui/CRemoteControl.h"
-
 #include <algorithm>
 #include <cmath>
 
@@ -9,8 +7,10 @@
 #include "playlists/CPlayListModel.h"
 #include "playlists/CPlayThrough.h"
 #include "playlists/FileIds.h"
+#include "playlists/PlayListName.h"
 #include "settings/CAppSettings.h"
 #include "ui/CMainDlg.h"
+#include "ui/CRemoteControl.h"
 
 namespace {
 
@@ -152,7 +152,8 @@ void CRemoteControl::SetPosition(int fileId, std::int64_t us) {
 std::vector<std::pair<int, std::string>> CRemoteControl::PlayLists() const {
   if (playLists_ || !CatalogueAtHand()) return playLists_.value_or(std::vector<std::pair<int, std::string>>{});
   playLists_.emplace();
-  for (const CPlayList& list : db_.GetPlayLists()) playLists_->emplace_back(list.PlayListID, list.Name);
+  for (const CPlayList& list : db_.GetPlayLists())
+    playLists_->emplace_back(list.PlayListID, ShownPlayListName(list.Name));
   return *playLists_;
 }
 
