@@ -23,6 +23,15 @@ class ListControl {
   // Appends a row; texts beyond the columns are ignored and missing ones are
   // empty. Returns the new row's number.
   virtual int AppendRow(const std::vector<std::string>& texts, std::int32_t value) = 0;
+  struct AddedRow {
+    std::vector<std::string> texts;
+    std::int32_t value = 0;
+  };
+  // Appends the rows, in order, as AppendRow takes each; a list that can
+  // takes them in one batch.
+  virtual void AppendRows(std::vector<AddedRow> rows) {
+    for (const AddedRow& row : rows) AppendRow(row.texts, row.value);
+  }
   // Puts new texts into a row, as AppendRow takes them; its value stays.
   virtual void SetRowTexts(int row, const std::vector<std::string>& texts) = 0;
   virtual void DeleteRow(int row) = 0;

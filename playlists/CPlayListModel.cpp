@@ -1,6 +1,8 @@
 #include "playlists/CPlayListModel.h"
 
 #include <algorithm>
+#include <iterator>
+#include <unordered_map>
 #include <unordered_set>
 
 #include "base/LengthText.h"
@@ -8,7 +10,7 @@
 #include "playlists/CataloguedFiles.h"
 #include "playlists/FileIds.h"
 
-std::vector<std::string> PlayListRowTexts(const CMediaFile& file) {
+std::vector<std::string> PlayListRowTexts(const MediaListRow& file) {
   const std::string& title = UserOrTag(file.Title, file.id3Title);
   const std::string& artist = UserOrTag(file.Artist, file.id3Artist);
   return {title.empty() ? file.FileName : title, artist, MinutesAndSeconds(file.Length)};
@@ -39,13 +41,21 @@ void CPlayListModel::DetachList() {
   list_ = nullptr;
 }
 
+// The changed rows' texts are read in one statement; rows whose file went are removed.
 void CPlayListModel::OnCatalogueChanged(const CatalogueChanges& changes) {
   if (!changes.Touches(CatalogueTable::Files)) return;
+  const IdList all = GetFileIds(false);
+  IdList changed;
+  std::copy_if(all.begin(), all.end(), std::back_inserter(changed),
+               [&changes](std::int32_t id) { return changes.Touches(CatalogueTable::Files, id); });
+  if (changed.empty()) return;
+  std::unordered_map<std::int32_t, std::vector<std::string>> texts;
+  for (const MediaListRow& file : db_.FileListRows(changed)) texts.emplace(file.FileID, PlayListRowTexts(file));
   for (int row = list_->RowCount() - 1; row >= 0; --row) {
     const std::int32_t id = list_->RowValue(row);
     if (!changes.Touches(CatalogueTable::Files, id)) continue;
-    if (const auto file = db_.GetFile(id))
-      list_->SetRowTexts(row, PlayListRowTexts(*file));
+    if (const auto found = texts.find(id); found != texts.end())
+      list_->SetRowTexts(row, found->second);
     else
       list_->DeleteRow(row);
   }
@@ -65,17 +75,23 @@ std::unordered_set<std::int32_t> CPlayListModel::ListedIds() const {
   return ids;
 }
 
-void CPlayListModel::AddFile(const CMediaFile& file) {
-  if (list_) list_->AppendRow(PlayListRowTexts(file), file.FileID);
-}
-
-void CPlayListModel::AddFiles(const IdList& fileIds) {
+IdList CPlayListModel::NotListedYet(const IdList& fileIds) const {
   // One set for the whole call: adding n files to m rows costs n + m, not n * m.
   std::unordered_set<std::int32_t> listed = ListedIds();
-  for (std::int32_t id : fileIds) {
-    if (!listed.insert(id).second) continue;
-    if (const auto file = db_.GetFile(id)) AddFile(*file);
-  }
+  IdList fresh;
+  for (std::int32_t id : fileIds)
+    if (listed.insert(id).second) fresh.push_back(id);
+  return fresh;
+}
+
+// The files' texts come in one statement and the rows go to the list in one batch.
+void CPlayListModel::AddFiles(const IdList& fileIds) {
+  if (!list_) return;
+  const std::vector<MediaListRow> files = db_.FileListRows(NotListedYet(fileIds));
+  std::vector<platform::ListControl::AddedRow> rows;
+  rows.reserve(files.size());
+  for (const MediaListRow& file : files) rows.push_back({PlayListRowTexts(file), file.FileID});
+  list_->AppendRows(std::move(rows));
 }
 
 IdList CPlayListModel::GetFileIds(bool selectedOnly) const {

@@ -23,7 +23,7 @@ class ListControl;
 
 // The texts of a file's row: its title (the user's, or the tag's, or else
 // the file name), its artist (the user's or the tag's) and its length.
-std::vector<std::string> PlayListRowTexts(const CMediaFile& file);
+std::vector<std::string> PlayListRowTexts(const MediaListRow& file);
 
 // The item values of a list's rows (all, or the selected ones), top to bottom.
 IdList GetFileIds(const platform::ListControl& list, bool selectedOnly);
@@ -48,9 +48,8 @@ class CPlayListModel {
   void DetachList();
 
   void InsertColumns();
-  void AddFile(const CMediaFile& file);
-  // "Add To PlayList": appends, in order, each file not in the list yet;
-  // ids without a file row are passed over.
+  // "Add To PlayList", drops and stored play lists: appends, in order, each
+  // file not in the list yet; ids without a file row are passed over.
   void AddFiles(const IdList& fileIds);
   IdList GetFileIds(bool selectedOnly) const;
   // Files dropped from a file manager: appends those the catalogue holds (on
@@ -74,6 +73,8 @@ class CPlayListModel {
  private:
   // The file ids of the list's rows.
   std::unordered_set<std::int32_t> ListedIds() const;
+  // The ids, each once, that no row carries yet, in their order.
+  IdList NotListedYet(const IdList& fileIds) const;
   void OnCatalogueChanged(const CatalogueChanges& changes);
 
   MediaDB& db_;

@@ -141,7 +141,7 @@ MainWindow::MainWindow(CLibraryApp& app, const DesktopDialogs& dialogs)
   stacking_->Watch(*playListWindow_);
   remote_ = std::make_unique<CRemoteControl>(*logic_, app.PlayList(), app.PlayThrough(), app.Playback(), app.Db(),
                                              app.Platform().files);
-  mpris_ = std::make_unique<MprisService>(*remote_, *this);
+  mpris_ = std::make_unique<MprisService>(*remote_, *this, app.Db().Events());
   logic_->OnStatusShown([this] { mpris_->AnnounceChanges(); });
 }
 

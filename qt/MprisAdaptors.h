@@ -7,6 +7,9 @@
 #include <QList>
 #include <QStringList>
 #include <QVariantMap>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "qt/MprisService.h"
 
@@ -53,7 +56,9 @@ class MprisPlayerAdaptor final : public QDBusAbstractAdaptor {
   Q_PROPERTY(bool CanGoPrevious READ CanGoPrevious)
   Q_PROPERTY(bool CanPlay READ CanControl)
   Q_PROPERTY(bool CanPause READ CanControl)
-  Q_PROPERTY(bool CanSeek READ CanControl)
+  Q_PROPERTY(bool CanSeek READ CanSeek)
+  Q_PROPERTY(bool Shuffle READ Shuffle WRITE SetShuffle)
+  Q_PROPERTY(QString LoopStatus READ LoopStatus WRITE SetLoopStatus)
   Q_PROPERTY(bool CanControl READ CanControl)
 
  public:
@@ -67,7 +72,13 @@ class MprisPlayerAdaptor final : public QDBusAbstractAdaptor {
   void SetRate(double) {}  // one rate only
   bool CanGoNext() const;
   bool CanGoPrevious() const;
+  bool CanSeek() const;
   bool CanControl() const { return true; }
+  bool Shuffle() const;
+  void SetShuffle(bool shuffle);
+  // "None", "Track" or "Playlist"; anything else is ignored.
+  QString LoopStatus() const;
+  void SetLoopStatus(const QString& status);
 
  public slots:
   void Play();
@@ -100,6 +111,12 @@ class MprisPlayListsAdaptor final : public QDBusAbstractAdaptor {
   QStringList Orderings() const { return {QStringLiteral("UserDefined")}; }
   MprisActivePlayList ActivePlaylist() const { return active_; }
 
+  // Takes the stored play lists as they are now, before any change is announced.
+  void RememberStoredLists();
+  // The stored play lists changed: PlaylistChanged for each one added or
+  // renamed; returns the properties that changed with them.
+  QVariantMap StoredListsChanged();
+
  public slots:
   void ActivatePlaylist(const QDBusObjectPath& playListId);
   QList<MprisPlayList> GetPlaylists(uint index, uint maxCount, const QString& order, bool reverseOrder);
@@ -108,6 +125,9 @@ class MprisPlayListsAdaptor final : public QDBusAbstractAdaptor {
   void PlaylistChanged(MprisPlayList playList);
 
  private:
+  bool FollowActive();
+
   MprisService& service_;
   MprisActivePlayList active_;
+  std::vector<std::pair<int, std::string>> known_;  // the stored play lists as last announced
 };

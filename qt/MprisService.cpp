@@ -6,8 +6,8 @@
 #include <QDBusMetaType>
 #include <QWidget>
 #include <algorithm>
-#include <limits>
 
+#include "catalogue/CatalogueEvents.h"
 #include "qt/MprisAdaptors.h"
 #include "qt/SessionBus.h"
 #include "qt/dialogs/QtText.h"
@@ -16,6 +16,7 @@
 namespace {
 
 const QString kPlayerInterface = QStringLiteral("org.mpris.MediaPlayer2.Player");
+const QString kPlayListsInterface = QStringLiteral("org.mpris.MediaPlayer2.Playlists");
 const QString kTrackPath = QStringLiteral("/org/vantrelle/track/%1");
 const QString kNoTrack = QStringLiteral("/org/mpris/MediaPlayer2/TrackList/NoTrack");
 const QString kPlayListPath = QStringLiteral("/org/vantrelle/playlist/%1");
@@ -64,16 +65,19 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, MprisActivePlayLi
   return argument;
 }
 
-MprisService::MprisService(CRemoteControl& remote, QWidget& window) : remote_(remote), window_(window) {
+MprisService::MprisService(CRemoteControl& remote, QWidget& window, CatalogueEvents& events)
+    : remote_(remote), window_(window), events_(events) {
   qDBusRegisterMetaType<MprisPlayList>();
   qDBusRegisterMetaType<QList<MprisPlayList>>();
   qDBusRegisterMetaType<MprisActivePlayList>();
   new MprisRootAdaptor(*this);  // children of this object
   new MprisPlayerAdaptor(*this);
-  new MprisPlayListsAdaptor(*this);
+  playLists_ = new MprisPlayListsAdaptor(*this);
+  changesToken_ = events_.Subscribe([this](const CatalogueChanges& changes) { OnCatalogueChanged(changes); });
 }
 
 MprisService::~MprisService() {
+  events_.Unsubscribe(changesToken_);
   if (!registered_) return;
   QDBusConnection bus = QDBusConnection::sessionBus();
   bus.unregisterObject(QString::fromLatin1(kObjectPath));
@@ -91,7 +95,16 @@ bool MprisService::Register() {
   }
   registered_ = true;
   announced_ = PlayerProperties();
+  playLists_->RememberStoredLists();
   return true;
+}
+
+void MprisService::OnCatalogueChanged(const CatalogueChanges& changes) {
+  if (registered_ && changes.Touches(CatalogueTable::PlayLists)) AnnouncePlayLists(playLists_->StoredListsChanged());
+}
+
+void MprisService::AnnouncePlayLists(const QVariantMap& changed) {
+  if (registered_ && !changed.isEmpty()) Announce(kPlayListsInterface, changed);
 }
 
 QVariantMap MprisService::Metadata() const {
@@ -114,7 +127,10 @@ QVariantMap MprisService::PlayerProperties() const {
           {QStringLiteral("Metadata"), Metadata()},
           {QStringLiteral("Volume"), remote_.Volume()},
           {QStringLiteral("CanGoNext"), remote_.CanGoNext()},
-          {QStringLiteral("CanGoPrevious"), remote_.CanGoPrevious()}};
+          {QStringLiteral("CanGoPrevious"), remote_.CanGoPrevious()},
+          {QStringLiteral("CanSeek"), remote_.CanSeek()},
+          {QStringLiteral("Shuffle"), remote_.Shuffle()},
+          {QStringLiteral("LoopStatus"), ToQString(remote_.LoopStatus())}};
 }
 
 void MprisService::AnnounceChanges() {
@@ -155,9 +171,28 @@ MprisPlayerAdaptor::MprisPlayerAdaptor(MprisService& service) : QDBusAbstractAda
 QString MprisPlayerAdaptor::PlaybackStatus() const { return ToQString(service_.Remote().PlaybackStatus()); }
 qlonglong MprisPlayerAdaptor::Position() const { return service_.Remote().PositionUs(); }
 double MprisPlayerAdaptor::Volume() const { return service_.Remote().Volume(); }
-void MprisPlayerAdaptor::SetVolume(double volume) { service_.Remote().SetVolume(volume); }
 bool MprisPlayerAdaptor::CanGoNext() const { return service_.Remote().CanGoNext(); }
 bool MprisPlayerAdaptor::CanGoPrevious() const { return service_.Remote().CanGoPrevious(); }
+bool MprisPlayerAdaptor::CanSeek() const { return service_.Remote().CanSeek(); }
+bool MprisPlayerAdaptor::Shuffle() const { return service_.Remote().Shuffle(); }
+QString MprisPlayerAdaptor::LoopStatus() const { return ToQString(service_.Remote().LoopStatus()); }
+
+// A property set over the bus is announced at once, not at the next poll.
+void MprisPlayerAdaptor::SetVolume(double volume) {
+  service_.Remote().SetVolume(volume);
+  service_.AnnounceChanges();
+}
+
+void MprisPlayerAdaptor::SetShuffle(bool shuffle) {
+  service_.Remote().SetShuffle(shuffle);
+  service_.AnnounceChanges();
+}
+
+void MprisPlayerAdaptor::SetLoopStatus(const QString& status) {
+  service_.Remote().SetLoopStatus(status.toStdString());
+  service_.AnnounceChanges();
+}
+
 void MprisPlayerAdaptor::Play() { service_.Remote().Play(); }
 void MprisPlayerAdaptor::Pause() { service_.Remote().Pause(); }
 void MprisPlayerAdaptor::PlayPause() { service_.Remote().PlayPause(); }
@@ -165,18 +200,14 @@ void MprisPlayerAdaptor::Stop() { service_.Remote().Stop(); }
 void MprisPlayerAdaptor::Next() { service_.Remote().Next(); }
 void MprisPlayerAdaptor::Previous() { service_.Remote().Previous(); }
 
-// The offset may be any 64-bit number: the sum is kept from overflowing.
+// Seeked only for a move within the file: not for a call that was ignored,
+// nor for a seek past the end, which went on to the next row.
 void MprisPlayerAdaptor::Seek(qlonglong offset) {
-  const qlonglong from = service_.Remote().PositionUs();
-  service_.Remote().Seek(offset);
-  qlonglong to = 0;
-  if (__builtin_add_overflow(from, offset, &to)) to = offset > 0 ? std::numeric_limits<qlonglong>::max() : 0;
-  emit Seeked(std::max<qlonglong>(to, 0));
+  if (const auto position = service_.Remote().Seek(offset)) emit Seeked(*position);
 }
 
 void MprisPlayerAdaptor::SetPosition(const QDBusObjectPath& trackId, qlonglong position) {
-  service_.Remote().SetPosition(IdOfPath(trackId, kTrackPath), position);
-  emit Seeked(position);
+  if (const auto moved = service_.Remote().SetPosition(IdOfPath(trackId, kTrackPath), position)) emit Seeked(*moved);
 }
 
 MprisPlayListsAdaptor::MprisPlayListsAdaptor(MprisService& service)
@@ -193,6 +224,32 @@ void MprisPlayListsAdaptor::ActivatePlaylist(const QDBusObjectPath& playListId) 
   if (!service_.Remote().ActivatePlayList(id)) return;
   for (const auto& stored : service_.Remote().PlayLists())
     if (stored.first == id) active_ = {true, ToMpris(stored)};
+  service_.AnnouncePlayLists({{QStringLiteral("ActivePlaylist"), QVariant::fromValue(active_)}});
+}
+
+void MprisPlayListsAdaptor::RememberStoredLists() { known_ = service_.Remote().PlayLists(); }
+
+QVariantMap MprisPlayListsAdaptor::StoredListsChanged() {
+  const auto stored = service_.Remote().PlayLists();
+  for (const auto& list : stored)
+    if (std::find(known_.begin(), known_.end(), list) == known_.end()) emit PlaylistChanged(ToMpris(list));
+  QVariantMap changed;
+  if (stored.size() != known_.size()) changed.insert(QStringLiteral("PlaylistCount"), PlaylistCount());
+  known_ = stored;
+  if (FollowActive()) changed.insert(QStringLiteral("ActivePlaylist"), QVariant::fromValue(active_));
+  return changed;
+}
+
+// The active play list removed is active no more; renamed, it has its new name.
+bool MprisPlayListsAdaptor::FollowActive() {
+  if (!active_.valid) return false;
+  const int id = IdOfPath(active_.playList.id, kPlayListPath);
+  const auto now = std::find_if(known_.begin(), known_.end(), [id](const auto& list) { return list.first == id; });
+  const MprisActivePlayList followed =
+      now == known_.end() ? MprisActivePlayList{} : MprisActivePlayList{true, ToMpris(*now)};
+  if (followed.playList.name == active_.playList.name && followed.valid) return false;
+  active_ = followed;
+  return true;
 }
 
 // cppcheck-suppress unusedFunction

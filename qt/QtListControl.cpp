@@ -41,6 +41,10 @@ int QtListControl::AppendRow(const std::vector<std::string>& texts, std::int32_t
   return model_->AppendRow(texts, value);
 }
 
+void QtListControl::AppendRows(std::vector<AddedRow> rows) {
+  for (AddedRow& row : rows) model_->AppendRow(std::move(row.texts), row.value);
+}
+
 void QtListControl::SetRowTexts(int row, const std::vector<std::string>& texts) { model_->SetTexts(row, texts); }
 
 void QtListControl::DeleteRow(int row) { model_->RemoveRow(row); }

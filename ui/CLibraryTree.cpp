@@ -6,6 +6,7 @@
 #include "base/MessageText.h"
 #include "catalogue/MediaDB.h"
 #include "platform/DriveTable.h"
+#include "playlists/PlayListName.h"
 #include "scan/ScanCommands.h"
 #include "ui/CMediaList.h"
 #include "ui/LibraryCommands.h"
@@ -170,7 +171,7 @@ void CLibraryTree::AddFolders(TreeItem parent, std::span<const PathNodeRow* cons
 
 void CLibraryTree::AddPlayLists() {
   for (const CPlayList& playList : db_.GetPlayLists())
-    Insert(playLists_, playList.Name, NodeKind::PlayList, playList.PlayListID);
+    Insert(playLists_, ShownPlayListName(playList.Name), NodeKind::PlayList, playList.PlayListID);
 }
 
 DecodedNode CLibraryTree::Decode(TreeItem node) const {

@@ -24,6 +24,11 @@ constexpr int kStatusGap = 2;
 constexpr int kScrollBarRoom = 24;  // a list's frame and vertical scroll bar
 constexpr int kWindowGap = 10;      // between the main window and the play list window at first start
 
+// Stopped, or played to its end, the file is shown no more: nothing plays.
+bool Sounding(const PlayerStatus& status) {
+  return status.fileId != 0 && (status.mode == CMciPlayer::Mode::Playing || status.mode == CMciPlayer::Mode::Paused);
+}
+
 }  // namespace
 
 CMainDlg::CMainDlg(const MainWindowParts& parts, MainWindowView& view)
@@ -349,7 +354,7 @@ NowPlayingStrip CMainDlg::DescribeStatus(const PlayerStatus& status) {
     strip.opening = "Opening " + parts_.playback.OpeningName() + "\u2026";
     return strip;
   }
-  if (status.mode == CMciPlayer::Mode::NotReady || status.fileId == 0) return strip;
+  if (!Sounding(status)) return strip;
   // While a worker holds the catalogue the strip keeps the texts it has.
   if (status.fileId != describedFileId_ && !parts_.catalogue.HeldByWorker()) {
     describedFileId_ = status.fileId;
@@ -394,6 +399,11 @@ void CMainDlg::OnSeek(int ms) {
 void CMainDlg::OnVolume(int level) {
   parts_.settings.volume = std::clamp(level, 0, CAppSettings::kFullVolume);
   parts_.playback.SetVolume(parts_.settings.volume);
+}
+
+void CMainDlg::ChangeVolume(int level) {
+  OnVolume(level);
+  view_.ShowVolume(parts_.settings.volume);
 }
 
 void CMainDlg::RunOptions() {

@@ -110,6 +110,8 @@ class CMainDlg {
   void OnPauseResume();
   void OnSeek(int ms);
   void OnVolume(int level);
+  // A volume set from elsewhere (the session bus): applied, and the slider follows.
+  void ChangeVolume(int level);
   const PlayerStatus& LastStatus() const { return status_; }
   // The volume of the settings, 0 to 1000.
   int Volume() const;

@@ -9,6 +9,7 @@
 #include "playlists/CPlayListModel.h"
 #include "playlists/CPlayThrough.h"
 #include "playlists/FileIds.h"
+#include "playlists/PlayListName.h"
 #include "settings/CAppSettings.h"
 #include "ui/CMainDlg.h"
 
@@ -93,7 +94,7 @@ double CRemoteControl::Volume() const { return static_cast<double>(window_.Volum
 // slip must neither mute the player nor reach the settings.
 void CRemoteControl::SetVolume(double volume) {
   if (!std::isfinite(volume) || volume < 0.0 || volume > 1.0) return;
-  window_.OnVolume(static_cast<int>(std::lround(volume * CAppSettings::kFullVolume)));
+  window_.ChangeVolume(static_cast<int>(std::lround(volume * CAppSettings::kFullVolume)));
 }
 
 // Resumes a pause; otherwise plays the row of the play list that played
@@ -130,29 +131,65 @@ void CRemoteControl::Previous() {
   if (CatalogueAtHand() && playThrough_.Previous()) window_.PollNow();
 }
 
-void CRemoteControl::Seek(std::int64_t offsetUs) {
+bool CRemoteControl::CanSeek() const {
   const PlayerStatus& status = Status();
-  if (status.mode == CMciPlayer::Mode::NotReady) return;
-  const std::int64_t target = std::int64_t{status.positionMs} + offsetUs / kUsPerMs;
-  if (target >= status.lengthMs) {
-    if (!CatalogueAtHand()) return;
-    if (!playThrough_.Next()) Stop();
-    window_.PollNow();
-    return;
-  }
-  window_.OnSeek(static_cast<std::int32_t>(std::max<std::int64_t>(target, 0)));
+  const bool sounding = status.mode == CMciPlayer::Mode::Playing || status.mode == CMciPlayer::Mode::Paused;
+  return sounding && status.fileId != 0 && status.lengthMs > 0;
 }
 
-void CRemoteControl::SetPosition(int fileId, std::int64_t us) {
+std::optional<std::int64_t> CRemoteControl::Seek(std::int64_t offsetUs) {
+  if (!CanSeek()) return std::nullopt;
   const PlayerStatus& status = Status();
-  if (fileId != status.fileId || us < 0 || us / kUsPerMs > status.lengthMs) return;
-  window_.OnSeek(static_cast<std::int32_t>(us / kUsPerMs));
+  const std::int64_t target = std::max<std::int64_t>(std::int64_t{status.positionMs} + offsetUs / kUsPerMs, 0);
+  if (target >= status.lengthMs) {
+    GoOnFromTheEnd();
+    return std::nullopt;
+  }
+  window_.OnSeek(static_cast<std::int32_t>(target));
+  return target * kUsPerMs;
+}
+
+void CRemoteControl::GoOnFromTheEnd() {
+  if (!CatalogueAtHand()) return;
+  if (!playThrough_.Next()) Stop();
+  window_.PollNow();
+}
+
+std::optional<std::int64_t> CRemoteControl::SetPosition(int fileId, std::int64_t us) {
+  const PlayerStatus& status = Status();
+  if (!CanSeek() || fileId != status.fileId || us < 0 || us > std::int64_t{status.lengthMs} * kUsPerMs)
+    return std::nullopt;
+  const std::int64_t ms = us / kUsPerMs;
+  window_.OnSeek(static_cast<std::int32_t>(ms));
+  return ms * kUsPerMs;
+}
+
+bool CRemoteControl::Shuffle() const { return playThrough_.Shuffle(); }
+
+void CRemoteControl::SetShuffle(bool shuffle) { playThrough_.SetShuffle(shuffle); }
+
+std::string CRemoteControl::LoopStatus() const {
+  switch (playThrough_.GetRepeat()) {
+    case CPlayThrough::Repeat::One:
+      return "Track";
+    case CPlayThrough::Repeat::All:
+      return "Playlist";
+    default:
+      return "None";
+  }
+}
+
+void CRemoteControl::SetLoopStatus(const std::string& status) {
+  if (status == "None") playThrough_.SetRepeat(CPlayThrough::Repeat::Off);
+  if (status == "Track") playThrough_.SetRepeat(CPlayThrough::Repeat::One);
+  if (status == "Playlist") playThrough_.SetRepeat(CPlayThrough::Repeat::All);
 }
 
 std::vector<std::pair<int, std::string>> CRemoteControl::PlayLists() const {
   if (playLists_ || !CatalogueAtHand()) return playLists_.value_or(std::vector<std::pair<int, std::string>>{});
   playLists_.emplace();
-  for (const CPlayList& list : db_.GetPlayLists()) playLists_->emplace_back(list.PlayListID, list.Name);
+  for (const CPlayList& list : db_.GetPlayLists())
+    playLists_->emplace_back(list.PlayListID, ShownPlayListName(list.Name));
   return *playLists_;
 }
 

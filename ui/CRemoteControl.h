@@ -61,12 +61,26 @@ class CRemoteControl {
   void Stop();
   void Next();
   void Previous();
-  // Moves by offset; past the end goes on to the next row, as if it ended.
-  void Seek(std::int64_t offsetUs);
-  // Moves to us in the file, when it is still the one playing.
-  void SetPosition(int fileId, std::int64_t us);
+  // Whether the position may be moved: a file plays or is paused, and its
+  // length is known.
+  bool CanSeek() const;
+  // Moves by offset (before the start: to the start); at or past the end
+  // goes on to the next row, as if it ended. Returns the new position when
+  // the file's position moved, nothing when the call was ignored or went on.
+  std::optional<std::int64_t> Seek(std::int64_t offsetUs);
+  // Moves to us in the file, when it is still the one playing and us lies
+  // within it; returns the new position, or nothing when ignored.
+  std::optional<std::int64_t> SetPosition(int fileId, std::int64_t us);
 
-  // The stored play lists: PlayListID and name, in the catalogue's order.
+  // The play-through's order: shuffled or not, and what follows the last
+  // row as "None", "Track" (the same file again) or "Playlist" (from the
+  // first row again). An unknown loop status is ignored.
+  bool Shuffle() const;
+  void SetShuffle(bool shuffle);
+  std::string LoopStatus() const;
+  void SetLoopStatus(const std::string& status);
+
+  // The stored play lists: PlayListID and name as shown, in the catalogue's order.
   std::vector<std::pair<int, std::string>> PlayLists() const;
   // False when there is no such play list or it holds no file.
   bool ActivatePlayList(int playListId);
@@ -75,6 +89,8 @@ class CRemoteControl {
   const PlayerStatus& Status() const;
   bool RowAfter(int offset) const;
   bool CatalogueAtHand() const;
+  // Seek past the end: the next row, or a stop after the last.
+  void GoOnFromTheEnd();
   void OnCatalogueChanged(const CatalogueChanges& changes);
 
   CMainDlg& window_;

@@ -61,7 +61,7 @@ class OpenHangsDesktopTest : public ::testing::Test, protected testing_support::
     thread.reset();
     window.reset();
   }
-  QString Song() const { return window->Strip().Song().text(); }
+  QString Song() const { return window->Strip().Title().text(); }
 
   std::string music = folder.MakeFolder("music");
   platform::mci::GstMediaControl media{platform::mci::AudioOutput::Silent, files, std::chrono::hours(1)};

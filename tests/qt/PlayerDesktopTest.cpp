@@ -58,9 +58,13 @@ TEST_F(PlayerDesktopTest, ASlowOpenLeavesTheWindowAnsweringThenTheStripFollowsTh
 
   NowPlayingBar& strip = window->Strip();
   ASSERT_EVENTUALLY(strip.Time().text() == QStringLiteral("1:23 / 4:05"));
-  EXPECT_EQ(strip.Song().text(), QStringLiteral("Café Müller — Dara O'Neill"));
+  EXPECT_EQ(strip.Title().text(), QStringLiteral("Café Müller"));
+  EXPECT_EQ(strip.Artist().text(), QStringLiteral("Dara O'Neill"));
   EXPECT_EQ(strip.SeekSlider().value(), 83000);
   ASSERT_EVENTUALLY(!strip.Cover()->pixmap().isNull());  // the folder's picture, read off this thread
+  EXPECT_GE(strip.Cover()->height(), NowPlayingBar::kCoverEdge);
+  EXPECT_GE(strip.height(), NowPlayingBar::kCoverEdge);
+  EXPECT_GT(strip.Title().x(), strip.Cover()->geometry().right());
   EXPECT_TRUE(std::ranges::count(messages.Texts(), std::string(CPlaybackControl::kCannotPlay)) == 0);
 
   // Space pauses, the button then offers to resume; the sliders send their levels.
@@ -75,6 +79,14 @@ TEST_F(PlayerDesktopTest, ASlowOpenLeavesTheWindowAnsweringThenTheStripFollowsTh
   strip.VolumeSlider().setValue(300);
   ASSERT_EVENTUALLY(media.Received("setaudio QL_MCI_DEV_1 volume to 300"));
   EXPECT_EQ(app.Settings().volume, 300);
+
+  // Played to its end, the file is shown no more and the button offers to play.
+  media.Answer("status QL_MCI_DEV_1 mode", 0, "stopped");
+  ASSERT_EVENTUALLY(strip.Time().text() == QStringLiteral("0:00"));
+  EXPECT_TRUE(strip.Title().text().isEmpty());
+  EXPECT_EQ(strip.PauseButton().text(), QStringLiteral("Play"));
+  EXPECT_TRUE(strip.PauseButton().isEnabled());
+  EXPECT_EQ(strip.SeekSlider().value(), 0);
 
   // Enter in the list plays the selected file; Ctrl+F goes to Find.
   media.Forget();

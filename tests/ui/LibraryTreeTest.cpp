@@ -87,6 +87,10 @@ TEST_F(LibraryTreeTest, VolumesFoldersAndPlayListsInCatalogueOrderAndSelectingMo
   const std::string dump = Dump();
   EXPECT_EQ(std::count(dump.begin(), dump.end(), '*'), 1);
   EXPECT_NE(dump.find("[D:] Music=50000002*"), std::string::npos);
+
+  Exec("INSERT INTO PlayLists(Name,FileIDs) VALUES ('','');");  // as Cancel in the save dialog stores it
+  libraryTree.Rebuild();
+  EXPECT_NE(Dump().find("\n  (no name)=80000002"), std::string::npos);
 }
 
 TEST_F(LibraryTreeTest, EachKindHasItsMenuAndOtherNodesOnlyGetSelected) {
