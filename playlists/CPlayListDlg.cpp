@@ -25,6 +25,7 @@ void CPlayListDlg::OnInitDialog() {
   parts_.model.InsertColumns();
   platform::RestoreColumnLayout(view_.List(), parts_.settings.playListColumns);
   view_.SetChecked(kPlayThrough, parts_.settings.playThrough);
+  ShowOrder();
 }
 
 void CPlayListDlg::StoreColumns() { parts_.settings.playListColumns = platform::SaveColumnLayout(view_.List()); }
@@ -60,6 +61,13 @@ void CPlayListDlg::OnCommand(int command) {
     case kPlayThrough:
       TogglePlayThrough();
       break;
+    case kShuffle:
+      parts_.playThrough.SetShuffle(!parts_.playThrough.Shuffle());
+      ShowOrder();
+      break;
+    case kRepeat:
+      NextRepeat();
+      break;
     case kSkipForward:
       parts_.playback.SkipForward();
       break;
@@ -88,6 +96,7 @@ void CPlayListDlg::OnListKeyPressed(Key key, bool control) {
 
 void CPlayListDlg::OnPlayerStatus(const PlayerStatus& status) {
   parts_.playThrough.OnStatus(status);
+  ShowOrder();
   const bool sounding = status.mode == CMciPlayer::Mode::Playing || status.mode == CMciPlayer::Mode::Paused;
   const std::int32_t playing = sounding ? status.fileId : 0;
   if (playing == marked_) return;
@@ -99,6 +108,24 @@ void CPlayListDlg::TogglePlayThrough() {
   parts_.settings.playThrough = !parts_.settings.playThrough;
   parts_.playThrough.SetEnabled(parts_.settings.playThrough);
   view_.SetChecked(kPlayThrough, parts_.settings.playThrough);
+  ShowOrder();
+}
+
+// Off, the whole list, one file, and round again.
+void CPlayListDlg::NextRepeat() {
+  using Repeat = CPlayThrough::Repeat;
+  const Repeat now = parts_.playThrough.GetRepeat();
+  parts_.playThrough.SetRepeat(now == Repeat::Off ? Repeat::All : now == Repeat::All ? Repeat::One : Repeat::Off);
+  ShowOrder();
+}
+
+void CPlayListDlg::ShowOrder() {
+  const std::pair<bool, int> order{parts_.playThrough.Shuffle(), static_cast<int>(parts_.playThrough.GetRepeat())};
+  if (shownOrder_ == order) return;
+  shownOrder_ = order;
+  view_.SetChecked(kShuffle, order.first);
+  view_.SetChecked(kRepeat, parts_.playThrough.GetRepeat() != CPlayThrough::Repeat::Off);
+  view_.SetButtonText(kRepeat, std::string("Repeat: ") + RepeatText(parts_.playThrough.GetRepeat()));
 }
 
 void CPlayListDlg::OnContextMenu(bool onList) {

@@ -8,8 +8,10 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "catalogue/MediaDB.h"  // IdList
@@ -51,6 +53,8 @@ class PlayListView {
   virtual void SetStatusLine(const std::string& text) = 0;
   // Whether a checkable button shows as down.
   virtual void SetChecked(int /*command*/, bool /*checked*/) {}
+  // Shows a new text on a button.
+  virtual void SetButtonText(int /*command*/, const std::string& /*text*/) {}
   // Marks the rows of the file playing (0: none), as the list should show it.
   virtual void MarkPlayingFile(std::int32_t /*fileId*/) {}
 };
@@ -83,19 +87,23 @@ class CPlayListDlg {
     kStop = 1004,
     kSkipForward = 1005,
     kPlayThrough = 1006,
+    kShuffle = 1007,
+    kRepeat = 1008,
     kCopySelectionTo = 9020,
     kCopyAllTo = 9021,
     kSavePlayList = 9022,
   };
   enum class Key { Delete, A, Enter, Other };
 
-  static constexpr std::array<PlayListButton, 6> kButtons{{
+  static constexpr std::array<PlayListButton, 8> kButtons{{
       {kCache, "Cache", "Copy files to cache directory", false, false},
       {kClearCache, "C", "Clear the cache", false, false},
       {kPlay, "|>", "Play", true, false},
       {kStop, "[]", "Stop", true, false},
       {kSkipForward, "|>|>", "Skip Forward", true, false},
       {kPlayThrough, "Play through", "Play on to the end of the list", false, true},
+      {kShuffle, "Shuffle", "Play the list in a shuffled order", false, true},
+      {kRepeat, "Repeat: off", "Repeat the whole list, or one file (click to change)", false, false},
   }};
   static constexpr std::array<platform::MenuEntry, 3> kMenu{{
       {kCopySelectionTo, "Copy Selection To .."},
@@ -131,6 +139,9 @@ class CPlayListDlg {
  private:
   void PlaySelected();
   void TogglePlayThrough();
+  void NextRepeat();
+  // Shows the play-through's order on its buttons (the bus may change it).
+  void ShowOrder();
   void CopyToCache();
   void CopyToPickedFolder(bool selectionOnly);
   void SavePlayList();
@@ -138,4 +149,5 @@ class CPlayListDlg {
   PlayListWindowParts parts_;
   PlayListView& view_;
   std::int32_t marked_ = 0;
+  std::optional<std::pair<bool, int>> shownOrder_;  // shuffle and repeat as the buttons show them
 };

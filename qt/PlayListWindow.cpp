@@ -74,6 +74,12 @@ void PlayListWindow::SetStatusLine(const std::string& text) {
   status_->setToolTip(status_->text());
 }
 
+void PlayListWindow::SetButtonText(int command, const std::string& text) {
+  if (QPushButton* button = Button(command)) {
+    button->setText(ToQString(text));
+  }
+}
+
 void PlayListWindow::SetChecked(int command, bool checked) {
   if (QPushButton* button = Button(command)) button->setChecked(checked);
 }

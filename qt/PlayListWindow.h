@@ -37,6 +37,7 @@ class PlayListWindow final : public QWidget, public PlayListView {
   int TrackPopupMenu(std::span<const platform::MenuEntry> entries) override;
   void SetStatusLine(const std::string& text) override;
   void SetChecked(int command, bool checked) override;
+  void SetButtonText(int command, const std::string& text) override;
   void MarkPlayingFile(std::int32_t fileId) override;
 
  protected:

@@ -313,9 +313,18 @@ void CMainDlg::Search() {
   view_.SetStatusLine(Counted(parts_.list.RowCount(), "file found.", "files found."));
 }
 
+// With "Play through" down the file plays on into the rows below it, in the
+// list as it is shown now (a folder, search results, a stored play list).
 void CMainDlg::PlaySelected() {
   const IdList selected = parts_.list.SelectedFileIds();
   if (selected.empty()) return;
+  if (parts_.playList.playThrough.Enabled()) {
+    IdList rows = parts_.list.AllFileIds();
+    const auto row = std::find(rows.begin(), rows.end(), selected.front()) - rows.begin();
+    parts_.playList.playThrough.PlayList(std::move(rows), static_cast<int>(row));
+    PollNow();
+    return;
+  }
   parts_.playList.playThrough.Stop();
   parts_.playback.PlayFile(static_cast<int>(selected.front()));
 }

@@ -196,6 +196,8 @@ void CMediaList::SelectAll() { controls_->list.SelectAll(); }
 
 IdList CMediaList::SelectedFileIds() const { return GetFileIds(controls_->list, true); }
 
+IdList CMediaList::AllFileIds() const { return GetFileIds(controls_->list, false); }
+
 void CMediaList::AddSelectedToPlayList() { playList_.AddFiles(SelectedFileIds()); }
 
 bool CMediaList::EditFileInfo() {

@@ -106,6 +106,8 @@ class CMediaList {
 
   void SelectAll();
   IdList SelectedFileIds() const;
+  // Every row's file, top to bottom.
+  IdList AllFileIds() const;
   // Appends each selected file, top to bottom, that the play list lacks.
   void AddSelectedToPlayList();
   // "File Info / Edit" on the first selected row; true when the user left
