@@ -58,6 +58,10 @@ constexpr const char* kAdditions[] = {
     // scan reads a changed file again. Other programs on the catalogue ignore it.
     ("CREATE TABLE IF NOT EXISTS vantrelle_file_stamps(FileID INTEGER PRIMARY KEY, ModifiedNs INTEGER, "
      "Size INTEGER);"),
+    // The play list window's rows as they were left at exit, and the row
+    // that played (Playing=1), so that the queue comes back.
+    ("CREATE TABLE IF NOT EXISTS vantrelle_queue(Position INTEGER PRIMARY KEY, FileID INTEGER NOT NULL, "
+     "Playing INTEGER NOT NULL DEFAULT 0);"),
 };
 
 bool Holds(const std::vector<std::string>& names, const char* name) {
@@ -455,6 +459,26 @@ int MediaDB::SetConfig(int configId, const std::string& value, bool insert) {
              : ExecuteForInsertIdF("UPDATE Configs SET Value=%Q WHERE ConfigID=%d;", value.c_str(), configId);
   NoteChange(CatalogueTable::Settings, configId);
   return result;
+}
+
+MediaDB::Queue MediaDB::GetQueue() {
+  Queue queue;
+  if (!Holds(TableNames(), "vantrelle_queue")) return queue;  // a catalogue never opened for writing
+  queue.files = QueryIdList("SELECT FileID FROM vantrelle_queue ORDER BY Position;");
+  const IdList playing = QueryIdList("SELECT Position FROM vantrelle_queue WHERE Playing=1;");
+  if (!playing.empty() && playing.front() < static_cast<std::int32_t>(queue.files.size()))
+    queue.playingRow = playing.front();
+  return queue;
+}
+
+void MediaDB::SaveQueue(const IdList& files, int playingRow) {
+  if (!Holds(TableNames(), "vantrelle_queue")) return;
+  Begin();
+  ExecuteForInsertId("DELETE FROM vantrelle_queue;");
+  for (std::size_t row = 0; row < files.size(); ++row)
+    ExecutePreparedForInsertId("INSERT INTO vantrelle_queue(Position,FileID,Playing) VALUES (?,?,?);",
+                               {static_cast<int>(row), files[row], static_cast<int>(row) == playingRow ? 1 : 0});
+  Commit();
 }
 
 IdList MediaDB::GetConfigIds() { return QueryIdList("SELECT ConfigID FROM Configs;"); }

@@ -121,6 +121,17 @@ class MediaDB {
   int CountFilesOfTypeAbove(const IdList& pathIds, int type);
 
   int SetConfig(int configId, const std::string& value, bool insert);
+
+  // The play list window's rows kept from the last exit, and the row that
+  // was playing (-1: none).
+  struct Queue {
+    IdList files;
+    int playingRow = -1;
+  };
+  Queue GetQueue();
+  // Replaces the kept rows in one transaction; nothing on a catalogue that
+  // lacks the table (read-only since before it was made).
+  void SaveQueue(const IdList& files, int playingRow);
   std::string GetConfig(int configId);
   IdList GetConfigIds();
 

@@ -43,6 +43,8 @@ class ListControl {
 
   virtual bool IsSelected(int row) const = 0;
   virtual void SelectAll() = 0;
+  // Selects this row alone and brings it into view.
+  virtual void SelectOnly(int row) = 0;
 
   virtual unsigned ExtendedStyle() const = 0;
   virtual void SetExtendedStyle(unsigned styles) = 0;

@@ -55,6 +55,7 @@ class MemoryListControl : public ListControl {
   }
   bool IsSelected(int row) const override { return rows.at(row).selected; }
   void SelectAll() override { Select({}, true); }
+  void SelectOnly(int row) override { Select({row}); }
   unsigned ExtendedStyle() const override { return styles; }
   void SetExtendedStyle(unsigned newStyles) override { styles = newStyles; }
   void ReorderRows(const std::vector<int>& newOrder) override {

@@ -26,6 +26,12 @@ void CPlayListDlg::OnInitDialog() {
   platform::RestoreColumnLayout(view_.List(), parts_.settings.playListColumns);
   view_.SetChecked(kPlayThrough, parts_.settings.playThrough);
   ShowOrder();
+  parts_.model.RestoreQueue();
+}
+
+void CPlayListDlg::StoreQueue() {
+  const auto playing = parts_.playThrough.OnPlayList() ? parts_.playThrough.PlayingRow() : std::nullopt;
+  parts_.model.KeepQueue(playing.value_or(-1));
 }
 
 void CPlayListDlg::StoreColumns() { parts_.settings.playListColumns = platform::SaveColumnLayout(view_.List()); }
@@ -108,7 +114,6 @@ void CPlayListDlg::TogglePlayThrough() {
   parts_.settings.playThrough = !parts_.settings.playThrough;
   parts_.playThrough.SetEnabled(parts_.settings.playThrough);
   view_.SetChecked(kPlayThrough, parts_.settings.playThrough);
-  ShowOrder();
 }
 
 // Off, the whole list, one file, and round again.

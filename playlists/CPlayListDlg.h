@@ -135,6 +135,8 @@ class CPlayListDlg {
   void OnLocalFilesDropped(const std::vector<std::string>& localPaths);
   // Puts the list's column widths into the settings (at exit).
   void StoreColumns();
+  // Keeps the rows and the one playing in the catalogue (at exit).
+  void StoreQueue();
 
  private:
   void PlaySelected();

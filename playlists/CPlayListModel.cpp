@@ -94,6 +94,23 @@ void CPlayListModel::AddFiles(const IdList& fileIds) {
   list_->AppendRows(std::move(rows));
 }
 
+void CPlayListModel::RestoreQueue() {
+  if (list_ == nullptr) return;
+  const MediaDB::Queue queue = db_.GetQueue();
+  const int before = list_->RowCount();
+  AddFiles(queue.files);
+  if (queue.playingRow < 0) return;
+  const IdList rows = GetFileIds(false);
+  const auto found =
+      std::find(rows.begin() + before, rows.end(), queue.files[static_cast<std::size_t>(queue.playingRow)]);
+  if (found != rows.end()) list_->SelectOnly(static_cast<int>(found - rows.begin()));
+}
+
+void CPlayListModel::KeepQueue(int playingRow) {
+  if (list_ == nullptr || db_.IsReadOnly()) return;
+  db_.SaveQueue(GetFileIds(false), playingRow);
+}
+
 IdList CPlayListModel::GetFileIds(bool selectedOnly) const {
   return list_ ? ::GetFileIds(*list_, selectedOnly) : IdList{};
 }

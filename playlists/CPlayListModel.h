@@ -63,6 +63,11 @@ class CPlayListModel {
   void RemoveSelectedRows();
   void RemoveAllRows();
   void SelectAllRows();
+  // The rows kept at the last exit come back (after any already listed),
+  // with the row that was playing selected.
+  void RestoreQueue();
+  // Keeps every row, and the one playing (-1: none), for the next start.
+  void KeepQueue(int playingRow);
 
   // Stores every row, in order, as a new PlayLists row under the name (two
   // saves under one name give two rows). Returns the PlayListID.

@@ -80,6 +80,15 @@ void QtListControl::SelectAll() {
                            QItemSelectionModel::Select | QItemSelectionModel::Rows);
 }
 
+void QtListControl::SelectOnly(int row) {
+  model_->Flush();
+  if (row < 0 || row >= model_->rowCount()) return;
+  const QModelIndex index = model_->index(row, 0);
+  selectionModel()->select(index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+  scrollTo(index);
+}
+
 void QtListControl::SetExtendedStyle(unsigned styles) {
   styles_ = styles;
   setShowGrid((styles & kGridLines) != 0);

@@ -51,6 +51,7 @@ class QtListControl final : public QTableView, public platform::ListControl {
   std::string RowText(int row, int column) const override;
   bool IsSelected(int row) const override;
   void SelectAll() override;
+  void SelectOnly(int row) override;
   unsigned ExtendedStyle() const override { return styles_; }
   void SetExtendedStyle(unsigned styles) override;
   void ReorderRows(const std::vector<int>& order) override;

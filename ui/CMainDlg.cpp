@@ -275,6 +275,7 @@ void CMainDlg::OnDestroy() {
   StoreWindows();
   parts_.settings.mediaListColumns = platform::SaveColumnLayout(parts_.listControls.list);
   playListWindow_.StoreColumns();
+  playListWindow_.StoreQueue();
 }
 
 void CMainDlg::StoreWindows() {

@@ -40,14 +40,15 @@ TEST_F(CatalogueTest, NewCatalogueHoldsExactlyTheFiveTablesAndItsOwnAdditions) {
   const auto own = std::stable_partition(objects.begin(), objects.end(), [](const std::string& o) {
     return o.starts_with("table ") && !o.starts_with("table vantrelle_");
   });
-  EXPECT_EQ(
-      std::vector<std::string>(own, objects.end()),
-      (std::vector<std::string>{
-          "table vantrelle_file_stamps: CREATE TABLE vantrelle_file_stamps(FileID INTEGER PRIMARY KEY, "
-          "ModifiedNs INTEGER, Size INTEGER)",
-          "index vantrelle_files_by_path: CREATE INDEX vantrelle_files_by_path ON MediaFiles(PathID)",
-          "index vantrelle_paths_by_parent: CREATE INDEX vantrelle_paths_by_parent ON MediaPaths(ParentID)",
-          "index vantrelle_paths_by_volume: CREATE INDEX vantrelle_paths_by_volume ON MediaPaths(VolID,ParentID)"}));
+  EXPECT_EQ(std::vector<std::string>(own, objects.end()),
+            (std::vector<std::string>{
+                "table vantrelle_file_stamps: CREATE TABLE vantrelle_file_stamps(FileID INTEGER PRIMARY KEY, "
+                "ModifiedNs INTEGER, Size INTEGER)",
+                "index vantrelle_files_by_path: CREATE INDEX vantrelle_files_by_path ON MediaFiles(PathID)",
+                "index vantrelle_paths_by_parent: CREATE INDEX vantrelle_paths_by_parent ON MediaPaths(ParentID)",
+                "index vantrelle_paths_by_volume: CREATE INDEX vantrelle_paths_by_volume ON MediaPaths(VolID,ParentID)",
+                "table vantrelle_queue: CREATE TABLE vantrelle_queue(Position INTEGER PRIMARY KEY, FileID INTEGER NOT "
+                "NULL, Playing INTEGER NOT NULL DEFAULT 0)"}));
   objects.erase(own, objects.end());
   ASSERT_EQ(objects.size(), 5u);
   EXPECT_EQ(objects[0], "table Configs: CREATE TABLE Configs(ConfigID INTEGER, Value TEXT)");
