@@ -32,6 +32,7 @@
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/QtEventually.h"
 #include "tests/support/RecordingMediaControl.h"
+#include "tests/support/ToneFiles.h"
 
 namespace {
 
@@ -157,7 +158,10 @@ class MprisBusTest : public ::testing::Test, protected testing_support::ProgramF
     ASSERT_EVENTUALLY(Status() == QStringLiteral("Playing"));
   }
 
-  platform::mci::GstMediaControl silent{platform::mci::AudioOutput::Silent, files};
+  // Plays as a sound card would, into a recording of what is heard.
+  platform::mci::GstMediaControl silent{platform::mci::AudioOutput::Capture, files};
+  const std::string heardFile = folder.Path() + "/heard.raw";
+  const bool capturing = silent.CaptureInto(heardFile);
   testing_support::RecordingMediaControl recorded;
   CLibraryApp app;
   DesktopDialogSet dialogs{messages};
@@ -189,6 +193,31 @@ TEST_F(MprisBusTest, ActivatingPlaysTheFirstRowAndTellsItsProperties) {
   for (const QString& interface : {QStringLiteral("org.mpris.MediaPlayer2"), kPlayer, kPlayLists})
     EXPECT_EQ(Call(kProperties, QStringLiteral("GetAll"), {interface}).arguments().size(), 1)
         << interface.toStdString();
+}
+
+// The window's play-through runs a stored list of two halves of one tone
+// into each other without a gap.
+TEST_F(MprisBusTest, TheWindowPlaysAListThroughWithoutAGap) {
+  using testing_support::kToneRate;
+  ASSERT_TRUE(capturing);
+  testing_support::WriteToneWav(folder.Path() + "/c/first.wav", 0, kToneRate, 0.5);
+  testing_support::WriteToneWav(folder.Path() + "/c/second.wav", kToneRate, kToneRate, 0.5);
+  const int pathId = app.Db().GetFile(1)->PathID;
+  CPlayList tone;
+  tone.Name = "Tone";
+  tone.FileIDs = std::to_string(testing_support::StoreFile(app.Db(), pathId, "first.wav")) + "," +
+                 std::to_string(testing_support::StoreFile(app.Db(), pathId, "second.wav"));
+  const int toneId = app.Db().AddPlayList(tone);
+  QDBusObjectPath path;
+  for (const MprisPlayList& list : PlayLists())
+    if (list.name == QStringLiteral("Tone")) path = list.id;
+  ASSERT_NE(path.path(), QStringLiteral("/")) << toneId;
+  Call(kPlayLists, QStringLiteral("ActivatePlaylist"), {QVariant::fromValue(path)});
+  ASSERT_EVENTUALLY(Title().startsWith(QStringLiteral("second")));
+  ASSERT_EVENTUALLY(Status() == QStringLiteral("Stopped"));
+  const testing_support::Heard sound(testing_support::ReadCapture(heardFile));
+  EXPECT_LE(sound.longestQuiet, static_cast<std::size_t>(kToneRate / 50));
+  EXPECT_NEAR(static_cast<double>(sound.Length()), 2.0 * kToneRate, kToneRate / 50.0);
 }
 
 // Next and Previous step through the rows; then the list plays to its end.

@@ -127,9 +127,27 @@ TEST_F(PlayerDesktopTest, ThePlayListPlaysThroughMarksThePlayingRowAndTheButtonI
   ASSERT_EVENTUALLY(bold(1));
   EXPECT_FALSE(bold(0));
 
+  // Play in the main list plays on into the rows below the file.
+  media.Forget();
+  ClickRow(List(), 0);
+  QTest::mouseClick(window->Button(CMainDlg::kPlay), Qt::LeftButton);
+  ASSERT_EVENTUALLY(media.Received("cue QL_MCI_DEV_1 \"C:\\Music\\Rock\\SONG.MP3\""));
+
+  // Shuffle, Repeat and the rows are there again at the next start.
+  QTest::mouseClick(window->PlayList().Button(CPlayListDlg::kShuffle), Qt::LeftButton);
+  QTest::mouseClick(window->PlayList().Button(CPlayListDlg::kRepeat), Qt::LeftButton);
+  EXPECT_EQ(window->PlayList().Button(CPlayListDlg::kRepeat)->text(), QStringLiteral("Repeat: all"));
+  const Strings rows = Column(PlayList(), 0);
+  Restart();
+  EXPECT_EQ(Column(PlayList(), 0), rows);
+  EXPECT_TRUE(window->PlayList().Button(CPlayListDlg::kShuffle)->isChecked());
+  through = window->PlayList().Button(CPlayListDlg::kPlayThrough);
   QTest::mouseClick(through, Qt::LeftButton);
   EXPECT_FALSE(through->isChecked());
   EXPECT_FALSE(app.Settings().playThrough);
+  app.Exit();
+  EXPECT_EQ(app.Db().GetConfig(CAppSettings::kShuffle), "1");
+  EXPECT_EQ(app.Db().GetConfig(CAppSettings::kRepeat), "all");
 }
 
 }  // namespace
