@@ -89,9 +89,11 @@ class GstMediaControl final : public MediaControl {
 
   AudioOutput output_;
   PathMapper toLocalPath_;
+  // Before the devices, whose sinks record into it: it goes after them.
+  // Shared with opens that may outlive this object.
+  std::shared_ptr<AudioCapture> capture_;
   std::unique_ptr<DeviceTable> devices_;
   std::unique_ptr<DeviceOpener> opener_;
-  std::shared_ptr<AudioCapture> capture_;  // shared with opens that may outlive this
   std::uint64_t nextOpen_ = 0;
 };
 

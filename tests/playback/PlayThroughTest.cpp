@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
+#include <set>
 
 #include "app/CLibraryApp.h"
 #include "cli/PlayListPlayCommand.h"
@@ -86,6 +87,42 @@ TEST_F(PlayThroughTest, OnlyTheEndOfTheLatestFileGoesOnAndTheButtonStopsIt) {
   run.OnStatus(status(Mode::Stopped, 5000));
   EXPECT_FALSE(run.Running());
   EXPECT_EQ(started.size(), 5u);
+  EXPECT_TRUE(messages.Shown().empty());
+}
+
+// Shuffled, each row plays once before the run ends (or, repeating the
+// list, starts a new round); repeating one file plays it again when it ends,
+// while Next still moves on.
+TEST_F(PlayThroughTest, ShuffleVisitsEveryRowOnceAndRepeatGoesRoundAsSet) {
+  const IdList rows{AddFile("id3v1.mp3"), AddFile("vorbis.ogg"), AddFile("lossless.flac"), AddFile("SONG.MP3")};
+  CPlayThrough run(app.Playback(), [&rows] { return rows; });
+  std::vector<int> started;
+  run.OnStarted([&started](int, int row) { started.push_back(row); });
+  auto ended = [&] {
+    return PlayerStatus{app.Playback().CurrentFileId(), Mode::Stopped, 5000, 5000, app.Playback().Generation()};
+  };
+
+  run.SetShuffle(true);
+  ASSERT_TRUE(run.PlayRow(2));
+  while (run.Next()) {
+  }
+  ASSERT_EQ(started.size(), rows.size());
+  EXPECT_EQ(started.front(), 2);
+  EXPECT_EQ(std::set<int>(started.begin(), started.end()).size(), rows.size());
+  run.SetRepeat(CPlayThrough::Repeat::All);
+  EXPECT_TRUE(run.Next());  // a new round
+  EXPECT_EQ(started.size(), rows.size() + 1);
+
+  started.clear();
+  run.SetShuffle(false);
+  run.SetRepeat(CPlayThrough::Repeat::One);
+  ASSERT_TRUE(run.PlayRow(3));
+  run.OnStatus(ended());
+  EXPECT_EQ(started, (std::vector<int>{3, 3}));
+  run.SetRepeat(CPlayThrough::Repeat::All);
+  run.OnStatus(ended());  // the last row ended: the first follows
+  EXPECT_TRUE(run.Next());
+  EXPECT_EQ(started, (std::vector<int>{3, 3, 0, 1}));
   EXPECT_TRUE(messages.Shown().empty());
 }
 

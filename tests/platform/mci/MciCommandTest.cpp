@@ -40,6 +40,24 @@ TEST(MciCommand, OpenReadsAPathHoldingQuotesByItsTail) {
   EXPECT_EQ(ParseMciCommand(R"(open "x" type mpegvideo alias c)")->alias, "c");
 }
 
+// A cue's path, like an open's, may hold quotes and blanks; "off" unquoted
+// takes the cue back.
+TEST(MciCommand, CueTrackAndReplayGainForms) {
+  auto cue = ParseMciCommand(R"(CUE Song "C:\Music\say "hi" b.mp3" )");
+  ASSERT_TRUE(cue);
+  EXPECT_EQ(cue->verb, MciVerb::Cue);
+  EXPECT_EQ(cue->alias, "Song");
+  EXPECT_EQ(cue->path, R"(C:\Music\say "hi" b.mp3)");
+  EXPECT_EQ(ParseMciCommand("cue Song Off")->verb, MciVerb::Uncue);
+  EXPECT_EQ(ParseMciCommand(R"(cue Song "off")")->path, "off");
+  EXPECT_EQ(ParseMciCommand("status a track")->verb, MciVerb::StatusTrack);
+  EXPECT_EQ(ParseMciCommand("setaudio a replaygain to ALBUM")->replayGain, ReplayGainMode::Album);
+  EXPECT_EQ(ParseMciCommand("setaudio a replaygain to off")->replayGain, ReplayGainMode::Off);
+  for (const char* junk : {"cue", "cue a", R"(cue "" "x")", R"(cue a "")", "cue a x.mp3", R"(cue a"b "x")",
+                           R"(cue a "x)", "setaudio a replaygain to loud", "setaudio a replaygain track"})
+    EXPECT_FALSE(ParseMciCommand(junk)) << junk;
+}
+
 TEST(MciCommand, AnythingElseIsRejected) {
   for (const char* junk : {"",
                            "   ",
