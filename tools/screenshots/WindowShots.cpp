@@ -2,7 +2,12 @@
 // disk folder and a CD with a few albums, ratings and a saved play list; and
 // the first start, fitted to the screen, over an empty catalogue.
 
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QLinearGradient>
 #include <QObject>
+#include <QPainter>
 #include <QTemporaryDir>
 #include <QTreeWidgetItem>
 #include <cstdio>
@@ -15,6 +20,7 @@
 #include "platform/MediaControl.h"
 #include "platform/MessageBox.h"
 #include "qt/MainWindow.h"
+#include "qt/NowPlayingBar.h"
 #include "qt/PlayListWindow.h"
 #include "qt/QtDialogSet.h"
 #include "qt/QtListControl.h"
@@ -75,6 +81,9 @@ class SampleDesktop : public QObject {
     app.Settings().mainWidth = 760;
     app.Settings().mainHeight = 420;
     app.Settings().splitter = 230;
+    app.Settings().playListWidth = 470;  // every button in sight
+    app.PlayThrough().SetShuffle(true);
+    app.PlayThrough().SetRepeat(CPlayThrough::Repeat::All);
     FillCatalogue();
   }
 
@@ -144,6 +153,7 @@ class SampleDesktop : public QObject {
                {"03 Night Harbour.mp3", "Night Harbour", "The Quiet Owls", 270, 4},
                {"04 Paper Boats.mp3", "Paper Boats", "The Quiet Owls", 161, 0}},
               "Low Tide");
+    PaintCover(folder.path() + QStringLiteral("/Music/The Quiet Owls/Low Tide"));
     AddTracks(disk, AddFolder(disk, owls, "First Light", "\\Music\\The Quiet Owls\\First Light\\"),
               {{"01 Morning.mp3", "Morning", "The Quiet Owls", 203, 2}}, "First Light");
     const int cd = AddVolume("Jazz Collection 1", 5, "305419896", "D");
@@ -156,6 +166,25 @@ class SampleDesktop : public QObject {
     evening.Name = "Evening mix";
     evening.FileIDs = std::to_string(trackIds[0]) + "," + std::to_string(trackIds[5]);
     app.Db().AddPlayList(evening);
+  }
+
+  // A folder.jpg for the album: a dusk sky over the sea.
+  static void PaintCover(const QString& albumFolder) {
+    QDir().mkpath(albumFolder);
+    QImage cover(256, 256, QImage::Format_RGB32);
+    QPainter painter(&cover);
+    QLinearGradient sky(0, 0, 0, 256);
+    sky.setColorAt(0, QColor(38, 52, 96));
+    sky.setColorAt(0.6, QColor(214, 132, 92));
+    sky.setColorAt(1, QColor(24, 60, 82));
+    painter.fillRect(cover.rect(), sky);
+    painter.setBrush(QColor(250, 214, 150));
+    painter.setPen(Qt::NoPen);
+    painter.drawEllipse(QPoint(128, 150), 34, 34);
+    painter.fillRect(0, 160, 256, 96, QColor(24, 60, 82));
+    painter.end();
+    cover.save(albumFolder + QStringLiteral("/folder.jpg"), "JPG");
+    QFile(albumFolder + QStringLiteral("/01 Harbour Lights.mp3")).open(QIODevice::WriteOnly);  // its file, empty
   }
 
   static void ShowAlbum(MainWindow& window, const char* album) {
@@ -193,4 +222,6 @@ void AddWindowShots(ShotList& shots) {
   shots.push_back({"first-start.png", MainWindowAtFirstStart});
   shots.push_back({"play-list-window.png", MainWindowWithSamples,
                    [](QWidget& made) -> QWidget* { return &static_cast<MainWindow&>(made).PlayList(); }});
+  shots.push_back({"now-playing.png", MainWindowWithSamples,
+                   [](QWidget& made) -> QWidget* { return &static_cast<MainWindow&>(made).Strip(); }});
 }
