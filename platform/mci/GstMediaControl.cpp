@@ -144,12 +144,15 @@ std::uint32_t GstMediaControl::Open(const std::string& path, const std::string& 
 }
 
 // The file is checked now, on this thread, so that a pipe or a folder never
-// reaches the pipeline's threads, where it could hang them.
+// reaches the pipeline's threads, where it could hang them; and it is opened
+// once into nothing, as a file that fails to decode once taken would stop the
+// pipeline with the file before it still sounding.
 std::uint32_t GstMediaControl::Cue(PlaybinDevice& device, const std::string& path, std::string& reply) const {
   const std::string file = LocalFile(path);
   if (file.empty()) return kMciFileNotFound;
   std::uint32_t error = kMciNoError;
   if (!ReachRegularFile(file, error)) return error;
+  if (!PlaybinDevice::Open(file, AudioOutput::Silent, error)) return error;
   reply = std::to_string(device.Cue(file));
   return kMciNoError;
 }

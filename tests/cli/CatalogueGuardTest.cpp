@@ -144,8 +144,9 @@ TEST_F(CatalogueGuardTest, AHardLinkedCatalogueIsRefusedUnderEitherName) {
         << refused.err;
   }
   fs::remove(second + "/Quillora.db");
-  EXPECT_EQ(Run("options").out,
-            "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\nReplayGain: track\n" + CatalogueLine());
+  EXPECT_EQ(
+      Run("options").out,
+      "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\nReplayGain: track\n" + CatalogueLine());
   EXPECT_EQ(Query("PRAGMA integrity_check;"), "ok;");
 }
 
@@ -220,7 +221,8 @@ TEST_F(CatalogueGuardTest, KillsDuringTheFirstStartLeaveACatalogueTheNextStartUs
 
     const Outcome next = Run("options");
     ASSERT_EQ(next.status, 0) << "round " << round << ": " << next.err;
-    ASSERT_EQ(next.out, "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\nReplayGain: track\n" + CatalogueLine())
+    ASSERT_EQ(next.out, "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\nReplayGain: track\n" +
+                            CatalogueLine())
         << "round " << round;
     ASSERT_EQ(Query("SELECT count(*) FROM Configs;"), "26;") << "round " << round;
   }
@@ -287,8 +289,9 @@ TEST_F(CatalogueGuardTest, AFolderTheUserMayNotWriteServesReadingAndRefusesChang
   }
   chmod(program.c_str(), 0755);
   EXPECT_EQ(Names(program), names);
-  EXPECT_EQ(Run("options").out,
-            "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\nReplayGain: track\n" + CatalogueLine());
+  EXPECT_EQ(
+      Run("options").out,
+      "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\nReplayGain: track\n" + CatalogueLine());
   EXPECT_EQ(Run("list folder 1").out, list);
   EXPECT_EQ(Query("PRAGMA integrity_check;"), "ok;");
 }

@@ -9,7 +9,8 @@ using ConsoleTest = ConsoleFixture;
 TEST_F(ConsoleTest, FirstRunCreatesTheCatalogueAndLaterRunsKeepTheOptions) {
   Outcome first = Run("options");
   EXPECT_EQ(first.status, 0) << first.err;
-  EXPECT_EQ(first.out, "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\nReplayGain: track\n" + CatalogueLine());
+  EXPECT_EQ(first.out, "Cache Path: C:\\QORCache\nCD Drive: \nCatalogue every audio format: no\nReplayGain: track\n" +
+                           CatalogueLine());
   EXPECT_TRUE(fs::is_directory(home + "/QORCache"));
   EXPECT_TRUE(fs::is_symlink(program + "/drives/c:"));
   EXPECT_EQ(Query("SELECT ConfigID, Value FROM Configs WHERE ConfigID IN (1, 410, 605);"),
@@ -19,8 +20,7 @@ TEST_F(ConsoleTest, FirstRunCreatesTheCatalogueAndLaterRunsKeepTheOptions) {
   fs::create_symlink(folder.MakeFolder("disc"), program + "/drives/e::");
   const std::string options =
       "Cache Path: C:\\Cache\nCD Drive: E\nCatalogue every audio format: yes\nReplayGain: album\n" + CatalogueLine();
-  Outcome changed =
-      Run("options --cache-path " + home + "/Cache --cd-drive e: --all-formats YES --replaygain Album");
+  Outcome changed = Run("options --cache-path " + home + "/Cache --cd-drive e: --all-formats YES --replaygain Album");
   EXPECT_EQ(changed.status, 0) << changed.err;
   EXPECT_EQ(changed.out, options);
   EXPECT_EQ(Run("options").out, options);
