@@ -1,6 +1,6 @@
 #pragma once
 // Finds the catalogue's rows of files named by their Linux paths (files
-// dropped from a file manager): each path is put on its drive and looked up
+// dropped from a file manager, the entries of a play list file): each path is put on its drive and looked up
 // among the disk volumes of that drive letter. User-interface thread only.
 
 #include <string>
@@ -11,8 +11,8 @@
 class CDriveServices;
 
 struct CataloguedFiles {
-  IdList fileIds;         // in the order of the paths, each found file once
-  int notCatalogued = 0;  // paths no drive holds or the catalogue lacks
+  IdList fileIds;                          // in the order of the paths, each found file once
+  std::vector<std::string> notCatalogued;  // paths no drive holds or the catalogue lacks, in order
 };
 
 CataloguedFiles FindCataloguedFiles(MediaDB& db, const CDriveServices& drives,
