@@ -1,7 +1,8 @@
 #pragma once
-// Finds the catalogue's rows of files named by their Linux paths (files
-// dropped from a file manager, the entries of a play list file): each path is put on its drive and looked up
-// among the disk volumes of that drive letter. User-interface thread only.
+// Finds the catalogue's rows of files named by their absolute Linux paths
+// (files dropped from a file manager, the entries of a play list file): each
+// path is put on its drive and looked up among the disk volumes of that
+// drive letter. User-interface thread only.
 
 #include <string>
 #include <vector>
