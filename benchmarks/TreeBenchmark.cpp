@@ -23,6 +23,7 @@
 #include "base/WorkerDialogHost.h"
 #include "dialogs/CFileInfoDlg.h"
 #include "dialogs/CVolumeInfoDlg.h"
+#include "platform/FilePicker.h"
 #include "platform/FolderPicker.h"
 #include "platform/LinuxDriveTable.h"
 #include "platform/LinuxFileSystem.h"
@@ -53,6 +54,7 @@ class Quiet : public platform::MessageBox,
               public platform::MediaControl,
               public platform::PopupMenu,
               public platform::FolderPicker,
+              public platform::FilePicker,
               public VolumeInfoView,
               public FileInfoView,
               public WorkerDialogHost {
@@ -63,7 +65,12 @@ class Quiet : public platform::MessageBox,
   std::uint32_t mciSendString(const char*, char*, unsigned) override { return 0; }
   bool mciGetErrorString(std::uint32_t, char*, unsigned) override { return false; }
   int Track(std::span<const platform::MenuEntry>) override { return 0; }
-  int Browse(const std::string&, const std::string&, std::string&) override { return kCancelled; }
+  int Browse(const std::string&, const std::string&, std::string&) override {
+    return platform::FolderPicker::kCancelled;
+  }
+  int Pick(Purpose, const std::string&, const std::string&, const std::string&, std::string&) override {
+    return platform::FilePicker::kCancelled;
+  }
   int RunModal(VolumeInfoForm&) override { return kDialogCancel; }
   int RunModal(FileInfoForm&) override { return kDialogCancel; }
   void RunWorkerDialog(const char*, const MakeLogic&) override {}
@@ -79,7 +86,7 @@ class Session {
         app_(program, {table_, files_, quiet, quiet}),
         scans_(app_.Scanner(), app_.Drives(), app_.Settings(), quiet, quiet) {
     app_.Start();
-    app_.Tree().Bind({tree_, quiet, quiet, scans_});
+    app_.Tree().Bind({tree_, quiet, quiet, scans_, quiet});
     app_.List().Bind({list_, quiet, quiet});
     app_.List().CreateColumns();
   }

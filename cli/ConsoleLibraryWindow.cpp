@@ -11,7 +11,7 @@ ConsoleLibraryWindow::ConsoleLibraryWindow(CLibraryApp& app)
     : app_(app),
       scanDialog_(app.Platform().messages, stderr, isatty(STDERR_FILENO) == 1),
       scans_(app.Scanner(), app.Drives(), app.Settings(), picker_, scanDialog_) {
-  app.Tree().Bind({tree_, *this, *this, scans_});
+  app.Tree().Bind({tree_, *this, *this, scans_, filePicker_});
   app.List().Bind({list_, *this, *this});
   app.List().CreateColumns();
   app.Tree().Rebuild();

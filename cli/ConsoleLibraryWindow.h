@@ -12,6 +12,7 @@
 
 #include "catalogue/Records.h"
 #include "cli/ConsoleProgressDialog.h"
+#include "cli/NoFilePicker.h"
 #include "cli/NoFolderPicker.h"
 #include "dialogs/CFileInfoDlg.h"
 #include "dialogs/CVolumeInfoDlg.h"
@@ -60,6 +61,7 @@ class ConsoleLibraryWindow : private platform::PopupMenu, private VolumeInfoView
   platform::MemoryTreeControl tree_;
   platform::MemoryListControl list_;
   NoFolderPicker picker_;
+  NoFilePicker filePicker_;
   ConsoleProgressDialog scanDialog_;
   ScanCommands scans_;
 };

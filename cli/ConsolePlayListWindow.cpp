@@ -10,7 +10,7 @@ ConsolePlayListWindow::ConsolePlayListWindow(CLibraryApp& app)
       copyDialog_(app.Platform().messages, stderr, isatty(STDERR_FILENO) == 1),
       copy_(app.PlayList(), app.Db(), app.Drives(), app.Settings(), copyDialog_),
       window_(PlayListWindowParts{app.PlayList(), app.Playback(), copy_, app.Settings(), app.Drives(), *this, *this,
-                                  app.PlayThrough()},
+                                  app.PlayThrough(), filePicker_},
               *this) {
   window_.OnInitDialog();
 }

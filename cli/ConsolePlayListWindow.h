@@ -8,6 +8,7 @@
 
 #include "catalogue/MediaDB.h"
 #include "cli/ConsoleProgressDialog.h"
+#include "cli/NoFilePicker.h"
 #include "platform/FolderPicker.h"
 #include "platform/InputDialog.h"
 #include "platform/MemoryListControl.h"
@@ -47,6 +48,7 @@ class ConsolePlayListWindow : private PlayListView, private platform::FolderPick
   std::string EditText() const override { return edit_; }
 
   CLibraryApp& app_;
+  NoFilePicker filePicker_;
   platform::MemoryListControl list_;
   ConsoleProgressDialog copyDialog_;
   CopyCommands copy_;

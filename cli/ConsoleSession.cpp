@@ -18,6 +18,7 @@
 #include "cli/OptionsCommand.h"
 #include "cli/PlayCommand.h"
 #include "cli/PlayListCommands.h"
+#include "cli/PlayListFileCommands.h"
 #include "cli/PlayListPlayCommand.h"
 #include "platform/DataFolder.h"
 #include "platform/LinuxDriveTable.h"
@@ -77,7 +78,8 @@ int RunConsole(int argc, char** argv) {
   CommandLine cli("vantrelle-cli", "The console face of Vantrelle: catalogue, search and play music on disks and CDs.",
                   "Exit status: 0 done (a cancelled question too); 1 a catalogue statement failed, the\n"
                   "catalogue cannot be opened or must not be used where it lies, it is read-only and the\n"
-                  "command would change it, or a rescan found another disk or lost its disk; 2 a wrong\n"
+                  "command would change it, a rescan found another disk or lost its disk, or a play list\n"
+                  "file could not be written or read or named no catalogued file; 2 a wrong\n"
                   "command line; 3 the catalogue is of another version; 4 another Vantrelle program is using\n"
                   "the catalogue.\n"
                   "The catalogue lives in $VANTRELLE_DATA, else beside the program when it holds Quillora.db\n"
@@ -96,6 +98,8 @@ int RunConsole(int argc, char** argv) {
   commands.push_back(std::make_unique<SavePlayListCommand>(cli));
   commands.push_back(std::make_unique<CopyCommand>(cli));
   commands.push_back(std::make_unique<ClearCacheCommand>(cli));
+  commands.push_back(std::make_unique<ExportPlayListCommand>(cli));
+  commands.push_back(std::make_unique<ImportPlayListCommand>(cli));
   commands.push_back(std::make_unique<TreeCommand>(cli));
   commands.push_back(std::make_unique<ListCommand>(cli));
   commands.push_back(std::make_unique<SearchCommand>(cli));

@@ -61,6 +61,16 @@ PartFile::Naming PartFile::Publish() {
   return naming;
 }
 
+bool PartFile::Replace() {
+  if (renameat(folderFd_, temporaryName_.c_str(), folderFd_, finalName_.c_str()) != 0) {
+    error_ = errno;
+    return false;
+  }
+  temporaryName_.clear();
+  RemoveLeftovers();
+  return true;
+}
+
 PartFile::Naming PartFile::Name() {
   if (renameat2(folderFd_, temporaryName_.c_str(), folderFd_, finalName_.c_str(), RENAME_NOREPLACE) == 0) {
     temporaryName_.clear();

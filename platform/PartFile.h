@@ -43,6 +43,10 @@ class PartFile {
   // that, links the final name and drops the temporary one. Unless it
   // failed, removes the leftovers of earlier copies of the name.
   Naming Publish();
+  // Gives the closed file its final name, replacing whatever entry has it
+  // (a file written anew as a whole); then removes the leftovers as Publish
+  // does. False when the rename failed (see Error()).
+  bool Replace();
 
  private:
   bool CreateExclusively(const std::string& name, mode_t mode);

@@ -10,7 +10,7 @@
 #include "playback/PlayerRunner.h"
 #include "settings/CAppSettings.h"
 #include "volumes/CDriveServices.h"
-#include "volumes/Paths.h"
+#include "volumes/PlayedFile.h"
 
 CPlaybackControl::CPlaybackControl(MediaDB& db, const CDriveServices& drives, const CAppSettings& settings,
                                    CMciPlayer& player)
@@ -55,20 +55,11 @@ PlayerRunner& CPlaybackControl::Runner() { return runner_ != nullptr ? *runner_ 
 int CPlaybackControl::PlayFile(int fileId) { return PlayFile(fileId, 0); }
 
 int CPlaybackControl::PlayFile(int fileId, int nextFileId) {
-  const auto file = db_.GetFile(fileId);
-  if (!file) return kNotPlayed;
-  const auto folder = db_.GetPath(file->PathID);
-  const auto volume = db_.GetVolume(file->VolID);
-  if (!folder || !volume) return kNotPlayed;
-
-  std::string drive = volume->DrvLtr;
-  if (volume->VolType == platform::kDriveCdRom) {
-    // A disc is played from the CD drive of the settings, whichever drive it
-    // was catalogued from.
-    drive = settings_.cdDrive;
-    if (!WaitForDisc(drive, *volume)) return kNotPlayed;
-  }
-  OpenAndPlay(fileId, MakeFullPath(drive, folder->FullPath, file->FileName), file->FileName,
+  const auto played = LocatePlayedFile(db_, fileId, settings_.cdDrive);
+  if (!played) return kNotPlayed;
+  if (played->volume->VolType == platform::kDriveCdRom && !WaitForDisc(played->drive, *played->volume))
+    return kNotPlayed;
+  OpenAndPlay(fileId, played->fullPath, played->file->FileName,
               nextFileId != 0 ? LocateLater(nextFileId, false) : nullptr, nextFileId);
   return 0;
 }
@@ -104,17 +95,14 @@ void CPlaybackControl::NotifyStarted(int fileId) {
 }
 
 std::function<std::string()> CPlaybackControl::LocateLater(int fileId, bool checkDisk) const {
-  const auto file = db_.GetFile(fileId);
-  if (!file) return nullptr;
-  const auto folder = db_.GetPath(file->PathID);
-  const auto volume = db_.GetVolume(file->VolID);
-  if (!folder || !volume) return nullptr;
+  const auto played = LocatePlayedFile(db_, fileId, settings_.cdDrive);
+  if (!played) return nullptr;
   // A disc is looked for in the CD drive of the settings; a disk on its own
   // letter, which may hold another disk now (or none: unplugged, unmounted).
-  const std::string drive = volume->VolType == platform::kDriveCdRom ? settings_.cdDrive : volume->DrvLtr;
-  std::string path = MakeFullPath(drive, folder->FullPath, file->FileName);
-  if (volume->VolType != platform::kDriveCdRom && !checkDisk) return [path] { return path; };
-  return [&drives = drives_, drive, serial = volume->SerialNo, path]() -> std::string {
+  const bool onDisc = played->volume->VolType == platform::kDriveCdRom;
+  if (!onDisc && !checkDisk) return [path = played->fullPath] { return path; };
+  return [&drives = drives_, drive = played->drive, serial = played->volume->SerialNo,
+          path = played->fullPath]() -> std::string {
     if (!drives.IsDriveReady(drive)) return "";
     const auto inDrive = drives.ReadVolumeInfo(drive);
     return inDrive && inDrive->SerialNo == serial ? path : "";

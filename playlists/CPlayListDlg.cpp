@@ -7,11 +7,13 @@
 #include "dialogs/CFolderDialog.h"
 #include "dialogs/CInputDlg.h"
 #include "platform/ColumnLayout.h"
+#include "platform/FilePicker.h"
 #include "playback/CPlaybackControl.h"
 #include "playlists/CPlayListModel.h"
 #include "playlists/CPlayThrough.h"
 #include "playlists/CopyCommands.h"
 #include "playlists/CopySummary.h"
+#include "playlists/PlayListFiles.h"
 #include "settings/CAppSettings.h"
 
 CPlayListDlg::CPlayListDlg(PlayListWindowParts parts, PlayListView& view) : parts_(parts), view_(view) {}
@@ -85,6 +87,12 @@ void CPlayListDlg::OnCommand(int command) {
       break;
     case kSavePlayList:
       SavePlayList();
+      break;
+    case kExportPlayList:
+      ExportRows();
+      break;
+    case kImportPlayList:
+      ImportFile();
       break;
     default:
       break;
@@ -163,4 +171,26 @@ void CPlayListDlg::SavePlayList() {
   // The answer is not looked at: Cancel saves too, under the empty name.
   input.DoModal();
   parts_.model.SavePlayList(input.text);
+}
+
+void CPlayListDlg::ExportRows() {
+  std::string path;
+  if (parts_.filePicker.Pick(platform::FilePicker::Purpose::Save, kExportTitle, kWrittenFilter, lastFile_, path) !=
+      platform::FilePicker::kChosen)
+    return;
+  lastFile_ = WithPlayListExtension(path);
+  view_.SetStatusLine(
+      ExportOutcome(parts_.model.ExportRows(lastFile_, parts_.drives, parts_.settings.cdDrive), lastFile_));
+}
+
+void CPlayListDlg::ImportFile() {
+  std::string path;
+  if (parts_.filePicker.Pick(platform::FilePicker::Purpose::Open, kImportTitle, kReadFilter, lastFile_, path) !=
+      platform::FilePicker::kChosen)
+    return;
+  lastFile_ = path;
+  const std::size_t before = parts_.model.GetFileIds(false).size();
+  const PlayListFileImport imported = parts_.model.AddFilesListedIn(path, parts_.drives);
+  const auto added = static_cast<int>(parts_.model.GetFileIds(false).size() - before);
+  view_.SetStatusLine(ImportOutcome(imported, path, added));
 }

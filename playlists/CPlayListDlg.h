@@ -26,6 +26,7 @@ struct PlayerStatus;
 class CopyCommands;
 
 namespace platform {
+class FilePicker;
 class FolderPicker;
 class InputDialog;
 class ListControl;
@@ -68,7 +69,8 @@ struct PlayListWindowParts {
   const CDriveServices& drives;
   platform::FolderPicker& picker;
   platform::InputDialog& input;
-  CPlayThrough& playThrough;  // over the model's rows
+  CPlayThrough& playThrough;         // over the model's rows
+  platform::FilePicker& filePicker;  // play list files to export and import
 };
 
 class CPlayListDlg {
@@ -79,6 +81,10 @@ class CPlayListDlg {
   static constexpr const char* kSavePrompt = "Save Playlist as ..";
   static constexpr const char* kSaveButton = "Save";
   static constexpr const char* kNotCatalogued = "%s not in the catalogue.";
+  static constexpr const char* kExportTitle = "Export Play List";
+  static constexpr const char* kImportTitle = "Import Play List";
+  static constexpr const char* kWrittenFilter = "Play lists (*.m3u *.m3u8 *.xspf)";
+  static constexpr const char* kReadFilter = "Play lists (*.m3u *.m3u8 *.xspf *.pls)";
 
   enum Command : int {
     kCache = 1001,
@@ -92,6 +98,8 @@ class CPlayListDlg {
     kCopySelectionTo = 9020,
     kCopyAllTo = 9021,
     kSavePlayList = 9022,
+    kExportPlayList = 9023,
+    kImportPlayList = 9024,
   };
   enum class Key { Delete, A, Enter, Other };
 
@@ -105,10 +113,12 @@ class CPlayListDlg {
       {kShuffle, "Shuffle", "Play the list in a shuffled order", false, true},
       {kRepeat, "Repeat: off", "Repeat the whole list, or one file (click to change)", false, false},
   }};
-  static constexpr std::array<platform::MenuEntry, 3> kMenu{{
+  static constexpr std::array<platform::MenuEntry, 5> kMenu{{
       {kCopySelectionTo, "Copy Selection To .."},
       {kCopyAllTo, "Copy All To .."},
       {kSavePlayList, "Save PlayList"},
+      {kExportPlayList, "Export…"},
+      {kImportPlayList, "Import…"},
   }};
 
   CPlayListDlg(PlayListWindowParts parts, PlayListView& view);
@@ -147,9 +157,14 @@ class CPlayListDlg {
   void CopyToCache();
   void CopyToPickedFolder(bool selectionOnly);
   void SavePlayList();
+  // The rows to a play list file, and the files of one added to them; the
+  // status line says what it came to.
+  void ExportRows();
+  void ImportFile();
 
   PlayListWindowParts parts_;
   PlayListView& view_;
   std::int32_t marked_ = 0;
   std::optional<std::pair<bool, int>> shownOrder_;  // shuffle and repeat as the buttons show them
+  std::string lastFile_;                            // where the last export or import went: the pickers start there
 };

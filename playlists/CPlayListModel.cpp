@@ -9,6 +9,7 @@
 #include "platform/ListControl.h"
 #include "playlists/CataloguedFiles.h"
 #include "playlists/FileIds.h"
+#include "playlists/PlayListFiles.h"
 
 std::vector<std::string> PlayListRowTexts(const MediaListRow& file) {
   const std::string& title = UserOrTag(file.Title, file.id3Title);
@@ -118,7 +119,18 @@ IdList CPlayListModel::GetFileIds(bool selectedOnly) const {
 int CPlayListModel::AddLocalFiles(const std::vector<std::string>& localPaths, const CDriveServices& drives) {
   const CataloguedFiles found = FindCataloguedFiles(db_, drives, localPaths);
   AddFiles(found.fileIds);
-  return found.notCatalogued;
+  return static_cast<int>(found.notCatalogued.size());
+}
+
+PlayListFileImport CPlayListModel::AddFilesListedIn(const std::string& path, const CDriveServices& drives) {
+  PlayListFileImport imported = ImportPlayListFile(db_, drives, path);
+  AddFiles(imported.found.fileIds);
+  return imported;
+}
+
+PlayListFileExport CPlayListModel::ExportRows(const std::string& path, const CDriveServices& drives,
+                                              const std::string& cdDrive) {
+  return ExportPlayListFile(db_, drives, cdDrive, GetFileIds(false), path);
 }
 
 void CPlayListModel::MoveRows(std::vector<int> rows, int before) {
@@ -152,12 +164,14 @@ void CPlayListModel::SelectAllRows() {
   if (list_) list_->SelectAll();
 }
 
-int CPlayListModel::SavePlayList(const std::string& name) {
+int StorePlayList(MediaDB& db, const std::string& name, const IdList& fileIds) {
   CPlayList playList;
   playList.Name = name;
-  playList.FileIDs = BuildIdList(GetFileIds(false));
-  return db_.AddPlayList(playList);
+  playList.FileIDs = BuildIdList(fileIds);
+  return db.AddPlayList(playList);
 }
+
+int CPlayListModel::SavePlayList(const std::string& name) { return StorePlayList(db_, name, GetFileIds(false)); }
 
 void CPlayListModel::RemoveAllRows() {
   if (list_ != nullptr) list_->DeleteAllRows();

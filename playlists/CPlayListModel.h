@@ -16,6 +16,8 @@
 #include "playlists/CopyJob.h"
 
 class CDriveServices;
+struct PlayListFileExport;
+struct PlayListFileImport;
 
 namespace platform {
 class ListControl;
@@ -27,6 +29,10 @@ std::vector<std::string> PlayListRowTexts(const MediaListRow& file);
 
 // The item values of a list's rows (all, or the selected ones), top to bottom.
 IdList GetFileIds(const platform::ListControl& list, bool selectedOnly);
+
+// Stores the files, in order, as a new PlayLists row under the name (two
+// stores under one name give two rows). Returns the PlayListID.
+int StorePlayList(MediaDB& db, const std::string& name, const IdList& fileIds);
 
 class CPlayListModel {
  public:
@@ -56,6 +62,10 @@ class CPlayListModel {
   // a disk volume, found by their drive path), as AddFiles does. Returns how
   // many it does not hold.
   int AddLocalFiles(const std::vector<std::string>& localPaths, const CDriveServices& drives);
+  // Appends the catalogued files a play list file names, as AddFiles does.
+  PlayListFileImport AddFilesListedIn(const std::string& path, const CDriveServices& drives);
+  // Writes every row, in order, as a play list file at the Linux path.
+  PlayListFileExport ExportRows(const std::string& path, const CDriveServices& drives, const std::string& cdDrive);
   // Moves the rows (dragged by the user) to stand, in their order, before
   // row `before` (RowCount for the end); they stay selected.
   void MoveRows(std::vector<int> rows, int before);

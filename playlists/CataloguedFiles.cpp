@@ -28,14 +28,15 @@ CataloguedFiles FindCataloguedFiles(MediaDB& db, const CDriveServices& drives,
   const std::vector<CMediaVolume> disks = db.GetVolumesOfType(platform::kDriveFixed);
   for (const std::string& path : localPaths) {
     const auto slash = path.find_last_of('/');
+    // Only absolute paths: a relative one would be taken from the working folder.
     const std::string drivePath =
-        slash == std::string::npos ? "" : drives.ToDrivePath(path.substr(0, slash == 0 ? 1 : slash));
+        !path.starts_with('/') ? "" : drives.ToDrivePath(path.substr(0, slash == 0 ? 1 : slash));
     const int fileId = drivePath.empty() ? -1
                                          : FindOnDrive(db, disks, drivePath.substr(0, 1),
                                                        GetFolderPart(NormalizeFolder(drives.CanonicalPath(drivePath))),
                                                        path.substr(slash + 1));
     if (fileId == -1)
-      ++found.notCatalogued;
+      found.notCatalogued.push_back(path);
     else
       found.fileIds.push_back(fileId);
   }

@@ -1,7 +1,8 @@
 #pragma once
-// Finds the catalogue's rows of files named by their Linux paths (files
-// dropped from a file manager): each path is put on its drive and looked up
-// among the disk volumes of that drive letter. User-interface thread only.
+// Finds the catalogue's rows of files named by their absolute Linux paths
+// (files dropped from a file manager, the entries of a play list file): each
+// path is put on its drive and looked up among the disk volumes of that
+// drive letter. User-interface thread only.
 
 #include <string>
 #include <vector>
@@ -11,8 +12,8 @@
 class CDriveServices;
 
 struct CataloguedFiles {
-  IdList fileIds;         // in the order of the paths, each found file once
-  int notCatalogued = 0;  // paths no drive holds or the catalogue lacks
+  IdList fileIds;                          // in the order of the paths, each found file once
+  std::vector<std::string> notCatalogued;  // paths no drive holds or the catalogue lacks, in order
 };
 
 CataloguedFiles FindCataloguedFiles(MediaDB& db, const CDriveServices& drives,

@@ -13,12 +13,14 @@ class VolumeInfoView;
 class WorkerDialogHost;
 
 namespace platform {
+class FilePicker;
 class FolderPicker;
 class InputDialog;
 }  // namespace platform
 
 struct DesktopDialogs {
   platform::FolderPicker& picker;
+  platform::FilePicker& filePicker;  // play list files
   platform::InputDialog& input;
   FileInfoView& fileInfo;
   VolumeInfoView& volumeInfo;

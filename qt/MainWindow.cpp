@@ -120,7 +120,7 @@ MainWindow::MainWindow(CLibraryApp& app, const DesktopDialogs& dialogs)
       app.Db(),
       app.Tree(),
       app.List(),
-      {*tree_, *menu_, dialogs.volumeInfo, *scans_},
+      {*tree_, *menu_, dialogs.volumeInfo, *scans_, dialogs.filePicker},
       {*list_, *menu_, dialogs.fileInfo},
       *scans_,
       app.Playback(),
@@ -129,7 +129,7 @@ MainWindow::MainWindow(CLibraryApp& app, const DesktopDialogs& dialogs)
       dialogs.picker,
       dialogs.options,
       {app.PlayList(), app.Playback(), *copy_, app.Settings(), app.Drives(), dialogs.picker, dialogs.input,
-       app.PlayThrough()},
+       app.PlayThrough(), dialogs.filePicker},
       *playListWindow_,
   };
   MainWindowView& view = *this;

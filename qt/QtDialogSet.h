@@ -6,6 +6,7 @@
 #include "qt/DesktopDialogs.h"
 #include "qt/dialogs/QtAboutBox.h"
 #include "qt/dialogs/QtFileInfoDialog.h"
+#include "qt/dialogs/QtFilePicker.h"
 #include "qt/dialogs/QtFolderPicker.h"
 #include "qt/dialogs/QtInputDialog.h"
 #include "qt/dialogs/QtOptionsDialog.h"
@@ -17,14 +18,18 @@ struct QtDialogSet {
   QtDialogSet(platform::MessageBox& messages, QtCoverLoader& coverLoader)
       : covers(coverLoader), fileInfo(nullptr, &coverLoader), workers(messages) {}
 
-  DesktopDialogs Services() { return {picker, input, fileInfo, volumeInfo, options, workers, ShowAboutBox, &covers}; }
+  DesktopDialogs Services() {
+    return {picker, filePicker, input, fileInfo, volumeInfo, options, workers, ShowAboutBox, &covers};
+  }
   void SetParent(QWidget* window) {
     picker.SetParent(window);
+    filePicker.SetParent(window);
     workers.SetParent(window);
   }
 
   QtCoverLoader& covers;
   QtFolderPicker picker;
+  QtFilePicker filePicker;
   QtInputDialog input;
   QtFileInfoDialog fileInfo;
   QtVolumeInfoDialog volumeInfo;

@@ -233,6 +233,10 @@ void CLibraryTree::RunCommand(int command) {
     case kRescan:
       Rescan();
       break;
+    case kExport:
+      if (const DecodedNode decoded = Decode(context_); decoded.kind == NodeKind::PlayList)
+        commands_.ExportPlayList(decoded.id, controls_->filePicker);
+      break;
     default:
       break;
   }

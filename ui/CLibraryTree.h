@@ -29,17 +29,22 @@ class ScanCommands;
 class VolumeInfoView;
 struct PathNodeRow;
 
+namespace platform {
+class FilePicker;
+}
+
 // What the tree works on; all must outlive the binding.
 struct LibraryTreeControls {
   platform::TreeControl& tree;
   platform::PopupMenu& menu;
   VolumeInfoView& volumeInfo;
-  ScanCommands& scans;  // the scan entry point, for "rescan"
+  ScanCommands& scans;               // the scan entry point, for "rescan"
+  platform::FilePicker& filePicker;  // "Export…" of a play list
 };
 
 class CLibraryTree {
  public:
-  enum Command : int { kVolumeInfo = 9001, kRemove = 9002, kRescan = 9003 };
+  enum Command : int { kVolumeInfo = 9001, kRemove = 9002, kRescan = 9003, kExport = 9004 };
   using TreeItem = platform::TreeItem;
 
   static constexpr const char* kAllMedia = "All Media";
@@ -52,7 +57,7 @@ class CLibraryTree {
   static constexpr std::array<platform::MenuEntry, 3> kVolumeMenu{
       {{kVolumeInfo, "Vol Info / Edit"}, {kRemove, "remove"}, {kRescan, "rescan"}}};
   static constexpr std::array<platform::MenuEntry, 2> kFolderMenu{{{kRemove, "remove"}, {kRescan, "rescan"}}};
-  static constexpr std::array<platform::MenuEntry, 1> kPlayListMenu{{{kRemove, "remove"}}};
+  static constexpr std::array<platform::MenuEntry, 2> kPlayListMenu{{{kRemove, "remove"}, {kExport, "Export…"}}};
 
   // list: the media list that a selection fills; commands: what the menu's
   // entries do.

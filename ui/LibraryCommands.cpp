@@ -7,7 +7,11 @@
 #include "catalogue/MediaDB.h"
 #include "dialogs/CVolumeInfoDlg.h"
 #include "platform/DriveTable.h"
+#include "platform/FilePicker.h"
 #include "platform/MessageBox.h"
+#include "playlists/CPlayListDlg.h"
+#include "playlists/FileIds.h"
+#include "playlists/PlayListFiles.h"
 #include "scan/ScanCommands.h"
 #include "settings/CAppSettings.h"
 #include "volumes/CDriveServices.h"
@@ -95,4 +99,20 @@ bool LibraryCommands::EditVolume(int volId, VolumeInfoView& view) {
   volume->Description = dialog.fields.description;
   db_.UpdateVolumeInfo(*volume);
   return true;
+}
+
+bool LibraryCommands::ExportPlayList(int playListId, platform::FilePicker& picker) {
+  const auto playList = db_.GetPlayList(playListId);
+  if (!playList) return false;
+  std::string path;
+  if (picker.Pick(platform::FilePicker::Purpose::Save, CPlayListDlg::kExportTitle, CPlayListDlg::kWrittenFilter,
+                  playList->Name + ".m3u8", path) != platform::FilePicker::kChosen)
+    return false;
+  path = WithPlayListExtension(path);
+  const PlayListFileExport exported =
+      ExportPlayListFile(db_, drives_, settings_.cdDrive, ParseIdList(playList->FileIDs), path);
+  const bool written = exported.error.empty();
+  drives_.Messages().Show(ExportOutcome(exported, path), platform::Buttons::Ok,
+                          written ? platform::Icon::Information : platform::Icon::Warning);
+  return written;
 }

@@ -12,6 +12,10 @@ class MediaDB;
 class ScanCommands;
 class VolumeInfoView;
 
+namespace platform {
+class FilePicker;
+}
+
 class LibraryCommands {
  public:
   static constexpr const char* kInsertCorrectCd = "Please insert correct CD.";
@@ -38,6 +42,12 @@ class LibraryCommands {
 
   // "Vol Info / Edit": true when Update was pressed and the edits stored.
   bool EditVolume(int volId, VolumeInfoView& view);
+
+  // "Export…" of a stored play list: its files written as a play list file
+  // the picker names (its name suggested, ".m3u8" when no extension is
+  // typed); a message says what it came to. False when cancelled or when
+  // nothing was written.
+  bool ExportPlayList(int playListId, platform::FilePicker& picker);
 
  private:
   bool Confirm(const char* question) const;

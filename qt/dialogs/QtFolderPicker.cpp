@@ -1,27 +1,10 @@
 #include "qt/dialogs/QtFolderPicker.h"
 
-#include <QAbstractFileIconProvider>
 #include <QDir>
 #include <QFileDialog>
 
+#include "qt/dialogs/KindIconProvider.h"
 #include "qt/dialogs/QtText.h"
-
-namespace {
-
-// Icons by kind of entry only. The default provider asks the MIME database,
-// which opens files to look at their content: the catalogue among them, and
-// closing it would drop the locks SQLite holds on it.
-class KindIconProvider : public QAbstractFileIconProvider {
- public:
-  QIcon icon(const QFileInfo& info) const override {
-    return QAbstractFileIconProvider::icon(info.isDir() ? Folder : File);
-  }
-  QString type(const QFileInfo& info) const override {
-    return info.isDir() ? QStringLiteral("Folder") : QStringLiteral("File");
-  }
-};
-
-}  // namespace
 
 QtFolderPicker::QtFolderPicker(QWidget* parent) : parent_(parent) {}
 

@@ -2,6 +2,7 @@
 #include "playlists/CopyCommands.h"
 #include "settings/CAppSettings.h"
 #include "tests/playlists/PlayListFixture.h"
+#include "tests/support/ScriptedFilePicker.h"
 #include "tests/support/ScriptedFolderPicker.h"
 #include "tests/support/ScriptedInputDialog.h"
 #include "tests/support/WorkerDialogDriver.h"
@@ -29,17 +30,19 @@ class PlayListWindowTest : public PlayListTest, private PlayListView {
   void MoveWindow(int, int, int, int) override {}
   void MoveList(int, int, int, int) override {}
   void AddButtons(std::span<const PlayListButton>) override {}
-  int TrackPopupMenu(std::span<const platform::MenuEntry>) override { return CPlayListDlg::kSavePlayList; }
+  int TrackPopupMenu(std::span<const platform::MenuEntry>) override { return menuChoice; }
   void SetStatusLine(const std::string& text) override { statusLine = text; }
 
   testing_support::WorkerDialogDriver copyDialogs{messages};
   CopyCommands copy{app->PlayList(), app->Db(), app->Drives(), app->Settings(), copyDialogs};
   testing_support::ScriptedFolderPicker picker;
+  testing_support::ScriptedFilePicker filePicker;
   testing_support::ScriptedInputDialog input;
-  CPlayListDlg window{
-      {app->PlayList(), app->Playback(), copy, app->Settings(), app->Drives(), picker, input, app->PlayThrough()},
-      *this};
+  CPlayListDlg window{{app->PlayList(), app->Playback(), copy, app->Settings(), app->Drives(), picker, input,
+                       app->PlayThrough(), filePicker},
+                      *this};
   int rebuilds = 0;
+  int menuChoice = CPlayListDlg::kSavePlayList;
   std::string statusLine;
 };
 
@@ -100,6 +103,43 @@ TEST_F(PlayListWindowTest, CopyToStartsInTheLastConfirmedFolderAndRemembersIt) {
   EXPECT_EQ(statusLine,
             "0 files copied, 5 failed: a.mp3 (target folder missing), b.mp3 (target folder missing), "
             "c.mp3 (target folder missing) and 2 more.");
+}
+
+TEST_F(PlayListWindowTest, ExportWritesTheRowsAndImportAddsTheCataloguedFilesNotListedYet) {
+  // A file on a CD is listed where the CD drive holds its disc; without the disc it is left out.
+  const std::int32_t onDisc = AddFile("x.mp3", "data", AddVolume(5, "Jazz", 7), "\\Disc\\", "Jazz/Disc");
+  app->PlayList().AddFiles({onDisc});
+  menuChoice = CPlayListDlg::kExportPlayList;
+  window.OnContextMenu(true);  // cancelled
+  EXPECT_FALSE(fs::exists(Local("evening.m3u8")));
+  filePicker.answer = platform::FilePicker::kChosen;
+  filePicker.file = Local("evening");
+  window.OnContextMenu(true);
+  EXPECT_EQ(statusLine,
+            "3 files exported to " + Local("evening.m3u8") + ". 1 file left out: their disc or disk is not at hand.");
+  EXPECT_EQ(Read("evening.m3u8"), "#EXTM3U\n#EXTINF:-1,a.mp3\n" + Local("c/Music/a.mp3") + "\n#EXTINF:-1,b.mp3\n" +
+                                      Local("c/Music/b.mp3") + "\n#EXTINF:-1,c.mp3\n" + Local("c/Music/c.mp3") + "\n");
+  drives.InsertDisc('E', Local("Jazz"));
+  window.OnContextMenu(true);
+  EXPECT_TRUE(Read("evening.m3u8").ends_with("\n#EXTINF:-1,x.mp3\n" + Local("Jazz/Disc/x.mp3") + "\n"));
+
+  const int lists = testing_support::StoreFolder(app->Db(), disk, "\\Lists\\");
+  folder.WriteFile("c/Lists/d.mp3", "d");
+  folder.WriteFile("c/Lists/e.mp3", "e");
+  const IdList added{testing_support::StoreFile(app->Db(), lists, "d.mp3"),
+                     testing_support::StoreFile(app->Db(), lists, "e.mp3")};
+  folder.WriteFile("c/Lists/more.m3u", "d.mp3\n../Music/a.mp3\ne.mp3\n/gone.mp3\n");
+  filePicker.file = Local("c/Lists/more.m3u");
+  menuChoice = CPlayListDlg::kImportPlayList;
+  window.OnContextMenu(true);
+  EXPECT_EQ(app->PlayList().GetFileIds(false), (IdList{1, 2, 3, onDisc, added[0], added[1]}));
+  EXPECT_EQ(statusLine, "2 files imported; 1 file is not in the catalogue.");
+  ASSERT_EQ(filePicker.runs.size(), 4u);
+  EXPECT_EQ(filePicker.runs[1].title + "|" + filePicker.runs[1].filter,
+            "Export Play List|Play lists (*.m3u *.m3u8 *.xspf)");
+  EXPECT_EQ(filePicker.runs[3].purpose, platform::FilePicker::Purpose::Open);
+  EXPECT_EQ(filePicker.runs[3].filter, "Play lists (*.m3u *.m3u8 *.xspf *.pls)");
+  EXPECT_EQ(filePicker.runs[3].start, Local("evening.m3u8"));  // where the last one went
 }
 
 TEST_F(PlayListWindowTest, ClearingTheCacheAsksThenDeletesItsFilesButNotItsSubFolders) {

@@ -17,6 +17,7 @@
 #include "tests/support/CatalogueRows.h"
 #include "tests/support/ProgramFolder.h"
 #include "tests/support/RecordingMediaControl.h"
+#include "tests/support/ScriptedFilePicker.h"
 #include "tests/support/ScriptedFolderPicker.h"
 #include "tests/support/ScriptedViews.h"
 #include "tests/support/WorkerDialogDriver.h"
@@ -41,7 +42,7 @@ class LibraryTest : public ::testing::Test, protected testing_support::ProgramFo
     app->Start();
     scanHost.scanner = &app->Scanner();
     app->PlayList().AttachList(playList);
-    app->Tree().Bind({tree, menu, volumeInfo, scans});
+    app->Tree().Bind({tree, menu, volumeInfo, scans, filePicker});
     app->List().Bind({list, menu, fileInfo});
     app->List().CreateColumns();
   }
@@ -94,6 +95,7 @@ class LibraryTest : public ::testing::Test, protected testing_support::ProgramFo
 
   testing_support::RecordingMediaControl media;
   testing_support::ScriptedFolderPicker picker;
+  testing_support::ScriptedFilePicker filePicker;
   testing_support::ScriptedPopupMenu menu;
   testing_support::ScriptedVolumeInfo volumeInfo;
   testing_support::ScriptedFileInfo fileInfo;

@@ -103,8 +103,22 @@ TEST_F(LibraryTreeTest, EachKindHasItsMenuAndOtherNodesOnlyGetSelected) {
   EXPECT_TRUE(Rows().empty());
   EXPECT_TRUE(menu.shown.empty());
   for (std::int32_t value : {50000001, rock, 80000001}) libraryTree.OnContextMenu(Node(value));
-  EXPECT_EQ(menu.shown,
-            (std::vector<Strings>{{"Vol Info / Edit", "remove", "rescan"}, {"remove", "rescan"}, {"remove"}}));
+  EXPECT_EQ(menu.shown, (std::vector<Strings>{
+                            {"Vol Info / Edit", "remove", "rescan"}, {"remove", "rescan"}, {"remove", "Export…"}}));
+}
+
+TEST_F(LibraryTreeTest, ExportWritesAStoredPlayListWhereThePickerSays) {
+  menu.choice = CLibraryTree::kExport;
+  app->Tree().OnContextMenu(Node(80000001));  // cancelled
+  EXPECT_TRUE(messages.Texts().empty());
+  filePicker.answer = platform::FilePicker::kChosen;
+  filePicker.file = folder.Path() + "/evening.xspf";
+  app->Tree().OnContextMenu(Node(80000001));
+  EXPECT_EQ(filePicker.runs[0].start, "Evening.m3u8");
+  // Drive D is not in the drive table: its file is left out, each time listed.
+  EXPECT_EQ(messages.Texts(), Strings{"0 files exported to " + filePicker.file +
+                                      ". 2 files left out: their disc or disk is not at hand."});
+  EXPECT_TRUE(std::filesystem::exists(filePicker.file));
 }
 
 TEST_F(LibraryTreeTest, RemovalAsksFirstAndCascadesByPathPrefix) {

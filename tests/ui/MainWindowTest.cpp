@@ -67,7 +67,7 @@ class MainWindowTest : public LibraryTest, private MainWindowView, private PlayL
       {app->Db(),
        app->Tree(),
        app->List(),
-       {tree, menu, volumeInfo, scans},
+       {tree, menu, volumeInfo, scans, filePicker},
        {list, menu, fileInfo},
        scans,
        app->Playback(),
@@ -75,9 +75,11 @@ class MainWindowTest : public LibraryTest, private MainWindowView, private PlayL
        app->Drives(),
        picker,
        options,
-       {app->PlayList(), app->Playback(), copy, app->Settings(), app->Drives(), picker, input, app->PlayThrough()},
+       {app->PlayList(), app->Playback(), copy, app->Settings(), app->Drives(), picker, input, app->PlayThrough(),
+        filePicker},
        *this},
-      *this};
+      *this,
+  };
 };
 
 TEST_F(MainWindowTest, AFirstStartFitsBothWindowsOnTheScreenAndKeysAndMenusGoWhereTheyBelong) {

@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "catalogue/MediaDB.h"
+#include "qt/dialogs/QtFilePicker.h"
 #include "qt/dialogs/QtFolderPicker.h"
 #include "qt/dialogs/QtMessageBox.h"
 #include "tests/qt/dialogs/WhenShown.h"
@@ -90,6 +91,35 @@ TEST(QtFolderPicker, StartsWhereAskedAndGivesTheChosenFolderOrCancel) {
 
   WhenShown<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
   EXPECT_EQ(picker.Browse("Select Folder", "", chosen), platform::FolderPicker::kCancelled);
+}
+
+TEST(QtFilePicker, SavesUnderTheSuggestedNameOrOpensAnExistingFile) {
+  testing_support::TempFolder temp;
+  const std::string list = temp.WriteFile("old.m3u", "#EXTM3U\n");
+  QtFilePicker picker;
+  std::string chosen;
+  WhenShown<QFileDialog>([&](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
+    EXPECT_EQ(dialog.nameFilters(), QStringList{"Play lists (*.m3u *.xspf)"});
+    EXPECT_EQ(dialog.directory(), QDir(QString::fromStdString(temp.Path())));
+    static_cast<QDialog&>(dialog).accept();
+  });
+  EXPECT_EQ(picker.Pick(platform::FilePicker::Purpose::Save, "Export", "Play lists (*.m3u *.xspf)",
+                        temp.Path() + "/Evening.m3u8", chosen),
+            platform::FilePicker::kChosen);
+  EXPECT_EQ(chosen, temp.Path() + "/Evening.m3u8");
+
+  WhenShown<QFileDialog>([&](QFileDialog& dialog) {
+    EXPECT_EQ(dialog.fileMode(), QFileDialog::ExistingFile);
+    dialog.selectFile(QString::fromStdString(list));
+    static_cast<QDialog&>(dialog).accept();
+  });
+  EXPECT_EQ(picker.Pick(platform::FilePicker::Purpose::Open, "Import", "", temp.Path(), chosen),
+            platform::FilePicker::kChosen);
+  EXPECT_EQ(chosen, list);
+  WhenShown<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+  EXPECT_EQ(picker.Pick(platform::FilePicker::Purpose::Open, "Import", "", "", chosen),
+            platform::FilePicker::kCancelled);
 }
 
 }  // namespace
