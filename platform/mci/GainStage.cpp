@@ -44,7 +44,10 @@ GstPadProbeReturn GainStage::OnEvent(GstPad*, GstPadProbeInfo* info, gpointer se
   GstEvent* event = GST_PAD_PROBE_INFO_EVENT(info);
   auto* stage = static_cast<GainStage*>(self);
   if (GST_EVENT_TYPE(event) == GST_EVENT_EOS && stage->followed_ && stage->followed_()) return GST_PAD_PROBE_DROP;
-  if (GST_EVENT_TYPE(event) == GST_EVENT_STREAM_START) stage->StreamStarted();
+  if (GST_EVENT_TYPE(event) == GST_EVENT_STREAM_START) {
+    if (stage->started_) stage->started_();
+    stage->StreamStarted();
+  }
   if (GST_EVENT_TYPE(event) == GST_EVENT_TAG) {
     GstTagList* list = nullptr;
     gst_event_parse_tag(event, &list);

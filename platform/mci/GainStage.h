@@ -28,11 +28,15 @@ class GainStage {
   GstElement* Bin() const { return bin_; }
   // Takes effect at once for the stream playing.
   void SetMode(ReplayGainMode mode);
-  // Asked on a streaming thread at the end of each stream: when another file
-  // follows in the same pipeline, the end goes no further, so that the sink
-  // never drains (a sound card would fall silent meanwhile). Set before the
+  // Told on a streaming thread as each stream enters the stage (started),
+  // and asked at the end of each (followed): when another file follows in
+  // the same pipeline, the end goes no further, so that the sink never
+  // drains (a sound card would fall silent meanwhile). Set before the
   // pipeline runs.
-  void EndsFollowedWhen(std::function<bool()> followed) { followed_ = std::move(followed); }
+  void WatchStreams(std::function<void()> started, std::function<bool()> followed) {
+    started_ = std::move(started);
+    followed_ = std::move(followed);
+  }
   ReplayGainMode Mode() const { return mode_; }
 
  private:
@@ -44,6 +48,7 @@ class GainStage {
   GstElement* bin_ = nullptr;     // floating until playbin takes it
   GstElement* volume_ = nullptr;  // inside bin_
   std::atomic<ReplayGainMode> mode_{ReplayGainMode::Track};
+  std::function<void()> started_;
   std::function<bool()> followed_;
   std::mutex mutex_;     // guards tags_: the streaming thread writes, SetMode reads
   ReplayGainTags tags_;  // of the stream passing now

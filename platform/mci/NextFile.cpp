@@ -43,11 +43,18 @@ std::optional<NextFile::Cue> NextFile::TakeAtFinish() {
   return taken;
 }
 
+void NextFile::StreamEntered() {
+  std::lock_guard lock(mutex_);
+  if (taken_.empty()) return;
+  entered_.push_back(std::move(taken_.front()));
+  taken_.pop_front();
+}
+
 std::optional<NextFile::Cue> NextFile::StreamStarted() {
   std::lock_guard lock(mutex_);
-  if (taken_.empty()) return std::nullopt;
-  Cue started = std::move(taken_.front());
-  taken_.pop_front();
+  if (entered_.empty()) return std::nullopt;
+  Cue started = std::move(entered_.front());
+  entered_.pop_front();
   playing_ = started.number;
   return started;
 }

@@ -37,13 +37,16 @@ class NextFile {
 
   // The streaming thread: the cue to go on with, or nothing.
   std::optional<Cue> TakeAtFinish();
+  // The streaming side: a stream entered the pipeline's output; when a file
+  // was taken, it is that file's.
+  void StreamEntered();
   // The bus side: the next file taken started playing; returns its cue
   // (nothing when none was taken).
   std::optional<Cue> StreamStarted();
   // The cue number of the file playing; 0 for the file opened.
   std::uint64_t Playing();
-  // Whether a file was taken that has not started yet: the end of the
-  // stream playing is not the end of playing. Any thread.
+  // Whether a file was taken whose stream has not entered the output yet:
+  // the end of the stream playing is not the end of playing. Any thread.
   bool Follows();
 
  private:
@@ -53,7 +56,8 @@ class NextFile {
   bool decided_ = false;   // a cue was offered or declined, or playing began
   bool released_ = false;  // asks do not wait until playing begins again
   std::uint64_t lastNumber_ = 0;
-  std::deque<Cue> taken_;  // cues handed to the player, not yet heard
+  std::deque<Cue> taken_;    // cues handed to the player, not yet streaming
+  std::deque<Cue> entered_;  // streaming, not yet heard
   std::uint64_t playing_ = 0;
 };
 

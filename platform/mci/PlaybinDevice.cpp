@@ -107,7 +107,8 @@ std::unique_ptr<PlaybinDevice> PlaybinDevice::Open(const std::string& file, Audi
     return nullptr;
   }
   std::unique_ptr<PlaybinDevice> device(new PlaybinDevice());
-  device->gain_.EndsFollowedWhen([next = &device->next_] { return next->Follows(); });
+  device->gain_.WatchStreams([next = &device->next_] { next->StreamEntered(); },
+                             [next = &device->next_] { return next->Follows(); });
   device->playbin_ = MakeAudioOnlyPlaybin(file, sink.get(), device->gain_.Bin());
   if (!device->playbin_) {
     error = kMciCannotDecode;
@@ -254,6 +255,23 @@ void PlaybinDevice::DrainBus() {
         if (phase_ == Phase::Playing) phase_ = Phase::Ended;
     }
   }
+  NoteStalledEnd();
+}
+
+// The end of a stream held back for a file that then never came would leave
+// playing at the end for good: a stream that stands still at (or past) its
+// length that long has ended. One that still moves (a length told short) plays on.
+void PlaybinDevice::NoteStalledEnd() {
+  if (phase_ != Phase::Playing || lengthMs_ == 0) return;
+  const auto position = QueryPositionMs();
+  if (!position || *position < lengthMs_ || *position != stalledAt_) {
+    stalledAt_ = position.value_or(0);
+    atEndSince_.reset();
+    return;
+  }
+  const auto now = std::chrono::steady_clock::now();
+  if (!atEndSince_) atEndSince_ = now;
+  if (now - *atEndSince_ >= kStalledEnd) phase_ = Phase::Ended;
 }
 
 // A stream of a new group is the next file, now heard.

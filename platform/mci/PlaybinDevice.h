@@ -10,6 +10,7 @@
 
 #include <gst/gst.h>
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -76,6 +77,7 @@ class PlaybinDevice {
   static void OnAboutToFinish(GstElement* playbin, gpointer self);
   void StreamStarted(GstMessage* message);
   void RefreshLength();
+  void NoteStalledEnd();
 
   void DrainBus();
   void PauseAndSettle();
@@ -95,6 +97,9 @@ class PlaybinDevice {
   std::uint64_t heldMs_ = 0;  // the position while paused, and the last one seen
   Phase phase_ = Phase::Stopped;
   bool untouched_ = true;  // prerolled at the start, never played or moved
+  static constexpr std::chrono::seconds kStalledEnd{3};
+  std::optional<std::chrono::steady_clock::time_point> atEndSince_;
+  std::uint64_t stalledAt_ = 0;  // the position last seen at the end
 };
 
 }  // namespace platform::mci
