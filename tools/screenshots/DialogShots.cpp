@@ -1,6 +1,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QLinearGradient>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPainter>
 #include <QTemporaryDir>
@@ -23,6 +24,7 @@
 #include "scan/CScanDlg.h"
 #include "scan/ScanCommands.h"
 #include "tools/screenshots/Shots.h"
+#include "ui/CLibraryTree.h"
 
 namespace {
 
@@ -132,7 +134,18 @@ std::unique_ptr<QWidget> FolderPicker() {
 
 }  // namespace
 
+// A context menu as it pops up, its entries those the logic offers.
+std::unique_ptr<QWidget> Menu(const char* title, std::span<const platform::MenuEntry> entries) {
+  auto menu = std::make_unique<QMenu>();
+  menu->setWindowTitle(QString::fromUtf8(title));
+  for (const platform::MenuEntry& entry : entries) menu->addAction(QString::fromUtf8(entry.text));
+  menu->setActiveAction(menu->actions().value(static_cast<int>(entries.size()) - 2));
+  return menu;
+}
+
 void AddDialogShots(ShotList& shots) {
+  shots.push_back({"play-list-menu.png", [] { return Menu("Play List", CPlayListDlg::kMenu); }});
+  shots.push_back({"tree-play-list-menu.png", [] { return Menu("Play list", CLibraryTree::kPlayListMenu); }});
   shots.push_back({"file-info.png", FileInfo});
   shots.push_back({"volume-info.png", VolumeInfo});
   shots.push_back({"options.png", Options});
