@@ -37,7 +37,6 @@ class GainStage {
     started_ = std::move(started);
     followed_ = std::move(followed);
   }
-  ReplayGainMode Mode() const { return mode_; }
 
  private:
   static GstPadProbeReturn OnEvent(GstPad* pad, GstPadProbeInfo* info, gpointer self);
