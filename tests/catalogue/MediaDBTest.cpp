@@ -40,15 +40,12 @@ TEST_F(CatalogueTest, NewCatalogueHoldsExactlyTheFiveTablesAndItsOwnAdditions) {
   const auto own = std::stable_partition(objects.begin(), objects.end(), [](const std::string& o) {
     return o.starts_with("table ") && !o.starts_with("table vantrelle_");
   });
-  EXPECT_EQ(std::vector<std::string>(own, objects.end()),
-            (std::vector<std::string>{
-                "table vantrelle_file_stamps: CREATE TABLE vantrelle_file_stamps(FileID INTEGER PRIMARY KEY, "
-                "ModifiedNs INTEGER, Size INTEGER)",
-                "index vantrelle_files_by_path: CREATE INDEX vantrelle_files_by_path ON MediaFiles(PathID)",
-                "index vantrelle_paths_by_parent: CREATE INDEX vantrelle_paths_by_parent ON MediaPaths(ParentID)",
-                "index vantrelle_paths_by_volume: CREATE INDEX vantrelle_paths_by_volume ON MediaPaths(VolID,ParentID)",
-                "table vantrelle_queue: CREATE TABLE vantrelle_queue(Position INTEGER PRIMARY KEY, FileID INTEGER NOT "
-                "NULL, Playing INTEGER NOT NULL DEFAULT 0)"}));
+  // Our own tables and indexes are named apart; the five tables keep the layout other programs read.
+  std::vector<std::string> ownNames;
+  for (auto it = own; it != objects.end(); ++it) ownNames.push_back(it->substr(0, it->find(':')));
+  EXPECT_EQ(ownNames, (std::vector<std::string>{"table vantrelle_file_stamps", "index vantrelle_files_by_path",
+                                                "index vantrelle_paths_by_parent", "index vantrelle_paths_by_volume",
+                                                "table vantrelle_queue"}));
   objects.erase(own, objects.end());
   ASSERT_EQ(objects.size(), 5u);
   EXPECT_EQ(objects[0], "table Configs: CREATE TABLE Configs(ConfigID INTEGER, Value TEXT)");
@@ -73,7 +70,7 @@ TEST_F(CatalogueTest, ACatalogueWithoutIndexesGainsThemAndRemovesSubtreesInTwoSt
   const int music = AddPath(vol, "\\Music\\");
   const int rock = AddPath(vol, "\\Music\\Rock\\", music);
   AddFile(music, "a.mp3");
-  const int last = AddFile(rock, "b.mp3");
+  AddFile(rock, "b.mp3");
   MediaDB reopened;
   ASSERT_EQ(reopened.Open(folder.Path() + "/"), 0);
   EXPECT_EQ(testing_support::QueryNumber(reopened, "SELECT count(*) FROM sqlite_master WHERE type='index';"), 3);
@@ -87,18 +84,14 @@ TEST_F(CatalogueTest, ACatalogueWithoutIndexesGainsThemAndRemovesSubtreesInTwoSt
       2);
   EXPECT_EQ(testing_support::QueryNumber(reopened, "SELECT count(*) FROM MediaFiles;"), 0);
   EXPECT_EQ(testing_support::QueryNumber(reopened, "SELECT count(*) FROM MediaPaths;"), 0);
-  // The removed rows held the highest ids: none is handed out again.
-  CMediaPath jazz;
-  jazz.VolID = vol;
-  jazz.FullPath = "\\Jazz\\";
-  EXPECT_GT(reopened.AddPath(jazz), rock);
-  CMediaFile file;
-  file.VolID = vol;
-  file.PathID = jazz.PathID;
-  EXPECT_GT(reopened.AddFile(file), last);
 }
 
-TEST_F(CatalogueTest, TextsWithQuotesAndOddLettersRoundTrip) {
+// Texts with quotes and odd letters round trip; missing rows read as empty,
+// and columns never written stay NULL.
+TEST_F(CatalogueTest, TextsRoundTripAndMissingRowsAndNullColumnsReadEmpty) {
+  EXPECT_EQ(db.GetFile(99), nullptr);
+  EXPECT_EQ(db.GetPathFullPath(99), "");
+  EXPECT_EQ(db.GetConfig(405), "");
   const int vol = AddVolume("305419896", 5, "Bach's \"Best\" 100% _é");
   const int path = AddPath(vol, "\\It's\\");
   const int fileId = AddFile(path, "Don't Stop.mp3");
@@ -109,27 +102,17 @@ TEST_F(CatalogueTest, TextsWithQuotesAndOddLettersRoundTrip) {
   EXPECT_EQ(db.FindFile("don't stop.mp3", path), -1);  // exact comparison
 
   auto file = db.GetFile(fileId);
+  EXPECT_EQ(file->Rating, 0);  // NULL until edited
+  EXPECT_EQ(file->Title, "");
+  db.UpdateFileTagsAndProperties(*file, 0);
+  EXPECT_EQ(
+      testing_support::QueryNumber(db, "SELECT count(*) FROM MediaFiles WHERE Size IS NULL AND id3Genre IS NULL;"), 1);
   file->Title = "Rock 'n' Roll";
   file->Rating = 4;
   db.UpdateFileUserInfo(*file);
   file = db.GetFile(fileId);
   EXPECT_EQ(file->Title, "Rock 'n' Roll");
   EXPECT_EQ(file->Rating, 4);
-}
-
-TEST_F(CatalogueTest, MissingRowsAndNullColumns) {
-  EXPECT_EQ(db.GetFile(99), nullptr);
-  EXPECT_EQ(db.GetPathFullPath(99), "");
-  EXPECT_EQ(db.GetConfig(405), "");
-  const int vol = AddVolume("1", 3);
-  const int fileId = AddFile(AddPath(vol, "\\"), "a.mp3");
-  auto file = db.GetFile(fileId);
-  EXPECT_EQ(file->Rating, 0);  // NULL until edited
-  EXPECT_EQ(file->Title, "");
-  // What the system never writes stays NULL.
-  db.UpdateFileTagsAndProperties(*file, 0);
-  EXPECT_EQ(
-      testing_support::QueryNumber(db, "SELECT count(*) FROM MediaFiles WHERE Size IS NULL AND id3Genre IS NULL;"), 1);
 }
 
 TEST_F(CatalogueTest, SearchSeesEveryChangeWhoeverMadeIt) {
@@ -206,25 +189,20 @@ TEST_F(CatalogueTest, AWorkersChangesReachTheOwnerAfterItsLoan) {
   EXPECT_EQ(heardOn[1], std::this_thread::get_id());
 }
 
-TEST_F(CatalogueTest, SubtreeIsMatchedLetterForLetter) {
-  const int vol = AddVolume("1", 3);
-  const int other = AddVolume("2", 3);
-  const int music = AddPath(vol, "\\Music\\");
-  const int rock = AddPath(vol, "\\Music\\Rock\\", music);
-  for (const char* lookAlike : {"\\MUSIC\\Jazz\\", "\\Musicals\\", "\\abc\\"}) AddPath(vol, lookAlike);
-  AddPath(other, "\\Music\\Pop\\");
-  const int underscore = AddPath(vol, "\\a_c\\");
-  EXPECT_EQ(Sorted(db.GetSubtreePathIds(music)), (IdList{music, rock}));
-  EXPECT_EQ(db.GetSubtreePathIds(underscore), IdList{underscore});
-  EXPECT_EQ(db.GetSubtreePathIds(12345), IdList{});
-}
-
-TEST_F(CatalogueTest, RemovalsCascadeButKeepPlayLists) {
+// Subtrees are matched letter for letter; removals cascade but keep play lists.
+TEST_F(CatalogueTest, SubtreesMatchLetterForLetterAndRemovalsCascadeButKeepPlayLists) {
   const int vol = AddVolume("1", 3);
   const int keep = AddVolume("2", 3);
   const int music = AddPath(vol, "\\Music\\");
   const int rock = AddPath(vol, "\\Music\\Rock\\", music);
+  for (const char* lookAlike : {"\\MUSIC\\Jazz\\", "\\abc\\"}) AddPath(vol, lookAlike);
   const int sibling = AddPath(vol, "\\Musicals\\");
+  AddPath(keep, "\\Music\\Pop\\");
+  const int underscore = AddPath(vol, "\\a_c\\");
+  EXPECT_EQ(Sorted(db.GetSubtreePathIds(music)), (IdList{music, rock}));
+  EXPECT_EQ(db.GetSubtreePathIds(underscore), IdList{underscore});
+  EXPECT_EQ(db.GetSubtreePathIds(12345), IdList{});
+
   const int a = AddFile(rock, "a.mp3");
   const int b = AddFile(sibling, "b.mp3");
   const int kept = AddFile(AddPath(keep, "\\"), "c.mp3");
@@ -232,7 +210,6 @@ TEST_F(CatalogueTest, RemovalsCascadeButKeepPlayLists) {
   list.Name = "Mix";
   list.FileIDs = std::to_string(a) + "," + std::to_string(b);
   db.AddPlayList(list);
-
   db.DeletePathTree(music);
   EXPECT_EQ(db.GetFile(a), nullptr);
   EXPECT_EQ(db.GetPath(rock), nullptr);
@@ -249,7 +226,7 @@ TEST_F(CatalogueTest, RemovalsCascadeButKeepPlayLists) {
 TEST_F(CatalogueTest, IdsAreNeverHandedOutTwiceAcrossRemovalsAndRestarts) {
   const int vol = AddVolume("1", 3);
   const int path = AddPath(vol, "\\A\\");
-  const int first = AddFile(path, "a.mp3");
+  AddFile(path, "a.mp3");
   const int second = AddFile(path, "b.mp3");
   db.DeleteFiles({second});
   const int third = AddFile(path, "c.mp3");
@@ -274,7 +251,6 @@ TEST_F(CatalogueTest, IdsAreNeverHandedOutTwiceAcrossRemovalsAndRestarts) {
   reopened.Commit();
   EXPECT_GT(reopened.AddPlayList(list), listId);
   EXPECT_EQ(testing_support::QueryNumber(reopened, "SELECT count(*) FROM MediaFiles;"), 1);
-  EXPECT_GT(first, 0);
 }
 
 TEST_F(CatalogueTest, ACatalogueWithoutIdMarksGetsThemFromItsRows) {
@@ -293,21 +269,15 @@ TEST_F(CatalogueTest, ACatalogueWithoutIdMarksGetsThemFromItsRows) {
 
 using CatalogueDeathTest = CatalogueTest;
 
-TEST_F(CatalogueDeathTest, FailingStatementEndsTheProcessWithStatusOne) {
+// A failing statement is told (where a window shows it) before the process ends with status 1.
+TEST_F(CatalogueDeathTest, AFailingStatementIsToldAndEndsTheProcessWithStatusOne) {
   GTEST_FLAG_SET(death_test_style, "threadsafe");
   // Another program takes the tables away.
   testing_support::RunSql(db, "DROP TABLE PlayLists; ALTER TABLE MediaFiles DROP COLUMN Rating;");
-  EXPECT_EXIT(db.DeletePlayList(1), ::testing::ExitedWithCode(1), "no such table: PlayLists");
   EXPECT_EXIT(db.GetFolderListRows(1), ::testing::ExitedWithCode(1), "no such column");
-}
-
-// The failure is told (where a window shows it) before the process ends.
-TEST_F(CatalogueDeathTest, AFailureIsToldBeforeTheProcessEnds) {
-  GTEST_FLAG_SET(death_test_style, "threadsafe");
   const auto tell = [](const std::string& text) { std::fprintf(stderr, "told: %s\n", text.c_str()); };
-  testing_support::RunSql(db, "DROP TABLE PlayLists;");
   EXPECT_EXIT((NoticeCatalogueFailuresWith(tell), db.DeletePlayList(1)), ::testing::ExitedWithCode(1),
-              "told: vantrelle: catalogue statement failed: .*no such table");
+              "told: vantrelle: catalogue statement failed: .*no such table: PlayLists");
 }
 
 // Where the write-ahead index cannot be shared, a catalogue left in

@@ -70,21 +70,17 @@ TEST_F(LinuxDriveTableTest, CdDriveFollowsTheDiscInsertedSwappedAndEjected) {
   EXPECT_FALSE(table.Identify('D').ok);
 }
 
-TEST_F(LinuxDriveTableTest, TwoLettersOnOneFileSystemAreTwoVolumes) {
-  drives.AddFixed('C', Folder("disk/one"));
-  drives.AddFixed('G', Folder("disk/two"));
-  VolumeIdentity c = table.Identify('C');
-  VolumeIdentity g = table.Identify('G');
-  ASSERT_TRUE(c.ok && g.ok);
-  EXPECT_NE(c.serial, g.serial);
-  EXPECT_EQ(table.Identify('C').serial, c.serial);
-  EXPECT_EQ(c.label, "one");
-}
-
-TEST_F(LinuxDriveTableTest, DrivePathUsesTheLongestRootHoldingTheFolder) {
+// Two letters on one file system are two volumes; a path belongs to the longest root holding it.
+TEST_F(LinuxDriveTableTest, TwoLettersOnOneFileSystemAreTwoVolumesAndAPathTakesTheLongestRoot) {
   std::string home = Folder("home");
   drives.AddFixed('C', home);
   drives.AddFixed('G', Folder("home/Music/Deep"));
+  const VolumeIdentity c = table.Identify('C');
+  const VolumeIdentity g = table.Identify('G');
+  ASSERT_TRUE(c.ok && g.ok);
+  EXPECT_NE(c.serial, g.serial);
+  EXPECT_EQ(table.Identify('C').serial, c.serial);
+  EXPECT_EQ(c.label + " " + g.label, "home Deep");
   Folder("home2/x");
   Folder("home/Music/Rock/Live");
   fs::create_directory_symlink(home + "/Music", tmp.Path() + "/music-link");

@@ -43,11 +43,19 @@ class ScanCommandsTest : public ScanTest {
   std::vector<std::string> reports;
 };
 
-TEST_F(ScanCommandsTest, TheDialogShowsProgressAndSaysCompleteOnce) {
+// Progress, then one box: "Scan Complete." and the scan's notes below it.
+TEST_F(ScanCommandsTest, TheDialogShowsProgressAndSaysCompleteOnceWithTheNotes) {
   Put("c/Music/a.mp3", "id3v1.mp3");
   Put("c/Music/Sub/b.mp3", "empty.mp3");
+  Put("c/Music/Locked/c.mp3", "id3v1.mp3");
+  Put("c/Music/Odd\\Name/d.mp3", "id3v1.mp3");
+  fileSystem.FailFrom("C:\\Music\\Locked\\");
   commands.ScanVolume(3, "C:\\Music\\");
-  EXPECT_EQ(messages.Texts(), std::vector<std::string>{"Scan Complete."});
+  EXPECT_EQ(messages.Texts(), (std::vector<std::string>{"Scan Complete.",
+                                                        "1 folder could not be read; its entries were kept.\n"
+                                                        "1 folder was skipped for its name."}));
+  EXPECT_EQ(messages.Shown()[1].icon, platform::Icon::Information);
+  EXPECT_EQ(messages.Shown()[1].buttons, platform::Buttons::Ok);
   EXPECT_EQ(dialogs.endedWith, 0);
   EXPECT_EQ(dialogs.timerRunning, 0);
   EXPECT_FALSE(dialogs.statusTexts.empty());
@@ -74,30 +82,6 @@ TEST_F(ScanCommandsTest, CancelEndsTheDialogAtOnceButTheWorkerFinishesFirst) {
   EXPECT_TRUE(scanner.Progress().done);   // OnDestroy waited for the worker
   EXPECT_EQ(rebuilds, 1);
   EXPECT_EQ(reports, std::vector<std::string>{"Scan cancelled."});
-}
-
-TEST_F(ScanCommandsTest, NotesFollowScanCompleteInOneBox) {
-  Put("c/Music/a.mp3", "id3v1.mp3");
-  Put("c/Music/Locked/b.mp3", "id3v1.mp3");
-  Put("c/Music/Odd\\Name/c.mp3", "id3v1.mp3");
-  fileSystem.FailFrom("C:\\Music\\Locked\\");
-  commands.ScanVolume(3, "C:\\Music\\");
-  EXPECT_EQ(messages.Texts(), (std::vector<std::string>{"Scan Complete.",
-                                                        "1 folder could not be read; its entries were kept.\n"
-                                                        "1 folder was skipped for its name."}));
-  EXPECT_EQ(messages.Shown()[1].icon, platform::Icon::Information);
-  EXPECT_EQ(messages.Shown()[1].buttons, platform::Buttons::Ok);
-}
-
-TEST_F(ScanCommandsTest, EverySpellingOfAFolderGivesOneRoot) {
-  Put("c/Keep/a.mp3", "id3v1.mp3");
-  Put("c/Other/b.mp3", "id3v1.mp3");
-  for (const char* spelling : {"C:\\Keep\\..\\Keep", "c:\\keep", "C:\\.\\KEEP\\", "c:\\Other\\..\\..\\Keep"})
-    commands.AddFolder(spelling);
-  EXPECT_EQ(CataloguedFolders(), (std::map<std::string, int>{{"\\Keep\\", 1}}));
-  EXPECT_EQ(settings.lastAddedFolder, "C:\\Keep\\");
-  ASSERT_EQ(db.GetVolumesOfType(3).size(), 1u);
-  EXPECT_EQ(db.GetVolumesOfType(3)[0].DrvLtr, "C");
 }
 
 TEST_F(ScanCommandsTest, AddCdPromptsForADiscAndFindsKnownDiscsAgain) {
@@ -171,8 +155,11 @@ TEST_F(ScanCommandsTest, AddCdChecksTheDiscOnTheWorkerBeforeRemovingOtherFormats
   EXPECT_EQ(CataloguedFiles().size(), 1u);
 }
 
+// The picked folder is scanned and the picker starts there next time; every
+// spelling of a folder gives one root.
 TEST_F(ScanCommandsTest, AddHdScansThePickedFolderAndStartsThereNextTime) {
   Put("c/Music/a.mp3", "id3v1.mp3");
+  Put("c/Other/b.mp3", "id3v1.mp3");
   commands.AddHd();  // cancelled
   EXPECT_EQ(dialogs.runs, 0);
 
@@ -182,12 +169,16 @@ TEST_F(ScanCommandsTest, AddHdScansThePickedFolderAndStartsThereNextTime) {
   commands.AddHd();
   EXPECT_EQ(settings.lastAddedFolder, "C:\\Music\\");
   EXPECT_EQ(picker.startedAt, (std::vector<std::string>{"", "", folder.Path() + "/c/Music/"}));
-  EXPECT_EQ(CataloguedFolders().size(), 1u);
-  EXPECT_EQ(db.GetVolumesOfType(3).size(), 1u);
-
   picker.folder = "/proc";  // no drive of this table holds it: nothing happens
   commands.AddHd();
   EXPECT_EQ(dialogs.runs, 2);
+
+  for (const char* spelling : {"C:\\Music\\..\\Music", "c:\\music", "C:\\.\\MUSIC\\", "c:\\Other\\..\\..\\Music"})
+    commands.AddFolder(spelling);
+  EXPECT_EQ(CataloguedFolders(), (std::map<std::string, int>{{"\\Music\\", 1}}));
+  EXPECT_EQ(settings.lastAddedFolder, "C:\\Music\\");
+  ASSERT_EQ(db.GetVolumesOfType(3).size(), 1u);
+  EXPECT_EQ(db.GetVolumesOfType(3)[0].DrvLtr, "C");
 }
 
 }  // namespace

@@ -41,6 +41,19 @@ class CoverFinderTest : public ::testing::Test {
     fs::copy_file(kFixtures + fixture, target, fs::copy_options::overwrite_existing);
     return target;
   }
+
+  // Puts picture into the ID3v2 tag of song as its only front cover.
+  static void Embed(const std::string& song, const std::string& picture, const char* mimeType) {
+    TagLib::MPEG::File file(song.c_str(), false);
+    TagLib::ID3v2::Tag* tag = file.ID3v2Tag(true);
+    tag->removeFrames("APIC");
+    auto* frame = new TagLib::ID3v2::AttachedPictureFrame;
+    frame->setType(TagLib::ID3v2::AttachedPictureFrame::FrontCover);
+    frame->setMimeType(mimeType);
+    frame->setPicture(TagLib::ByteVector(picture.data(), static_cast<unsigned int>(picture.size())));
+    tag->addFrame(frame);
+    ASSERT_TRUE(file.save());
+  }
 };
 
 TEST_F(CoverFinderTest, EveryTagKindGivesItsEmbeddedPicture) {
@@ -83,17 +96,7 @@ TEST_F(CoverFinderTest, DamagedFilesHugePicturesAndUnreadableFoldersGiveNone) {
 
   // 20 MB that begin as a JPEG, embedded as the front cover.
   const std::string huge = Copy("id3v2.mp3", "Huge/huge.mp3");
-  {
-    TagLib::MPEG::File file(huge.c_str(), false);
-    auto* frame = new TagLib::ID3v2::AttachedPictureFrame;
-    frame->setType(TagLib::ID3v2::AttachedPictureFrame::FrontCover);
-    frame->setMimeType("image/jpeg");
-    TagLib::ByteVector picture(20 * 1024 * 1024, '\x11');
-    for (unsigned int i = 0; i < 3; ++i) picture[i] = jpeg[i];
-    frame->setPicture(picture);
-    file.ID3v2Tag(true)->addFrame(frame);
-    ASSERT_TRUE(file.save());
-  }
+  Embed(huge, jpeg.substr(0, 3) + std::string(20 * 1024 * 1024 - 3, '\x11'), "image/jpeg");
   EXPECT_EQ(finder.Find(huge).Describe(), "none (embedded picture too large)");
   std::ofstream(temp.Path() + "/Huge/cover.jpg", std::ios::binary)
       << jpeg << std::string(CoverFinder::kMaxPictureBytes, '\0');
@@ -122,15 +125,7 @@ TEST_F(CoverFinderTest, AnEmbeddedPictureTooLargeToShowGivesWayToTheFolders) {
       png[16 + i] = static_cast<char>(width >> (24 - 8 * i));
       png[20 + i] = static_cast<char>(height >> (24 - 8 * i));
     }
-    TagLib::MPEG::File file(song.c_str(), false);
-    TagLib::ID3v2::Tag* tag = file.ID3v2Tag(true);
-    tag->removeFrames("APIC");
-    auto* frame = new TagLib::ID3v2::AttachedPictureFrame;
-    frame->setType(TagLib::ID3v2::AttachedPictureFrame::FrontCover);
-    frame->setMimeType("image/png");
-    frame->setPicture(TagLib::ByteVector(png.data(), static_cast<unsigned int>(png.size())));
-    tag->addFrame(frame);
-    ASSERT_TRUE(file.save());
+    Embed(song, png, "image/png");
   };
   embed(4096, 300);
   EXPECT_EQ(finder.Find(song).Describe(), "embedded");

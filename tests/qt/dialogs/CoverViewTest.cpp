@@ -71,7 +71,6 @@ class SlowDisk final : public platform::FileSystem {
     goOn_ = true;
     changed_.notify_all();
   }
-  bool Reading(const std::string& path) const { return Asked(path) > 0; }
   int Asked(const std::string& path) const {
     std::lock_guard lock(mutex_);
     return static_cast<int>(std::count(asked_.begin(), asked_.end(), path));
@@ -125,7 +124,7 @@ TEST_F(CoverViewTest, GoingAwayDropsQueuedReadsAndWaitsOnlyForTheOneUnderWay) {
   going->Request(1, first);
   going->Request(2, second);
   going->Request(3, second);
-  ASSERT_TRUE(testing_support::Eventually([&] { return disk.Reading(first); }));
+  ASSERT_TRUE(testing_support::Eventually([&] { return disk.Asked(first) > 0; }));
   std::atomic<pid_t> closer = 0;
   std::atomic<bool> gone = false;
   std::thread closing([&] {
@@ -170,26 +169,25 @@ TEST_F(CoverViewTest, ShowsTheLastFileAskedForOnceReadAndNothingWithoutAPicture)
   EXPECT_FALSE(view.pixmap().isNull());
 }
 
-TEST_F(CoverViewTest, FileInfoShowsTheCoverAndTheKindOfFile) {
-  temp.WriteFile("Album/cover.jpg", Bytes(kFixtures + "art.jpg"));
-  std::ofstream(temp.Path() + "/Album/song.flac", std::ios::binary) << Bytes(kFixtures + "lossless.flac");
-  QtFileInfoDialog dialog(nullptr, &loader);
-  FileInfoForm form;
-  form.infoTitle = "FLAC Info";
-  form.fileId = 4;
-  form.coverPath = temp.Path() + "/Album/song.flac";
-  dialog.Load(form);
-  EXPECT_EQ(dialog.findChild<QGroupBox*>()->title(), "FLAC Info");
-  auto* cover = dialog.findChild<QtCoverView*>();
-  ASSERT_NE(cover, nullptr);
-  ASSERT_EVENTUALLY(!cover->pixmap().isNull());
-}
-
-// Finding a disc file may read the disc: File Info shows at once, says that
-// it checks, and the check runs on the loader's thread.
-TEST_F(CoverViewTest, FileInfoChecksTheDiscOffTheWindowsThread) {
+// File Info shows the cover and the kind of file. Finding a disc file may
+// read the disc: then it shows at once, says that it checks, and the check
+// runs on the loader's thread.
+TEST_F(CoverViewTest, FileInfoShowsTheCoverAndChecksTheDiscOffTheWindowsThread) {
   temp.WriteFile("Disc/cover.jpg", Bytes(kFixtures + "art.jpg"));
   std::ofstream(temp.Path() + "/Disc/song.flac", std::ios::binary) << Bytes(kFixtures + "lossless.flac");
+  {
+    QtFileInfoDialog dialog(nullptr, &loader);
+    FileInfoForm form;
+    form.infoTitle = "FLAC Info";
+    form.fileId = 4;
+    form.coverPath = temp.Path() + "/Disc/song.flac";
+    dialog.Load(form);
+    EXPECT_EQ(dialog.findChild<QGroupBox*>()->title(), "FLAC Info");
+    auto* cover = dialog.findChild<QtCoverView*>();
+    ASSERT_NE(cover, nullptr);
+    ASSERT_EVENTUALLY(!cover->pixmap().isNull());
+  }
+
   std::mutex mutex;
   std::condition_variable changed;
   bool inDrive = false;
