@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <vector>
 
+#include "base/ThreadHandOver.h"
+
 namespace platform::mci {
 namespace {
 
@@ -25,10 +27,22 @@ std::uint64_t FramesIn(GstClockTime time) { return gst_util_uint64_scale(time, A
 
 }  // namespace
 
-AudioCapture::AudioCapture(const std::string& file) : file_(std::fopen(file.c_str(), "wb")) {}
+// Under the lock: the streaming threads that record may have been made
+// before this object, with nothing else ordering them after it.
+AudioCapture::AudioCapture(const std::string& file) {
+  std::lock_guard lock(mutex_);
+  file_ = std::fopen(file.c_str(), "wb");
+}
 
 AudioCapture::~AudioCapture() {
+  TakeOver(this);
+  std::lock_guard lock(mutex_);
   if (file_ != nullptr) std::fclose(file_);
+}
+
+bool AudioCapture::Good() {
+  std::lock_guard lock(mutex_);
+  return file_ != nullptr;
 }
 
 GstElement* AudioCapture::MakeSink() {
@@ -45,10 +59,12 @@ GstElement* AudioCapture::MakeSink() {
   gst_pad_add_probe(pad, GST_PAD_PROBE_TYPE_EVENT_DOWNSTREAM, &DrainAtEnd, nullptr, nullptr);
   gst_object_unref(pad);
   gst_object_unref(sink);
+  HandOver(this);
   return bin;
 }
 
 GstFlowReturn AudioCapture::OnSample(GstElement* sink, gpointer self) {
+  const HandedOverScope handedOver(self);
   GstSample* sample = gst_app_sink_pull_sample(GST_APP_SINK(sink));
   if (sample == nullptr) return GST_FLOW_EOS;
   static_cast<AudioCapture*>(self)->Record(sink, sample);

@@ -29,7 +29,7 @@ class AudioCapture {
   AudioCapture(const AudioCapture&) = delete;
   AudioCapture& operator=(const AudioCapture&) = delete;
 
-  bool Good() const { return file_ != nullptr; }
+  bool Good();
   // A new sink (floating reference) that records into this capture; it must
   // not outlive this object.
   GstElement* MakeSink();

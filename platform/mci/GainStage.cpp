@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "base/ThreadHandOver.h"
+
 namespace platform::mci {
 namespace {
 
@@ -31,6 +33,7 @@ GainStage::GainStage() {
   bin_ = gst_parse_bin_from_description("audioconvert ! volume name=gain ! rglimiter ! audioconvert", TRUE, &error);
   g_clear_error(&error);
   if (bin_ == nullptr) return;
+  std::lock_guard lock(mutex_);  // read on streaming threads, which GStreamer may have made before
   volume_ = gst_bin_get_by_name(GST_BIN(bin_), "gain");
   GstOwned<GstPad> sink(gst_element_get_static_pad(bin_, "sink"));
   gst_pad_add_probe(sink.get(), GST_PAD_PROBE_TYPE_EVENT_DOWNSTREAM, &GainStage::OnEvent, this, nullptr);
@@ -43,9 +46,17 @@ GainStage::~GainStage() {
 GstPadProbeReturn GainStage::OnEvent(GstPad*, GstPadProbeInfo* info, gpointer self) {
   GstEvent* event = GST_PAD_PROBE_INFO_EVENT(info);
   auto* stage = static_cast<GainStage*>(self);
-  if (GST_EVENT_TYPE(event) == GST_EVENT_EOS && stage->followed_ && stage->followed_()) return GST_PAD_PROBE_DROP;
+  const HandedOverScope handedOver(stage);
+  std::function<void()> started;
+  std::function<bool()> followed;
+  {
+    std::lock_guard lock(stage->mutex_);
+    started = stage->started_;
+    followed = stage->followed_;
+  }
+  if (GST_EVENT_TYPE(event) == GST_EVENT_EOS && followed && followed()) return GST_PAD_PROBE_DROP;
   if (GST_EVENT_TYPE(event) == GST_EVENT_STREAM_START) {
-    if (stage->started_) stage->started_();
+    if (started) started();
     stage->StreamStarted();
   }
   if (GST_EVENT_TYPE(event) == GST_EVENT_TAG) {
@@ -82,13 +93,15 @@ void GainStage::SetMode(ReplayGainMode mode) {
 }
 
 void GainStage::Apply() {
-  if (volume_ == nullptr) return;
   double factor = 1.0;
+  GstElement* volume = nullptr;
   {
     std::lock_guard lock(mutex_);
     factor = ReplayGainFactor(tags_, mode_);
+    volume = volume_;
   }
-  g_object_set(volume_, "volume", std::min(factor, kLoudest), nullptr);
+  if (volume == nullptr) return;
+  g_object_set(volume, "volume", std::min(factor, kLoudest), nullptr);
 }
 
 }  // namespace platform::mci

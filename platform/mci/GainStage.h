@@ -34,6 +34,7 @@ class GainStage {
   // drains (a sound card would fall silent meanwhile). Set before the
   // pipeline runs.
   void WatchStreams(std::function<void()> started, std::function<bool()> followed) {
+    std::lock_guard lock(mutex_);
     started_ = std::move(started);
     followed_ = std::move(followed);
   }
@@ -49,7 +50,9 @@ class GainStage {
   std::atomic<ReplayGainMode> mode_{ReplayGainMode::Track};
   std::function<void()> started_;
   std::function<bool()> followed_;
-  std::mutex mutex_;     // guards tags_: the streaming thread writes, SetMode reads
+  // Guards what the streaming threads read: tags_ (written there too),
+  // volume_ and the watchers, set here on another thread.
+  std::mutex mutex_;
   ReplayGainTags tags_;  // of the stream passing now
 };
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/ThreadHandOver.h"
 #include "platform/MediaControl.h"
 #include "platform/mci/AudioSink.h"
 #include "platform/mci/LengthScan.h"
@@ -118,6 +119,7 @@ std::unique_ptr<PlaybinDevice> PlaybinDevice::Open(const std::string& file, Audi
   device->bus_.reset(gst_element_get_bus(playbin));
   device->file_ = file;
   g_signal_connect(playbin, "about-to-finish", G_CALLBACK(&PlaybinDevice::OnAboutToFinish), device.get());
+  device->HandToStreams();
   error = Preroll(playbin, device->bus_.get(), sink.get(), device->group_);
   if (error == kMciNoError && !HasAudio(playbin)) error = kMciCannotDecode;
   if (error == kMciNoError && !ReachesRealDevice(sink.get(), output)) error = kMciNoAudioOutput;
@@ -131,11 +133,20 @@ PlaybinDevice::PlaybinDevice() = default;
 PlaybinDevice::~PlaybinDevice() {
   next_.Release();  // a streaming thread waiting for a cue must not hold up the stop
   if (playbin_) gst_element_set_state(playbin_.get(), GST_STATE_NULL);
+  TakeOver(&gain_);  // the streaming threads are done with it
+  TakeOver(this);
+}
+
+// What the streaming threads' callbacks use was made on this thread.
+void PlaybinDevice::HandToStreams() {
+  HandOver(&gain_);
+  HandOver(this);
 }
 
 // On a streaming thread, when the file playing has been read to its end.
 void PlaybinDevice::OnAboutToFinish(GstElement* playbin, gpointer self) {
   auto* device = static_cast<PlaybinDevice*>(self);
+  const HandedOverScope handedOver(device);
   if (const auto cue = device->next_.TakeAtFinish()) SetUri(playbin, cue->file);
 }
 

@@ -75,6 +75,7 @@ class PlaybinDevice {
   PlaybinDevice();
 
   static void OnAboutToFinish(GstElement* playbin, gpointer self);
+  void HandToStreams();
   void StreamStarted(GstMessage* message);
   void RefreshLength();
   void NoteStalledEnd();

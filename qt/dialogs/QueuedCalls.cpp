@@ -8,33 +8,9 @@
 #include <condition_variable>
 #include <mutex>
 
-#if defined(__SANITIZE_THREAD__)
-#define VANTRELLE_TSAN 1
-#elif defined(__has_feature)
-#if __has_feature(thread_sanitizer)
-#define VANTRELLE_TSAN 1
-#endif
-#endif
-
-#ifdef VANTRELLE_TSAN
-#include <sanitizer/tsan_interface.h>
-#endif
+#include "base/ThreadHandOver.h"
 
 namespace {
-
-// What the thread handing over wrote before this is seen by the thread that
-// calls TakeOver on the same address.
-void HandOver([[maybe_unused]] void* address) {
-#ifdef VANTRELLE_TSAN
-  __tsan_release(address);
-#endif
-}
-
-void TakeOver([[maybe_unused]] void* address) {
-#ifdef VANTRELLE_TSAN
-  __tsan_acquire(address);
-#endif
-}
 
 const QEvent::Type kCallEvent = static_cast<QEvent::Type>(QEvent::registerEventType());
 

@@ -63,7 +63,8 @@ class Heard : public QObject {
   QStringList playLists;
   QMap<QString, QList<QVariantMap>> changed;
   QVariant Last(const QString& interface, const QString& name) const {
-    for (auto it = changed[interface].rbegin(); it != changed[interface].rend(); ++it)
+    const QList<QVariantMap> heard = changed.value(interface);
+    for (auto it = heard.rbegin(); it != heard.rend(); ++it)
       if (it->contains(name)) return it->value(name);
     return {};
   }
