@@ -33,6 +33,7 @@
 #include "tests/support/QtEventually.h"
 #include "tests/support/RecordingMediaControl.h"
 #include "tests/support/ToneFiles.h"
+#include "tests/support/ToneFlac.h"
 
 namespace {
 
@@ -196,29 +197,41 @@ TEST_F(MprisBusTest, ActivatingPlaysTheFirstRowAndTellsItsProperties) {
         << interface.toStdString();
 }
 
-// The window's play-through runs a stored list of two halves of one tone
-// into each other without a gap.
+// The window's play-through runs a stored list of a tone cut in four
+// without a gap, the third file tagged -6.02 dB at half the level of the
+// fourth, which has no tags.
 TEST_F(MprisBusTest, TheWindowPlaysAListThroughWithoutAGap) {
   using testing_support::kToneRate;
   ASSERT_TRUE(capturing);
-  testing_support::WriteToneWav(folder.Path() + "/c/first.wav", 0, kToneRate, 0.5);
-  testing_support::WriteToneWav(folder.Path() + "/c/second.wav", kToneRate, kToneRate, 0.5);
+  const std::string c = folder.Path() + "/c/";
+  testing_support::WriteToneWav(c + "first.wav", 0, kToneRate, 0.5);
+  testing_support::WriteToneWav(c + "second.wav", kToneRate, kToneRate, 0.5);
+  testing_support::WriteToneWav(folder.Path() + "/third.wav", 2 * kToneRate, kToneRate, 0.5);
+  testing_support::WriteToneWav(folder.Path() + "/fourth.wav", 3 * kToneRate, kToneRate, 0.5);
+  ASSERT_TRUE(testing_support::EncodeFlac(folder.Path() + "/third.wav", c + "third.flac", -6.02));
+  ASSERT_TRUE(testing_support::EncodeFlac(folder.Path() + "/fourth.wav", c + "fourth.flac", std::nullopt));
   const int pathId = app.Db().GetFile(1)->PathID;
   CPlayList tone;
   tone.Name = "Tone";
-  tone.FileIDs = std::to_string(testing_support::StoreFile(app.Db(), pathId, "first.wav")) + "," +
-                 std::to_string(testing_support::StoreFile(app.Db(), pathId, "second.wav"));
+  for (const char* name : {"first.wav", "second.wav", "third.flac", "fourth.flac"})
+    tone.FileIDs +=
+        (tone.FileIDs.empty() ? "" : ",") + std::to_string(testing_support::StoreFile(app.Db(), pathId, name));
   const int toneId = app.Db().AddPlayList(tone);
   QDBusObjectPath path;
   for (const MprisPlayList& list : PlayLists())
     if (list.name == QStringLiteral("Tone")) path = list.id;
   ASSERT_NE(path.path(), QStringLiteral("/")) << toneId;
   Call(kPlayLists, QStringLiteral("ActivatePlaylist"), {QVariant::fromValue(path)});
-  ASSERT_EVENTUALLY(Title().startsWith(QStringLiteral("second")));
+  ASSERT_EVENTUALLY(Title().startsWith(QStringLiteral("fourth")));
   ASSERT_EVENTUALLY(Status() == QStringLiteral("Stopped"));
   const testing_support::Heard sound(testing_support::ReadCapture(heardFile));
+  ASSERT_TRUE(sound.begins);
   EXPECT_LE(sound.longestQuiet, static_cast<std::size_t>(kToneRate / 50));
-  EXPECT_NEAR(static_cast<double>(sound.Length()), 2.0 * kToneRate, kToneRate / 50.0);
+  EXPECT_NEAR(static_cast<double>(sound.Length()), 4.0 * kToneRate, kToneRate / 50.0);
+  const std::size_t start = *sound.begins;
+  const double tagged = sound.Peak(start + kToneRate * 21 / 10, start + kToneRate * 29 / 10);
+  const double plain = sound.Peak(start + kToneRate * 31 / 10, start + kToneRate * 39 / 10);
+  EXPECT_NEAR(tagged / plain, 0.5, 0.02) << tagged << " against " << plain;
 }
 
 // Next and Previous step through the rows; then the list plays to its end.
