@@ -19,7 +19,9 @@ void NextFile::Decline() {
 
 void NextFile::Decided() {
   std::lock_guard lock(mutex_);
-  decided_ = true;
+  // Once a file was taken, the next ask is that file's, which waits for
+  // what follows it.
+  if (taken_.empty() && entered_.empty()) decided_ = true;
   released_ = false;
   changed_.notify_all();
 }

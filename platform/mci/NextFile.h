@@ -29,8 +29,9 @@ class NextFile {
   std::uint64_t Offer(std::string file);
   // No file follows (until another Offer).
   void Decline();
-  // Playing began: a file read to its end before any decision goes on with
-  // nothing, unless a cue was offered already.
+  // Playing began: the file playing, read to its end before any decision,
+  // goes on with nothing unless a cue was offered already. (A file already
+  // taken to follow it still waits to hear what follows it.)
   void Decided();
   // Wakes a waiting ask for good: the pipeline is being stopped or moved.
   void Release();
