@@ -342,7 +342,10 @@ void CMainDlg::OnPlayerTick() { PollNow(); }
 void CMainDlg::PollNow() {
   if (pollPending_) return;
   pollPending_ = true;
-  parts_.playback.Poll([this](const PlayerStatus& status) {
+  // An answer that comes after this window is gone (the player's thread
+  // may outlive it) finds it gone and is dropped.
+  parts_.playback.Poll([this, alive = std::weak_ptr<bool>(alive_)](const PlayerStatus& status) {
+    if (alive.expired()) return;
     pollPending_ = false;
     OnPlayerStatus(status);
   });

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <functional>
+#include <memory>
 #include <string>
 
 #include "base/Listeners.h"
@@ -165,6 +166,7 @@ class CMainDlg {
   int startedListener_ = 0;
   int openingListener_ = 0;
   bool pollPending_ = false;
+  std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);  // gone with this window
   PlayerStatus status_;
   int scanReportedListener_ = 0;
   int changesListener_ = 0;
