@@ -17,6 +17,17 @@ using platform::mci::MciVerb;
 
 std::string Quoted(const std::string& text) { return '"' + text + '"'; }
 
+const char* ReplayGainWord(platform::mci::ReplayGainMode mode) {
+  switch (mode) {
+    case platform::mci::ReplayGainMode::Off:
+      return "off";
+    case platform::mci::ReplayGainMode::Album:
+      return "album";
+    default:
+      return "track";
+  }
+}
+
 std::string PlainForm(const MciCommand& c) {
   const std::string alias = c.alias.find_first_of(" \t\r\n") == std::string::npos ? c.alias : Quoted(c.alias);
   switch (c.verb) {
@@ -42,6 +53,14 @@ std::string PlainForm(const MciCommand& c) {
       return "seek " + alias + " to " + (c.toEnd ? "end" : std::to_string(c.fromMs));
     case MciVerb::SetVolume:
       return "setaudio " + alias + " volume to " + std::to_string(c.volume);
+    case MciVerb::SetReplayGain:
+      return "setaudio " + alias + " replaygain to " + ReplayGainWord(c.replayGain);
+    case MciVerb::Cue:
+      return "cue " + alias + " " + Quoted(c.path);
+    case MciVerb::Uncue:
+      return "cue " + alias + " off";
+    case MciVerb::StatusTrack:
+      return "status " + alias + " track";
     case MciVerb::Close:
       return "close " + alias;
     case MciVerb::CloseAll:
@@ -52,12 +71,12 @@ std::string PlainForm(const MciCommand& c) {
 
 bool Same(const MciCommand& a, const MciCommand& b) {
   return a.verb == b.verb && a.alias == b.alias && a.path == b.path && a.fromMs == b.fromMs && a.volume == b.volume &&
-         a.toEnd == b.toEnd;
+         a.toEnd == b.toEnd && a.replayGain == b.replayGain;
 }
 
 void CheckShape(const MciCommand& c) {
   FUZZ_CHECK((c.verb == MciVerb::CloseAll) == c.alias.empty());
-  FUZZ_CHECK((c.verb == MciVerb::Open) != c.path.empty());
+  FUZZ_CHECK((c.verb == MciVerb::Open || c.verb == MciVerb::Cue) != c.path.empty());
   FUZZ_CHECK(c.alias.find('"') == std::string::npos);
   if (c.verb != MciVerb::PlayFrom && c.verb != MciVerb::SeekTo) FUZZ_CHECK(c.fromMs == 0);
   if (c.verb != MciVerb::SetVolume) FUZZ_CHECK(c.volume == 0);
