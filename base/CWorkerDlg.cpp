@@ -25,7 +25,10 @@ void CWorkerDlg::OnTimer(int id) {
   End();
 }
 
+// The worker hears of the Cancel at once, not only when the dialog goes: it
+// could otherwise finish meanwhile and report a whole run.
 void CWorkerDlg::OnCancel() {
+  StopWorker();
   if (!ended_) End();
 }
 

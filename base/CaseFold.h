@@ -1,48 +1,39 @@
 #pragma once
-// Folds the letter case of UTF-8 text for matching without regard to case:
-// every letter that has a case, not only A to Z ("Łódź" and "łódź", "ΣΊΣΥΦΟΣ"
-// and "σίσυφοσ" fold alike). A code point folds to the lower case of its
-// upper case, so that "ß" and "ẞ", "ς" and "Σ" meet; bytes that are not valid
-// UTF-8 stay as they are. The mapping is the C library's for the C.UTF-8
-// locale, held by the object: no global locale is touched.
+// Folds UTF-8 text for matching as people spell: letter case (full folding,
+// so "STRASSE" meets "Straße"), accents and other combining marks ("edith"
+// meets "Édith"), compatibility forms and widths ("fire" meets "ﬁre", "abc"
+// meets "ＡＢＣ"), and canonically equivalent spellings (a precomposed "é"
+// and "e" followed by a combining accent) all fold alike. The text is put in
+// NFKC case-folded form, decomposed, and its non-spacing marks removed;
+// the letters drawn with a stroke (ł, ø, đ) lose it too.
+// ASCII folds by itself; other text goes through ICU. Bytes that are not
+// valid UTF-8 stay as they are.
 //
 // Const members may be called from any thread.
 
-#include <locale.h>
+#include <unicode/uversion.h>
 
-#include <array>
 #include <string>
 #include <string_view>
+
+U_NAMESPACE_BEGIN
+class Normalizer2;
+U_NAMESPACE_END
 
 class CaseFold {
  public:
   CaseFold();
-  ~CaseFold();
   CaseFold(const CaseFold&) = delete;
   CaseFold& operator=(const CaseFold&) = delete;
 
   std::string Fold(std::string_view text) const;
   // Appends the folded text to out.
   void AppendFolded(std::string_view text, std::string& out) const;
-  // Whether the text, folded, holds foldedPart (itself the result of Fold)
-  // as a run of bytes. An empty part is held by every text.
-  bool Holds(std::string_view text, std::string_view foldedPart) const;
 
  private:
-  // Writes the folded text at out, which must hold twice the text's length;
-  // returns the folded length.
-  std::size_t FoldInto(std::string_view text, char* out) const;
-  // Calls use with the folded text and returns what it returns.
-  template <class Use>
-  auto WithFolded(std::string_view text, Use use) const;
-  char32_t FoldCodePoint(char32_t c) const;
-  char32_t FoldLookedUp(char32_t c) const { return c < kTabled ? tabled_[c] : FoldCodePoint(c); }
+  // A run of valid UTF-8 that holds bytes above ASCII.
+  void AppendFoldedUnicode(std::string_view run, std::string& out) const;
 
-  // The code points of one and two UTF-8 bytes (Latin, Greek, Cyrillic and
-  // more) fold through a table: the C library's lookups cost most of a
-  // search through a large library.
-  static constexpr char32_t kTabled = 0x800;
-
-  locale_t utf8_;
-  std::array<char32_t, kTabled> tabled_{};
+  const icu::Normalizer2* caseFold_ = nullptr;
+  const icu::Normalizer2* decompose_ = nullptr;
 };

@@ -80,8 +80,8 @@ bool UserMayWrite(const std::string& path, const std::string& folder) {
 }  // namespace
 
 int MediaDB::Open(const std::string& programFolder, const std::function<void()>& fillNewCatalogue, bool writeAheadLog) {
-  searchTexts_.Clear();
-  searchTextsCurrent_ = false;
+  searchIndex_.Forget();
+  writeAheadLog_ = false;
   path_ = programFolder + kFileName;
   if (UserMayWrite(path_, programFolder))
     OpenReadable(path_, writeAheadLog);
@@ -97,6 +97,7 @@ int MediaDB::Open(const std::string& programFolder, const std::function<void()>&
     return 0;
   }
   ExecuteForInsertId(writeAheadLog ? kJournalSettings : kRollbackJournalSettings);
+  writeAheadLog_ = writeAheadLog;
   if (!complete || idMarks_.AnyMarkMissing()) {
     Begin();
     CreateMissingTables(present);
@@ -263,7 +264,7 @@ void MediaDB::NoteChangedRows(CatalogueTable table) {
 
 void MediaDB::PublishChanges() {
   if (uncommitted_.Empty()) return;
-  if (uncommitted_.Touches(CatalogueTable::Files)) searchTexts_.Clear(), searchTextsCurrent_ = false;
+  searchIndex_.Note(uncommitted_);
   CatalogueChanges committed;
   std::swap(committed, uncommitted_);
   events_.Publish(committed);

@@ -14,6 +14,7 @@
 // (checked in builds with thread checks). Each commit is published as one
 // catalogue change event (Events()).
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -26,7 +27,7 @@
 #include "catalogue/CppSQLite3Database.h"
 #include "catalogue/IdMarks.h"
 #include "catalogue/Records.h"
-#include "catalogue/SearchTexts.h"
+#include "catalogue/SearchIndex.h"
 
 // Row ids (FileID, PathID, VolID, PlayListID), of the records' id type.
 using IdList = std::vector<std::int32_t>;
@@ -38,7 +39,9 @@ class MediaDB {
  public:
   static constexpr const char* kFileName = "Quillora.db";
 
-  MediaDB() : idMarks_(*this), events_(owner_) {}
+  MediaDB() : idMarks_(*this), events_(owner_) {
+    events_.Subscribe([this](const CatalogueChanges&) { searchIndex_.ReadAheadIfStale(); });
+  }
   MediaDB(const MediaDB&) = delete;
   MediaDB& operator=(const MediaDB&) = delete;
   virtual ~MediaDB() = default;
@@ -142,12 +145,17 @@ class MediaDB {
   std::vector<PathNodeRow> GetPathNodeRows();
   std::vector<CPlayList> GetPlayLists();
   std::vector<MediaListRow> GetFolderListRows(int pathId);
-  // The files whose name, titles or artists hold the text, letter case aside
-  // for every letter, "%", "_" and "\\" taken literally; the text ends at its
-  // first zero byte, and every file holds the empty text. The folded texts of
-  // every file are kept in memory from one search to the next, and read
-  // again after any change to the catalogue.
-  std::vector<MediaListRow> SearchListRows(const std::string& text);
+  // The files whose name, titles or artists hold the text as people spell
+  // it (letter case, accents and widths aside: CaseFold), "%", "_" and "\\"
+  // taken literally; the text ends at its first zero byte, and every file
+  // holds the empty text. Rising FileIDs. The folded texts of every file are
+  // kept in memory (SearchIndex) and follow the changes to the files.
+  IdList SearchFileIds(const std::string& text);
+  std::vector<MediaListRow> SearchListRows(const std::string& text) { return FileListRows(SearchFileIds(text)); }
+  // Reads the texts searched on a thread and connection of their own, now
+  // and after each large change, so that no search waits for them.
+  void ReadSearchTextsAhead();
+  bool SearchTextsReady() const { return searchIndex_.Ready(); }
   // The rows of the listed files in one statement, in the list's order: an id
   // listed twice gives two rows, an id without a file row none.
   std::vector<MediaListRow> FileListRows(const IdList& fileIds);
@@ -223,8 +231,10 @@ class MediaDB {
   template <class Row, class... Values>
   std::vector<Row> QueryRows(const char* format, Values... values);
 
-  // Reads the search texts unless they are current.
-  void KeepSearchTextsCurrent(const CaseFold& fold);
+  bool WriteAheadLogged() const { return writeAheadLog_; }
+  // Every file's folded texts, read through the catalogue's own connection.
+  SearchIndex::Texts ReadSearchTexts(const std::atomic<bool>& cancel);
+  void ReadSearchTextsOf(const IdList& fileIds, SearchTexts& texts);
   // A change made: published at once outside a transaction, else at Commit.
   void NoteChange(CatalogueTable table, std::int32_t id);
   void NoteChangedRows(CatalogueTable table);
@@ -232,12 +242,11 @@ class MediaDB {
 
   CppSQLite3Database db_;
   std::string path_;
+  bool writeAheadLog_ = false;
   IdMarks idMarks_;
   ThreadOwner owner_{"The catalogue"};
   CatalogueEvents events_;
   CatalogueChanges uncommitted_;
-  SearchTexts searchTexts_;
-  // Every file's texts were read and no file changed since. Another program
-  // cannot change the catalogue meanwhile: it is held for one program.
-  bool searchTextsCurrent_ = false;
+  // Another program cannot change the catalogue meanwhile: it is held for one.
+  SearchIndex searchIndex_;
 };

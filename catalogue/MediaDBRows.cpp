@@ -5,6 +5,7 @@
 #include <unordered_map>
 
 #include "base/CaseFold.h"
+#include "catalogue/CppSQLite3Exception.h"
 #include "catalogue/MediaDB.h"
 #include "catalogue/MediaDBStatements.h"
 
@@ -151,30 +152,78 @@ std::vector<MediaListRow> MediaDB::FileListRows(const IdList& fileIds) {
   return rows;
 }
 
-std::vector<MediaListRow> MediaDB::SearchListRows(const std::string& text) {
-  // Letter case folded on both sides; the text is matched literally.
+namespace {
+
+constexpr const char* kSearchTexts = "SELECT FileID,FileName,Title,Artist,id3Title,id3Artist FROM MediaFiles";
+
+void AddSearchTexts(const CppSQLite3ResultSet& row, SearchTexts& texts, const CaseFold& fold) {
+  texts.Add(row.FieldInt(0, 0),
+            {row.FieldBytes(1), row.FieldBytes(2), row.FieldBytes(3), row.FieldBytes(4), row.FieldBytes(5)}, fold);
+}
+
+// Every file's texts through the connection; none when cancelled.
+SearchIndex::Texts ReadEveryText(CppSQLite3Database& db, const std::atomic<bool>& cancel) {
+  const CaseFold fold;
+  auto texts = std::make_shared<SearchTexts>();
+  {
+    const CppSQLite3ResultSet count = db.ExecuteQuery("SELECT count(*) FROM MediaFiles;");
+    // A name, a title and an artist (non-Latin letters take two bytes or
+    // three) and five zero bytes: about 64 bytes a file.
+    texts->Reserve(static_cast<std::size_t>(std::max(0, count.FieldInt(0, 0))), 64);
+  }
+  CppSQLite3ResultSet row = db.ExecuteQuery((std::string(kSearchTexts) + " ORDER BY FileID;").c_str());
+  for (; !row.AtEnd(); row.NextRow()) {
+    if (cancel) return {};
+    AddSearchTexts(row, *texts, fold);
+  }
+  return texts;
+}
+
+}  // namespace
+
+SearchIndex::Texts MediaDB::ReadSearchTexts(const std::atomic<bool>& cancel) {
+  try {
+    return ReadEveryText(db_, cancel);
+  } catch (const CppSQLite3Exception& failure) {
+    EndOnFailure(failure);
+  }
+}
+
+void MediaDB::ReadSearchTextsOf(const IdList& fileIds, SearchTexts& texts) {
+  const CaseFold fold;
+  for (std::size_t from = 0; from < fileIds.size(); from += kIdsPerStatement) {
+    CppSQLite3SqlText sql;
+    sql.Format((std::string(kSearchTexts) + " WHERE FileID IN (%s) ORDER BY FileID;").c_str(),
+               JoinIds(fileIds, from, kIdsPerStatement).c_str());
+    CppSQLite3ResultSet row;
+    RunQuery(sql, row);
+    for (; !row.AtEnd(); row.NextRow()) AddSearchTexts(row, texts, fold);
+  }
+}
+
+// Only a catalogue kept in a write-ahead log is read beside its own
+// connection: with a rollback journal the reading would hold off commits.
+void MediaDB::ReadSearchTextsAhead() {
+  if (!db_.IsOpen() || IsReadOnly() || !WriteAheadLogged()) return;
+  searchIndex_.ReadAhead([path = path_](const std::atomic<bool>& cancel) -> SearchIndex::Texts {
+    try {
+      CppSQLite3Database own;
+      own.OpenReadOnly(path.c_str());
+      return ReadEveryText(own, cancel);
+    } catch (const CppSQLite3Exception&) {
+      return {};  // read by the search itself, whose failures are reported
+    }
+  });
+}
+
+IdList MediaDB::SearchFileIds(const std::string& text) {
   const CaseFold fold;
   std::string part = fold.Fold(text);
   // The kept texts are separated by zero bytes, so a part must hold none.
   if (const std::size_t zero = part.find('\0'); zero != std::string::npos) part.erase(zero);
   // Every file holds the empty text.
-  if (part.empty()) return QueryRows<MediaListRow>(MediaListRowsWhere("1 ORDER BY f.FileID;").c_str());
-  KeepSearchTextsCurrent(fold);
-  return FileListRows(searchTexts_.Holding(part));
-}
-
-void MediaDB::KeepSearchTextsCurrent(const CaseFold& fold) {
-  if (searchTextsCurrent_) return;
-  searchTexts_.Clear();
-  // A name, a title and an artist (non-Latin letters take two bytes or three)
-  // and five zero bytes: about 64 bytes a file.
-  searchTexts_.Reserve(static_cast<std::size_t>(std::max(0, QueryInt("SELECT count(*) FROM MediaFiles;"))), 64);
-  CppSQLite3ResultSet result;
-  RunQuery("SELECT FileID,FileName,Title,Artist,id3Title,id3Artist FROM MediaFiles ORDER BY FileID;", result);
-  for (; !result.AtEnd(); result.NextRow())
-    searchTexts_.Add(
-        result.FieldInt(0, 0),
-        {result.FieldBytes(1), result.FieldBytes(2), result.FieldBytes(3), result.FieldBytes(4), result.FieldBytes(5)},
-        fold);
-  searchTextsCurrent_ = true;
+  if (part.empty()) return QueryIdList("SELECT FileID FROM MediaFiles ORDER BY FileID;");
+  return searchIndex_.Holding(
+      part, [this](const std::atomic<bool>& cancel) { return ReadSearchTexts(cancel); },
+      [this](const IdList& ids, SearchTexts& texts) { ReadSearchTextsOf(ids, texts); });
 }

@@ -19,7 +19,7 @@ void SearchTexts::Reserve(std::size_t files, std::size_t bytesEach) {
 
 void SearchTexts::Add(std::int32_t fileId, std::initializer_list<std::string_view> texts, const CaseFold& fold) {
   ids_.push_back(fileId);
-  starts_.push_back(texts_.size());
+  starts_.push_back(static_cast<std::uint32_t>(texts_.size()));
   for (std::string_view text : texts) {
     fold.AppendFolded(text, texts_);
     texts_ += '\0';
@@ -36,7 +36,9 @@ std::vector<std::int32_t> SearchTexts::Holding(std::string_view foldedPart) cons
     // The file whose texts hold the hit; the search goes on after them.
     const auto offset = static_cast<std::size_t>(static_cast<const char*>(hit) - begin);
     const std::size_t file =
-        static_cast<std::size_t>(std::upper_bound(starts_.begin(), starts_.end(), offset) - starts_.begin()) - 1;
+        static_cast<std::size_t>(std::upper_bound(starts_.begin(), starts_.end(), static_cast<std::uint32_t>(offset)) -
+                                 starts_.begin()) -
+        1;
     found.push_back(ids_[file]);
     at = file + 1 < starts_.size() ? begin + starts_[file + 1] : end;
   }

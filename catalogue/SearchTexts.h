@@ -32,6 +32,6 @@ class SearchTexts {
 
  private:
   std::vector<std::int32_t> ids_;
-  std::vector<std::size_t> starts_;  // where each file's texts start in texts_
+  std::vector<std::uint32_t> starts_;  // where each file's texts start in texts_ (4 GB at most)
   std::string texts_;
 };

@@ -6,7 +6,7 @@ set -euo pipefail
 
 packages=(
   build-essential cmake ninja-build pkg-config
-  libsqlite3-dev libtag1-dev libblkid-dev libmount-dev libcli11-dev
+  libsqlite3-dev libtag1-dev libicu-dev libblkid-dev libmount-dev libcli11-dev
   qt6-base-dev
   libgstreamer1.0-dev libgstreamer-plugins-base1.0-dev
   gstreamer1.0-plugins-base gstreamer1.0-plugins-good gstreamer1.0-plugins-ugly

@@ -115,30 +115,74 @@ TEST_F(CatalogueTest, TextsRoundTripAndMissingRowsAndNullColumnsReadEmpty) {
   EXPECT_EQ(file->Rating, 4);
 }
 
-TEST_F(CatalogueTest, SearchSeesEveryChangeWhoeverMadeIt) {
+TEST_F(CatalogueTest, SearchFindsWhatPeopleTypeAndSeesEveryChange) {
   const int vol = AddVolume("1", 3);
   const int path = AddPath(vol, "\\");
   const int a = AddFile(path, "a Łódź.mp3");
   const int b = AddFile(path, "b.mp3");
-  const auto search = [&](const std::string& text) {
-    std::vector<std::int32_t> found;
-    for (const MediaListRow& row : db.SearchListRows(text)) found.push_back(row.FileID);
-    return found;
-  };
-  EXPECT_EQ(search("ŁÓDŹ"), std::vector<std::int32_t>{a});
+  const auto search = [&](const std::string& text) { return db.SearchFileIds(text); };
+  EXPECT_EQ(search("ŁÓDŹ"), IdList{a});
   auto file = db.GetFile(b);
   file->Title = "łódź twice: Łódź";
   db.UpdateFileUserInfo(*file);
-  EXPECT_EQ(search("łódź"), (std::vector<std::int32_t>{a, b}));  // once each, in FileID order
-  EXPECT_EQ(search(".mp3łódź"), std::vector<std::int32_t>{});    // never across two texts
+  EXPECT_EQ(search("łódź"), (IdList{a, b}));  // once each, in FileID order
+  EXPECT_EQ(search("lodz"), (IdList{a, b}));
+  EXPECT_EQ(search(".mp3łódź"), IdList{});  // never across two texts
   EXPECT_EQ(search("").size(), 2u);
+
+  // Spellings that meet, each beside a decoy that must not be found.
+  const auto fileNamed = [&](const std::string& name) { return AddFile(path, name); };
+  const int strasse = fileNamed("Straße.mp3"), strase = fileNamed("Strase.mp3");
+  const int edith = fileNamed("Édith.mp3"), edit = fileNamed("Edit.mp3");
+  const int beyonce = fileNamed("Beyonce\u0301.mp3"), beyond = fileNamed("Beyond.mp3");
+  const int fire = fileNamed("ﬁre.mp3"), fre = fileNamed("fre.mp3");
+  const int wide = fileNamed("ＡＢＣ.mp3"), abd = fileNamed("abd.mp3");
+  const int percent = fileNamed("100% Hits.mp3"), hundred = fileNamed("1000 Hits.mp3");
+  EXPECT_EQ(search("STRASSE"), IdList{strasse});
+  EXPECT_EQ(search("edith"), IdList{edith});
+  EXPECT_EQ(search("ÉDITH"), IdList{edith});
+  EXPECT_EQ(search("beyoncé"), IdList{beyonce});  // stored decomposed, typed composed
+  EXPECT_EQ(search("FIRE"), IdList{fire});
+  EXPECT_EQ(search("abc"), IdList{wide});
+  EXPECT_EQ(search("0%"), IdList{percent});
+  EXPECT_EQ(search("_"), IdList{});
+  EXPECT_EQ(search("stras"), (IdList{strasse, strase}));  // the decoys are there to be found
+  EXPECT_EQ(search("hits"), (IdList{percent, hundred}));
+  EXPECT_EQ(search("e"), (IdList{b, strasse, strase, edith, edit, beyonce, beyond, fire, fre}));
+  EXPECT_EQ(search("ab"), (IdList{wide, abd}));
 
   // A batch of changes, as a scan commits them.
   db.Begin();
   const int c = AddFile(path, "ŁÓDŹ.ogg");
   db.DeleteFiles({a});
   db.Commit();
-  EXPECT_EQ(search("łódź"), (std::vector<std::int32_t>{b, c}));
+  EXPECT_EQ(search("łódź"), (IdList{b, c}));
+}
+
+// The window reads the texts on a connection of its own; whatever changes
+// later is seen by the next search, small changes read one by one and large
+// ones by reading every text again.
+TEST_F(CatalogueTest, TextsReadAheadFollowSmallAndLargeChanges) {
+  const int vol = AddVolume("1", 3);
+  const int path = AddPath(vol, "\\");
+  const int a = AddFile(path, "Alpha.mp3");
+  db.ReadSearchTextsAhead();
+  EXPECT_EQ(db.SearchFileIds("alpha"), IdList{a});
+  EXPECT_TRUE(db.SearchTextsReady());
+  auto file = db.GetFile(a);
+  file->Title = "Omega";
+  db.UpdateFileUserInfo(*file);
+  EXPECT_EQ(db.SearchFileIds("omega"), IdList{a});
+  db.SetConfig(9999, "nothing searched", true);  // a change elsewhere keeps the texts
+  EXPECT_TRUE(db.SearchTextsReady());
+
+  const int other = AddVolume("2", 3);
+  const int otherPath = AddPath(other, "\\");
+  const int b = AddFile(otherPath, "Omega Two.mp3");
+  db.DeleteVolume(vol);  // every file may have changed
+  EXPECT_EQ(db.SearchFileIds("omega"), IdList{b});
+  const int c = AddFile(otherPath, "Omega Three.mp3");
+  EXPECT_EQ(db.SearchFileIds("OMEGA"), (IdList{b, c}));
 }
 
 TEST_F(CatalogueTest, EachCommitIsPublishedOnceWithWhatItChanged) {
