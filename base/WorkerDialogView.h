@@ -8,7 +8,8 @@ class WorkerDialogView {
  public:
   virtual ~WorkerDialogView() = default;
   virtual void SetStatusText(const std::string& text) = 0;
-  virtual void SetProgressPos(int position) = 0;  // 0..100
+  // 0..100, or WorkerProgress::kBusy: working, share not known.
+  virtual void SetProgressPos(int position) = 0;
   // The line under the bar: how far the whole job is.
   virtual void SetOverallText(const std::string& text) = 0;
   // Calls the dialog's OnTimer(id) every period until stopped.

@@ -27,6 +27,8 @@ class WorkerProgress {
     return overall_;
   }
 
+  // 0 to 100; kBusy while the share of the work done is not known yet.
+  static constexpr int kBusy = -1;
   std::atomic<int> progress{0};
   std::atomic<bool> cancel{false};
   std::atomic<bool> done{false};

@@ -12,7 +12,7 @@ void ConsoleProgressLine::SetStatus(const std::string& text) {
 }
 
 void ConsoleProgressLine::SetPosition(int position) {
-  position_ = std::clamp(position, 0, 100);
+  position_ = std::max(-1, std::min(position, 100));
   Draw();
 }
 
@@ -24,9 +24,13 @@ void ConsoleProgressLine::Finish() {
 
 void ConsoleProgressLine::Draw() {
   constexpr int kWidth = 20;
-  const int filled = position_ * kWidth / 100;
-  const std::string line = "[" + std::string(filled, '#') + std::string(kWidth - filled, '-') + "] " +
-                           std::to_string(position_) + "% " + status_;
+  // While the share is not known the bar holds dots and no share is told;
+  // the status (the folder walked) shows the work going on.
+  const std::string bar =
+      position_ < 0 ? std::string(kWidth, '.')
+                    : std::string(position_ * kWidth / 100, '#') + std::string(kWidth - position_ * kWidth / 100, '-');
+  const std::string share = position_ < 0 ? "" : std::to_string(position_) + "% ";
+  const std::string line = "[" + bar + "] " + share + status_;
   if (line == lastDrawn_) return;
   lastDrawn_ = line;
   if (terminal_) {

@@ -111,6 +111,7 @@ void CVolumeScanner::Scan() {
   const std::string serialNo = db_.GetVolumeSerial(volId);
 
   progress_.SetStatus(kSearching);
+  progress_.progress = WorkerProgress::kBusy;  // how much there is to walk is not known
   discovery_.BeginWalk(scanRoot_, formats_);
   discovery_.MarkSubtreeDirty(scanRoot_, volId);
   discovery_.RecordMediaFolders(scanRoot_, volId);
@@ -126,7 +127,7 @@ void CVolumeScanner::Scan() {
   const auto tagPhaseStart = std::chrono::steady_clock::now();
   db_.Begin();
   const std::string localRoot = drives_.Files().LocalPath(scanRoot_);
-  tags_.Run(scanRoot_, localRoot.starts_with('/') ? localRoot : "", volId, discovery_.Index());
+  tags_.Run(scanRoot_, localRoot.starts_with('/') ? localRoot : "", volId, discovery_.Index(), formats_);
   db_.Commit();
   tagPhaseTime_ = std::chrono::steady_clock::now() - tagPhaseStart;
   // Files the reader could not reach are read again by the next scan.

@@ -61,5 +61,8 @@ std::string ScanReport::Notes() const {
 std::string ScanReport::Found() const {
   return "Found " + Counted(found_.folders, "folder", "folders") + ": " + Counted(found_.added, "file", "files") +
          " added, " + Counted(found_.removed, "file", "files") + " removed, " +
-         Counted(found_.unreadable, "file", "files") + " could not be read.";
+         Counted(found_.unreadable, "file", "files") + " could not be read." +
+         (found_.wmaLeftUnread == 0 ? ""
+                                    : " " + Counted(found_.wmaLeftUnread, "WMA file named in lower case was not read.",
+                                                    "WMA files named in lower case were not read."));
 }

@@ -43,7 +43,9 @@ class ScanReport {
   void FileAdded() { ++found_.added; }
   void FilesRemoved(int count) { found_.removed += count; }
   void FileUnreadable() { ++found_.unreadable; }
-  // "Found 12 folders: 340 files added, 3 files removed, 2 files could not be read."
+  void WmaLeftUnread(int count) { found_.wmaLeftUnread = count; }
+  // "Found 12 folders: 340 files added, 3 files removed, 2 files could not be
+  // read." and, when some were, "4 WMA files named in lower case were not read."
   std::string Found() const;
 
  private:
@@ -60,6 +62,7 @@ class ScanReport {
     int added = 0;
     int removed = 0;
     int unreadable = 0;
+    int wmaLeftUnread = 0;
   };
 
   std::string refusal_;

@@ -52,8 +52,8 @@ TagScan::TagScan(MediaDB& db, TagReader& reader, platform::MessageBox& messages,
       report_(report),
       readerThreads_(readerThreads) {}
 
-bool TagScan::ToRead(const VolumeIndex& index, int fileId) {
-  return index.FileScanState(fileId) == kTagsNotRead && !LeftUnread(index.FileName(fileId));
+bool TagScan::ToRead(const VolumeIndex& index, int fileId) const {
+  return index.FileScanState(fileId) == kTagsNotRead && (readLowerCaseWma_ || !LeftUnread(index.FileName(fileId)));
 }
 
 namespace {
@@ -84,7 +84,9 @@ class ReaderPaths {
 
 }  // namespace
 
-void TagScan::Run(const std::string& root, const std::string& localRoot, int volId, VolumeIndex& index) {
+void TagScan::Run(const std::string& root, const std::string& localRoot, int volId, VolumeIndex& index,
+                  AudioFormats formats) {
+  readLowerCaseWma_ = formats == AudioFormats::Every;
   const int rootId = index.FindPath(GetFolderPart(root));
   if (rootId == -1) return;
   const IdList subtree = db_.GetSubtreePathIds(rootId);
@@ -94,9 +96,14 @@ void TagScan::Run(const std::string& root, const std::string& localRoot, int vol
   // makes when it comes to it. Counted first, so the list takes no more room
   // than it needs.
   std::size_t count = 0;
+  int leftUnread = 0;
   for (std::int32_t pathId : subtree)
     if (index.Path(pathId))
-      for (int fileId : index.FilesOf(pathId)) count += ToRead(index, fileId) ? 1 : 0;
+      for (int fileId : index.FilesOf(pathId)) {
+        count += ToRead(index, fileId) ? 1 : 0;
+        leftUnread += index.FileScanState(fileId) == kTagsNotRead && !ToRead(index, fileId) ? 1 : 0;
+      }
+  report_.WmaLeftUnread(leftUnread);
   std::vector<std::pair<std::uint32_t, std::int32_t>> toRead;
   toRead.reserve(count);
   for (std::size_t at = 0; at < subtree.size(); ++at)
@@ -115,8 +122,8 @@ void TagScan::Run(const std::string& root, const std::string& localRoot, int vol
   std::size_t taken = 0;
   progress_.SetOverall(CountOfTotal(0, total, "file", "files"));
 
+  progress_.progress = 0;
   for (std::int32_t pathId : subtree) {
-    progress_.progress = 0;
     const PathRow* folder = index.Path(pathId);
     const std::vector<int> fileIds = index.FilesOf(pathId);
     const int n = static_cast<int>(fileIds.size());
@@ -147,8 +154,9 @@ void TagScan::Run(const std::string& root, const std::string& localRoot, int vol
         }
         index.SetFileScanState(fileId, kStored);
         progress_.SetOverall(CountOfTotal(static_cast<std::int64_t>(taken), total, "file", "files"));
+        // The bar follows the count line: files read of files to read.
+        progress_.progress = static_cast<int>(100 * static_cast<std::int64_t>(taken) / total);
       }
-      progress_.progress = 100 * i / n;
     }
   }
 }

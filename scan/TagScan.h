@@ -12,6 +12,8 @@
 #include <functional>
 #include <string>
 
+#include "volumes/Paths.h"
+
 class CMediaFile;
 struct FileRow;
 class MediaDB;
@@ -33,7 +35,10 @@ class TagScan {
           unsigned readerThreads);
 
   // localRoot: the root's Linux path, or "" when its drive has none.
-  void Run(const std::string& root, const std::string& localRoot, int volId, VolumeIndex& index);
+  // WMA files named in lower case ("song.wma") are read only with every
+  // format; otherwise they are left unread and counted in the report.
+  void Run(const std::string& root, const std::string& localRoot, int volId, VolumeIndex& index,
+           AudioFormats formats = AudioFormats::Classic);
 
   // Reads one file's tags into the record (through read, which may throw) and
   // stores them, marking the row as being read first.
@@ -41,7 +46,7 @@ class TagScan {
 
  private:
   [[noreturn]] void EndAfterReaderFailure();
-  static bool ToRead(const VolumeIndex& index, int fileId);
+  bool ToRead(const VolumeIndex& index, int fileId) const;
 
   MediaDB& db_;
   TagReader& reader_;
@@ -49,4 +54,5 @@ class TagScan {
   WorkerProgress& progress_;
   ScanReport& report_;
   unsigned readerThreads_;
+  bool readLowerCaseWma_ = false;
 };

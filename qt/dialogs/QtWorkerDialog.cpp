@@ -75,7 +75,11 @@ void QtWorkerDialog::SetStatusText(const std::string& text) {
   status_->setText(status_->fontMetrics().elidedText(full, Qt::ElideMiddle, width));
 }
 
-void QtWorkerDialog::SetProgressPos(int position) { bar_->setValue(position); }
+// A bar whose range is empty shows that work goes on without telling a share.
+void QtWorkerDialog::SetProgressPos(int position) {
+  bar_->setRange(0, position < 0 ? 0 : 100);
+  if (position >= 0) bar_->setValue(position);
+}
 
 void QtWorkerDialog::SetOverallText(const std::string& text) { overall_->setText(ToQString(text)); }
 

@@ -57,7 +57,8 @@ class CataloguedDesktopTest : public DesktopTest {
 TEST_F(CataloguedDesktopTest, AddingAFolderShowsItsFilesAndAHeadingSortsThem) {
   ASSERT_NE(Node("Pop"), nullptr);
   EXPECT_EQ(window->StatusLine().text().toStdString(),
-            "Found 3 folders: 4 files added, 0 files removed, 0 files could not be read.");
+            "Found 3 folders: 4 files added, 0 files removed, 0 files could not be read. "
+            "1 WMA file named in lower case was not read.");
   EXPECT_TRUE(Node("Rock")->font(0).bold());
   EXPECT_EQ(Column(List(), 2), (Strings{"id3v1.mp3", "SONG.MP3"}));
   EXPECT_EQ(Column(List(), 0), (Strings{"Café Müller", "Upper Case Extension"}));
@@ -114,7 +115,8 @@ TEST_F(CataloguedDesktopTest, ARescanKeepsTheExpandedSelectedFolder) {
   EXPECT_TRUE(music->font(0).bold());
   EXPECT_EQ(music->childCount(), 2);
   EXPECT_EQ(window->StatusLine().text().toStdString(),
-            "Found 3 folders: 0 files added, 1 file removed, 0 files could not be read.");
+            "Found 3 folders: 0 files added, 1 file removed, 0 files could not be read. "
+            "1 WMA file named in lower case was not read.");
 }
 
 // Delete on a folder asks first (the cascade itself is the library tree's).

@@ -64,8 +64,8 @@ class ScanTest : public ::testing::Test {
                                std::filesystem::copy_options::overwrite_existing);
   }
 
-  void Scan(int kind, const std::string& root) {
-    scanner.Prepare(kind, root);
+  void Scan(int kind, const std::string& root, AudioFormats formats = AudioFormats::Classic) {
+    scanner.Prepare(kind, root, formats);
     scanner.Run();
   }
 

@@ -52,6 +52,15 @@ TEST_F(ScanTest, RecordsExactlyTheFoldersWithAudioBelowThemAndReadsTheirTags) {
   auto quiet = db.GetFile(files.at("\\Music\\Rock\\quiet.wma"));
   EXPECT_EQ(quiet->ScanState, 0);
   EXPECT_EQ(quiet->id3Title, "");
+  EXPECT_EQ(scanner.Report().Found(),
+            "Found 5 folders: 4 files added, 0 files removed, 0 files could not be read. "
+            "1 WMA file named in lower case was not read.");
+  // With every format it is read like the others.
+  Scan(3, "C:\\Music\\", AudioFormats::Every);
+  quiet = db.GetFile(files.at("\\Music\\Rock\\quiet.wma"));
+  EXPECT_EQ(quiet->ScanState, 2);
+  EXPECT_NE(quiet->id3Title, "");
+  EXPECT_EQ(scanner.Report().Found().find("WMA"), std::string::npos);
 
   auto volume = db.GetVolume(db.GetPathVolume(folders.at("\\Music\\")));
   EXPECT_EQ(volume->VolType, 3);
@@ -274,18 +283,25 @@ TEST_F(ScanTest, CancelDuringRecordingStillSweepsWhatWasNotVisited) {
   EXPECT_TRUE(CataloguedFolders().empty());
 }
 
-TEST_F(ScanTest, CancelDuringTheTagPhaseKeepsWhatWasStoredAndProgressRunsPerFolder) {
+TEST_F(ScanTest, CancelDuringTheTagPhaseKeepsWhatWasStoredAndProgressFollowsTheCount) {
   for (const char* name : {"1.mp3", "2.mp3", "3.mp3", "4.mp3"}) Put(std::string("c/Four/") + name, "id3v1.mp3");
+  Put("c/Four/More/5.mp3", "id3v1.mp3");
   // Tags are read ahead on other threads; what counts is when the worker stores them.
   std::function<void()> onStore;
+  std::vector<int> progressWalking;
   db.ObserveStatements([&](const char* sql) {
+    if (std::string(sql).starts_with("INSERT INTO MediaPaths")) progressWalking.push_back(scanner.Progress().progress);
     if (std::string(sql).starts_with("UPDATE MediaFiles SET id3Title=") && onStore) onStore();
   });
   std::vector<int> progressSeen;
   onStore = [&] { progressSeen.push_back(scanner.Progress().progress); };
   Scan(3, "C:\\Four\\");
-  EXPECT_EQ(progressSeen, (std::vector<int>{0, 0, 25, 50}));
-  EXPECT_EQ(scanner.Progress().progress, 75);
+  // The walk tells no share; then the bar counts files across folders.
+  EXPECT_EQ(progressWalking, (std::vector<int>{WorkerProgress::kBusy, WorkerProgress::kBusy}));
+  EXPECT_EQ(progressSeen, (std::vector<int>{0, 20, 40, 60, 80}));
+  EXPECT_EQ(scanner.Progress().progress, 100);
+  EXPECT_EQ(scanner.Progress().Overall(), "5 of 5 files");
+  std::filesystem::remove_all(folder.Path() + "/c/Four/More");
 
   for (const char* name : {"5.mp3", "6.mp3", "7.mp3"}) Put(std::string("c/Four/") + name, "id3v1.mp3");
   int stored = 0;
