@@ -5,6 +5,7 @@
 #include <unordered_map>
 
 #include "base/CaseFold.h"
+#include "base/NameOrder.h"
 #include "catalogue/CppSQLite3Exception.h"
 #include "catalogue/MediaDB.h"
 #include "catalogue/MediaDBStatements.h"
@@ -121,7 +122,12 @@ std::vector<PathNodeRow> MediaDB::GetPathNodeRows() {
 std::vector<CPlayList> MediaDB::GetPlayLists() { return QueryRows<CPlayList>("SELECT * FROM PlayLists;"); }
 
 std::vector<MediaListRow> MediaDB::GetFolderListRows(int pathId) {
-  return QueryRows<MediaListRow>(MediaListRowsWhere("f.PathID=%d;").c_str(), pathId);
+  std::vector<MediaListRow> rows = QueryRows<MediaListRow>(MediaListRowsWhere("f.PathID=%d;").c_str(), pathId);
+  // In name order, whatever order the files were found in.
+  const NameOrder order;
+  std::sort(rows.begin(), rows.end(),
+            [&](const MediaListRow& a, const MediaListRow& b) { return order(a.FileName, b.FileName); });
+  return rows;
 }
 
 std::vector<MediaListRow> MediaDB::FileListRows(const IdList& fileIds) {

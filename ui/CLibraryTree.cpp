@@ -1,9 +1,11 @@
 #include "ui/CLibraryTree.h"
 
+#include <algorithm>
 #include <span>
 #include <unordered_map>
 
 #include "base/MessageText.h"
+#include "base/NameOrder.h"
 #include "catalogue/MediaDB.h"
 #include "platform/DriveTable.h"
 #include "playlists/PlayListName.h"
@@ -17,9 +19,9 @@ constexpr platform::TreeItem kNoItem = platform::TreeControl::kNoItem;
 
 }  // namespace
 
-// Every folder of the catalogue, read in one statement and grouped as the
-// per-node statements would return them: a volume's root folders, and the
-// folders whose ParentID is a given PathID, each in the catalogue's order.
+// Every folder of the catalogue, read in one statement and grouped: a
+// volume's root folders, and the folders whose ParentID is a given PathID,
+// each group in name order, whatever order a scan found them in.
 class CLibraryTree::FolderIndex {
  public:
   using Folders = std::span<const PathNodeRow* const>;
@@ -29,6 +31,10 @@ class CLibraryTree::FolderIndex {
       if (row.ParentID == -1) roots_[row.VolID].push_back(&row);
       children_[row.ParentID].push_back(&row);
     }
+    const NameOrder order;
+    const auto byName = [&](const PathNodeRow* a, const PathNodeRow* b) { return order(a->Name, b->Name); };
+    for (Groups* groups : {&roots_, &children_})
+      for (auto& [key, folders] : *groups) std::sort(folders.begin(), folders.end(), byName);
   }
 
   Folders RootsOf(int volId) const { return Find(roots_, volId); }

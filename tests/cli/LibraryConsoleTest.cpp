@@ -1,5 +1,6 @@
 // The library tree, the media list and the editing dialogs from the console.
 #include <algorithm>
+#include <sstream>
 
 #include "tests/cli/ConsoleFixture.h"
 
@@ -51,6 +52,33 @@ TEST_F(LibraryConsoleTest, AScanRecordsFoldersAndFilesInNameOrderWhateverTheDisk
   EXPECT_EQ(Query("SELECT FileName FROM MediaFiles WHERE PathID="
                   "(SELECT PathID FROM MediaPaths WHERE FullPath='\\Sorted\\') ORDER BY FileID;"),
             "1.mp3;10.mp3;a.mp3;B.mp3;b.mp3;C.mp3;");
+
+  // What a rescan finds later takes its place by name, not at the end.
+  fs::create_directories(home + "/Sorted/Ab");
+  fs::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/id3v1.mp3", home + "/Sorted/Ab/x.mp3");
+  fs::copy_file(VANTRELLE_SOURCE_DIR "/tests/fixtures/audio/id3v1.mp3", home + "/Sorted/ab.mp3");
+  std::string sorted = Query("SELECT PathID FROM MediaPaths WHERE FullPath='\\Sorted\\';");
+  sorted.pop_back();  // the row's ";"
+  ASSERT_EQ(Run("rescan folder " + sorted).status, 0);
+  // The field of each line that starts with the prefix, up to its tab.
+  const auto fields = [](const std::string& text, const std::string& prefix, int field) {
+    std::string found;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+      if (!line.starts_with(prefix) || line[prefix.size()] == ' ') continue;
+      std::istringstream cells(line.substr(prefix.size()));
+      std::string cell;
+      for (int i = 0; i <= field; ++i) std::getline(cells, cell, '\t');
+      found += cell + ";";
+    }
+    return found;
+  };
+  const std::string tree = Run("tree").out;
+  const std::size_t below = tree.find("      Sorted\t");
+  ASSERT_NE(below, std::string::npos) << tree;
+  const std::string sortedTree = tree.substr(below, tree.find("\n      M", below) - below);
+  EXPECT_EQ(fields(sortedTree, "        ", 0), "1;10;a;Ab;B;b;C;") << tree;
+  EXPECT_EQ(fields(Run("list folder " + sorted).out, "", 3), "FileName;1.mp3;10.mp3;a.mp3;ab.mp3;B.mp3;b.mp3;C.mp3;");
 }
 
 TEST_F(LibraryConsoleTest, EditsAndRemovalsChangeTheCatalogueOnlyWhenConfirmed) {

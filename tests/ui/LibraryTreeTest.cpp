@@ -55,7 +55,7 @@ class LibraryTreeTest : public LibraryTest {
   int cd = 0, disk = 0, music = 0, rock = 0, live = 0, rockFile = 0, liveFile = 0;
 };
 
-TEST_F(LibraryTreeTest, VolumesFoldersAndPlayListsInCatalogueOrderAndSelectingMovesTheBold) {
+TEST_F(LibraryTreeTest, VolumesInCatalogueOrderFoldersInNameOrderAndSelectingMovesTheBold) {
   EXPECT_EQ(Dump(),
             "All Media=70000002+\n"
             "  CDs=60000005+\n"
@@ -64,11 +64,11 @@ TEST_F(LibraryTreeTest, VolumesFoldersAndPlayListsInCatalogueOrderAndSelectingMo
             "        Side A=2\n"
             "  Local Disks=60000003+\n"
             "    [D:] Music=50000002\n"
+            "      Audio=7\n"
             "      Music=3\n"
+            "        Pop=5\n"
             "        Rock=4\n"
             "          Live=6\n"
-            "        Pop=5\n"
-            "      Audio=7\n"
             "=70000001\n"
             "Search Results=70000003\n"
             "=70000001\n"
