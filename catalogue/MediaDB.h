@@ -120,6 +120,9 @@ class MediaDB {
   // Keeps what the file was like when its tags were read (vantrelle_file_stamps).
   int SetFileStamp(int fileId, const FileStamp& stamp);
   int DeletePaths(const IdList& pathIds);
+  // Those of the ids that have a file row, in the list's order (an id
+  // listed twice is kept twice); a few statements for any number of ids.
+  IdList ExistingFileIds(const IdList& fileIds);
   // How many files of these folders have a Type above the given one.
   int CountFilesOfTypeAbove(const IdList& pathIds, int type);
 

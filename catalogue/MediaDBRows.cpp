@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "base/CaseFold.h"
 #include "base/NameOrder.h"
@@ -101,6 +102,19 @@ int MediaDB::DeletePaths(const IdList& pathIds) {
   uncommitted_.AddIds(CatalogueTable::Paths, pathIds);
   if (!pathIds.empty()) NoteChange(CatalogueTable::Paths, pathIds.front());
   return result;
+}
+
+IdList MediaDB::ExistingFileIds(const IdList& fileIds) {
+  std::unordered_set<std::int32_t> present;
+  for (std::size_t from = 0; from < fileIds.size(); from += kIdsPerStatement)
+    for (std::int32_t id : QueryIdListF("SELECT FileID FROM MediaFiles WHERE FileID IN (%s);",
+                                        JoinIds(fileIds, from, kIdsPerStatement).c_str()))
+      present.insert(id);
+  IdList existing;
+  existing.reserve(fileIds.size());
+  for (std::int32_t id : fileIds)
+    if (present.count(id) != 0) existing.push_back(id);
+  return existing;
 }
 
 int MediaDB::CountFilesOfTypeAbove(const IdList& pathIds, int type) {

@@ -1,5 +1,7 @@
 #include "cli/PlayListCommands.h"
 
+#include <algorithm>
+
 #include "app/CLibraryApp.h"
 #include "cli/ConsolePlayListWindow.h"
 #include "playlists/CPlayListModel.h"
@@ -9,12 +11,11 @@ namespace {
 // The ids as the main window would hand them over; throws UsageError for an
 // id with no file row, before anything has been done.
 IdList CataloguedFiles(CLibraryApp& app, const std::vector<int>& fileIds) {
-  IdList ids;
-  for (int id : fileIds) {
-    if (!app.Db().GetFile(id)) throw UsageError("no file with FileID " + std::to_string(id) + " in the catalogue");
-    ids.push_back(static_cast<std::int32_t>(id));
-  }
-  return ids;
+  const IdList ids(fileIds.begin(), fileIds.end());
+  const IdList existing = app.Db().ExistingFileIds(ids);
+  if (existing.size() == ids.size()) return ids;
+  const auto missing = std::mismatch(ids.begin(), ids.end(), existing.begin(), existing.end()).first;
+  throw UsageError("no file with FileID " + std::to_string(*missing) + " in the catalogue");
 }
 
 // After "File Copy Complete.": a line for each file that was not copied.

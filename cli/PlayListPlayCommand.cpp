@@ -31,9 +31,7 @@ int PlayListPlayCommand::Run(CLibraryApp& app, std::FILE* out) {
   const auto stored = app.Db().GetPlayList(playListId_);
   if (!stored) throw UsageError("no play list with PlayListID " + std::to_string(playListId_) + " in the catalogue");
   // Each file once: a row is found again by its file.
-  IdList rows;
-  for (std::int32_t id : UniqueIds(ParseIdList(stored->FileIDs)))
-    if (app.Db().GetFile(static_cast<int>(id))) rows.push_back(id);
+  const IdList rows = app.Db().ExistingFileIds(UniqueIds(ParseIdList(stored->FileIDs)));
   PlayFilesThrough(app, rows, seconds_, out);
   return 0;
 }
