@@ -55,9 +55,10 @@ constexpr const char* kAdditions[] = {
     "CREATE INDEX IF NOT EXISTS vantrelle_paths_by_volume ON MediaPaths(VolID,ParentID);",
     "CREATE INDEX IF NOT EXISTS vantrelle_paths_by_parent ON MediaPaths(ParentID);",
     // A file's modification time and size when its tags were read, so that a
-    // scan reads a changed file again. Other programs on the catalogue ignore it.
+    // scan reads a changed file again, and the tag's track number, which
+    // MediaFiles has no column for. Other programs on the catalogue ignore it.
     ("CREATE TABLE IF NOT EXISTS vantrelle_file_stamps(FileID INTEGER PRIMARY KEY, ModifiedNs INTEGER, "
-     "Size INTEGER);"),
+     "Size INTEGER, Track INTEGER);"),
     // The play list window's rows as they were left at exit, and the row
     // that played (Playing=1), so that the queue comes back.
     ("CREATE TABLE IF NOT EXISTS vantrelle_queue(Position INTEGER PRIMARY KEY, FileID INTEGER NOT NULL, "
@@ -94,6 +95,7 @@ int MediaDB::Open(const std::string& programFolder, const std::function<void()>&
   if (IsReadOnly()) {  // nothing can be created or added; reading is all there is
     if (!complete)
       throw CppSQLite3Exception(SQLITE_READONLY, (path_ + " is read-only and holds no whole catalogue").c_str());
+    stampsHoldTrack_ = StampsHoldTrack();
     return 0;
   }
   ExecuteForInsertId(writeAheadLog ? kJournalSettings : kRollbackJournalSettings);
@@ -106,6 +108,9 @@ int MediaDB::Open(const std::string& programFolder, const std::function<void()>&
     Commit();
   }
   for (const char* addition : kAdditions) ExecuteForInsertId(addition);
+  // Stamps kept by versions that read no track numbers.
+  if (!StampsHoldTrack()) ExecuteForInsertId("ALTER TABLE vantrelle_file_stamps ADD COLUMN Track INTEGER;");
+  stampsHoldTrack_ = true;
   idMarks_.Start();
   return created ? 1 : 0;
 }
@@ -184,6 +189,10 @@ std::vector<std::string> MediaDB::TableNames() {
     names.emplace_back(name ? name : "");
   }
   return names;
+}
+
+bool MediaDB::StampsHoldTrack() {
+  return QueryInt("SELECT count(*) FROM pragma_table_info('vantrelle_file_stamps') WHERE name='Track';") > 0;
 }
 
 void MediaDB::CreateMissingTables(const std::vector<std::string>& present) {
@@ -414,6 +423,10 @@ int MediaDB::UpdateFileTagsAndProperties(const CMediaFile& file, int scanState) 
       "BitRate=?,SampleRate=?,Channels=?,ScanState=? WHERE FileID=?;",
       {file.id3Title, file.id3Artist, file.id3Album, file.id3Comment, file.Length, file.BitRate, file.SampleRate,
        file.Channels, scanState, file.FileID});
+  ExecutePreparedForInsertId(
+      "INSERT INTO vantrelle_file_stamps(FileID,Track) VALUES (?,?) ON CONFLICT(FileID) DO UPDATE SET "
+      "Track=excluded.Track;",
+      {file.FileID, file.Track});
   NoteChange(CatalogueTable::Files, file.FileID);
   return result;
 }

@@ -100,7 +100,8 @@ class MediaDB {
 
   int UpdateVolumeInfo(const CMediaVolume& volume);
   int UpdateFileUserInfo(const CMediaFile& file);
-  // The tag texts, the audio properties and the scan state, in one statement.
+  // The tag texts, the audio properties and the scan state in one statement,
+  // and the track number beside the file's stamp.
   int UpdateFileTagsAndProperties(const CMediaFile& file, int scanState);
 
   void DeletePathTree(int pathId);
@@ -117,7 +118,8 @@ class MediaDB {
   int SetPathsDirtyBit(const IdList& pathIds, int bit);
   int SetFilesDirtyBit(const IdList& fileIds, int bit);
   int DeleteFiles(const IdList& fileIds);
-  // Keeps what the file was like when its tags were read (vantrelle_file_stamps).
+  // Keeps what the file was like when its tags were read (vantrelle_file_stamps);
+  // its track number stays.
   int SetFileStamp(int fileId, const FileStamp& stamp);
   int DeletePaths(const IdList& pathIds);
   // Those of the ids that have a file row, in the list's order (an id
@@ -198,6 +200,11 @@ class MediaDB {
   // Ends the process: a change was tried on a catalogue opened for reading.
   [[noreturn]] void EndOnReadOnly() const;
   [[noreturn]] void EndOnFailure(const CppSQLite3Exception& failure) const;
+  // Whether the file stamps have their Track column (an older catalogue's
+  // lack it, and one opened for reading may lack the table).
+  bool StampsHoldTrack();
+  // The list rows' statement with its condition (a printf format).
+  std::string MediaListRowsWhere(const char* condition) const;
   // Creates those of the five tables that the file lacks.
   void CreateMissingTables(const std::vector<std::string>& present);
 
@@ -250,6 +257,7 @@ class MediaDB {
   ThreadOwner owner_{"The catalogue"};
   CatalogueEvents events_;
   CatalogueChanges uncommitted_;
+  bool stampsHoldTrack_ = false;
   // Another program cannot change the catalogue meanwhile: it is held for one.
   SearchIndex searchIndex_;
 };

@@ -11,19 +11,17 @@
 #include "catalogue/MediaDB.h"
 #include "catalogue/MediaDBStatements.h"
 
-namespace {
-
-// The files' rows with their volumes'; LEFT JOIN keeps MediaFiles the outer
-// loop, so the rows come in the order of the plain FileID queries.
-std::string MediaListRowsWhere(const char* condition) {
+// The files' rows with their volumes', folders' and tracks'; LEFT JOIN keeps
+// MediaFiles the outer loop, so the rows come in the order of the plain
+// FileID queries.
+std::string MediaDB::MediaListRowsWhere(const char* condition) const {
   return std::string(
-             "SELECT f.FileID,f.Title,f.id3Title,f.Artist,f.id3Artist,f.FileName,f.Rating,"
-             "f.Length,v.VolType,v.DisplayName,v.DrvLtr FROM MediaFiles f LEFT JOIN MediaVolumes v "
-             "ON v.VolID=f.VolID WHERE ") +
-         condition;
+             "SELECT f.FileID,f.Title,f.id3Title,f.Artist,f.id3Artist,f.FileName,f.Rating,f.Length,v.VolType,"
+             "v.DisplayName,v.DrvLtr,p.FullPath,f.Album,f.id3Album,") +
+         (stampsHoldTrack_ ? "s.Track" : "NULL") +
+         " FROM MediaFiles f LEFT JOIN MediaVolumes v ON v.VolID=f.VolID LEFT JOIN MediaPaths p ON p.PathID=f.PathID " +
+         (stampsHoldTrack_ ? "LEFT JOIN vantrelle_file_stamps s ON s.FileID=f.FileID " : "") + "WHERE " + condition;
 }
-
-}  // namespace
 
 std::vector<PathRow> MediaDB::GetVolumePathRows(int volId) {
   return QueryRows<PathRow>("SELECT PathID,ParentID,FullPath,DirtyBit FROM MediaPaths WHERE VolID=%d;", volId);
@@ -92,7 +90,8 @@ int MediaDB::DeleteFiles(const IdList& fileIds) {
 
 int MediaDB::SetFileStamp(int fileId, const FileStamp& stamp) {
   return ExecutePreparedForInsertId(
-      "INSERT OR REPLACE INTO vantrelle_file_stamps(FileID,ModifiedNs,Size) VALUES (?,?,?);",
+      "INSERT INTO vantrelle_file_stamps(FileID,ModifiedNs,Size) VALUES (?,?,?) ON CONFLICT(FileID) DO UPDATE SET "
+      "ModifiedNs=excluded.ModifiedNs,Size=excluded.Size;",
       {fileId, stamp.modifiedNs, stamp.size});
 }
 

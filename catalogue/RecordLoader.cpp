@@ -87,6 +87,7 @@ void LoadRecord(const CppSQLite3ResultSet& row, PathNodeRow& path) {
 }
 
 void LoadRecord(const CppSQLite3ResultSet& row, MediaListRow& file) {
-  file = {row.FieldInt(0, 0), TextAt(row, 1),     TextAt(row, 2),     TextAt(row, 3), TextAt(row, 4), TextAt(row, 5),
-          row.FieldInt(6, 0), row.FieldInt(7, 0), row.FieldInt(8, 0), TextAt(row, 9), TextAt(row, 10)};
+  file = {row.FieldInt(0, 0), TextAt(row, 1),     TextAt(row, 2),     TextAt(row, 3),     TextAt(row, 4),
+          TextAt(row, 5),     row.FieldInt(6, 0), row.FieldInt(7, 0), row.FieldInt(8, 0), TextAt(row, 9),
+          TextAt(row, 10),    TextAt(row, 11),    TextAt(row, 12),    TextAt(row, 13),    row.FieldInt(14, 0)};
 }

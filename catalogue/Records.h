@@ -30,6 +30,9 @@ class CMediaFile {
   std::int32_t BitRate = 0;
   std::int32_t SampleRate = 0;
   std::int32_t Channels = 0;
+  // The tag's track number (0: none). Kept beside the file's stamp, not in
+  // MediaFiles; GetFile leaves it 0.
+  std::int32_t Track = 0;
 };
 
 // A text of a file as shown: the user's where there is one, else the tag's.
@@ -102,8 +105,9 @@ struct PathNodeRow {
   std::string Name;
 };
 
-// What the media list shows of a file: its own columns and its volume's. A
-// file whose volume row is missing has VolType 0 and empty volume texts.
+// What the media list shows of a file: its own columns, its folder's stored
+// path, its volume's and its track. A file whose volume or folder row is
+// missing has VolType 0 and empty texts for them.
 struct MediaListRow {
   std::int32_t FileID = 0;
   std::string Title;
@@ -116,4 +120,8 @@ struct MediaListRow {
   std::int32_t VolType = 0;
   std::string DisplayName;
   std::string DrvLtr;
+  std::string FullPath;
+  std::string Album;
+  std::string id3Album;
+  std::int32_t Track = 0;  // 0: not known
 };

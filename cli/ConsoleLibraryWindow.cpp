@@ -4,6 +4,7 @@
 
 #include "app/CLibraryApp.h"
 #include "cli/ConsoleCommand.h"
+#include "ui/CMediaList.h"
 #include "ui/NodeValue.h"
 #include "ui/QuickSearch.h"
 
@@ -73,9 +74,10 @@ void ConsoleLibraryWindow::PrintFound(std::FILE* out) const {
 
 void ConsoleLibraryWindow::PrintList(std::FILE* out) const {
   std::fprintf(out, "FileID\tSong\tArtist\tFileName\tRating\tLength\tVolume\n");
+  // The columns up to Volume, as the console always printed them.
   for (const auto& row : list_.rows) {
     std::string line = std::to_string(row.value);
-    for (const std::string& text : row.texts) line += "\t" + OneLine(text);
+    for (int column = 0; column <= CMediaList::kVolume; ++column) line += "\t" + OneLine(row.texts.at(column));
     std::fprintf(out, "%s\n", line.c_str());
   }
 }

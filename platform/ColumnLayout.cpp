@@ -15,29 +15,44 @@ constexpr int kNarrowest = 10;
 constexpr int kWidest = 5000;
 constexpr int kNarrowestFitted = 60;
 
+constexpr const char* kHiddenMark = ":hidden";
+
 struct Column {
   int number;
   int width;
+  bool hidden;
 };
+
+std::optional<Column> ParseColumn(std::string field) {
+  Column column{0, 0, field.ends_with(kHiddenMark)};
+  if (column.hidden) field.resize(field.size() - std::string(kHiddenMark).size());
+  std::istringstream pair(field);
+  char colon = 0;
+  if (!(pair >> column.number >> colon >> column.width) || colon != ':' || !pair.eof()) return {};
+  if (column.width < kNarrowest || column.width > kWidest) return {};
+  return column;
+}
+
+// Each of the first parsed.size() numbers once.
+bool NamesTheFirstColumns(const std::vector<Column>& parsed) {
+  std::vector<bool> seen(parsed.size(), false);
+  for (const Column& column : parsed) {
+    if (column.number < 0 || column.number >= static_cast<int>(parsed.size())) return false;
+    if (seen[static_cast<std::size_t>(column.number)]) return false;
+    seen[static_cast<std::size_t>(column.number)] = true;
+  }
+  return !parsed.empty();
+}
 
 std::optional<std::vector<Column>> ParseLayout(const std::string& text, int columns) {
   std::vector<Column> parsed;
   std::istringstream fields(text);
   for (std::string field; std::getline(fields, field, ',');) {
-    std::istringstream pair(field);
-    Column column{};
-    char colon = 0;
-    if (!(pair >> column.number >> colon >> column.width) || colon != ':' || !pair.eof()) return {};
-    if (column.number < 0 || column.number >= columns) return {};
-    if (column.width < kNarrowest || column.width > kWidest) return {};
-    parsed.push_back(column);
+    const auto column = ParseColumn(field);
+    if (!column) return {};
+    parsed.push_back(*column);
   }
-  if (static_cast<int>(parsed.size()) != columns) return {};
-  std::vector<bool> seen(static_cast<std::size_t>(columns), false);
-  for (const Column& column : parsed) {
-    if (seen[static_cast<std::size_t>(column.number)]) return {};
-    seen[static_cast<std::size_t>(column.number)] = true;
-  }
+  if (static_cast<int>(parsed.size()) > columns || !NamesTheFirstColumns(parsed)) return {};
   return parsed;
 }
 
@@ -48,6 +63,7 @@ std::string SaveColumnLayout(const ListControl& list) {
   for (int column : list.ColumnOrder()) {
     if (!text.empty()) text += ",";
     text += std::to_string(column) + ":" + std::to_string(list.ColumnWidth(column));
+    if (list.IsColumnHidden(column)) text += kHiddenMark;
   }
   return text;
 }
@@ -59,13 +75,17 @@ bool RestoreColumnLayout(ListControl& list, const std::string& text) {
   for (const Column& column : *columns) {
     order.push_back(column.number);
     list.SetColumnWidth(column.number, column.width);
+    list.SetColumnHidden(column.number, column.hidden);
   }
+  for (int column = static_cast<int>(order.size()); column < static_cast<int>(list.ColumnOrder().size()); ++column)
+    order.push_back(column);
   list.SetColumnOrder(order);
   return true;
 }
 
 void FitColumns(ListControl& list, int width, int keptColumn) {
-  const std::vector<int> columns = list.ColumnOrder();
+  std::vector<int> columns = list.ColumnOrder();
+  std::erase_if(columns, [&](int column) { return list.IsColumnHidden(column); });
   int scaled = 0;
   for (int column : columns) {
     if (column == keptColumn)

@@ -1,7 +1,7 @@
 #pragma once
 // A list's columns as the settings keep them: left to right, each as its
-// number at insertion and its width, "2:160,0:100,1:100". Used from the
-// user-interface thread only.
+// number at insertion and its width, and ":hidden" after a hidden one's,
+// "2:160,0:100,1:100,6:80:hidden". Used from the user-interface thread only.
 
 #include <string>
 
@@ -10,13 +10,16 @@ namespace platform {
 class ListControl;
 
 std::string SaveColumnLayout(const ListControl& list);
-// Puts the columns in the text's order with its widths. A text that does not
-// name every column exactly once, with widths from 10 to 5000 pixels (an
-// older layout, a hand edit, junk), changes nothing and returns false.
+// Puts the columns in the text's order with its widths, and hides those it
+// marks hidden. A text naming only the first columns (written before the
+// list had the others) leaves the others as they are, after them. A text
+// that does not name each of the first columns exactly once, with widths
+// from 10 to 5000 pixels (a hand edit, junk), changes nothing and returns
+// false.
 bool RestoreColumnLayout(ListControl& list, const std::string& text);
 // Scales the columns' widths so that together they take the width (as far as
 // they can: none shrinks below 60 pixels, or below its width when narrower);
-// the kept column (if any) keeps its width.
+// the kept column (if any) and hidden columns keep their widths.
 void FitColumns(ListControl& list, int width, int keptColumn = -1);
 
 }  // namespace platform

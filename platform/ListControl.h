@@ -63,6 +63,10 @@ class ListControl {
   virtual void SetColumnWidth(int column, int width) = 0;
   virtual std::vector<int> ColumnOrder() const = 0;
   virtual void SetColumnOrder(const std::vector<int>& order) = 0;
+  // A hidden column keeps its place, width and texts, and shows them again
+  // when shown; ColumnWidth gives the width it will show at.
+  virtual void SetColumnHidden(int column, bool hidden) = 0;
+  virtual bool IsColumnHidden(int column) const = 0;
   // How many pixels the text takes in the list's font.
   virtual int TextWidth(const std::string& text) const = 0;
 };

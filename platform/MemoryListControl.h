@@ -22,6 +22,7 @@ class MemoryListControl : public ListControl {
   std::vector<std::string> headings;  // "heading/width"
   std::vector<int> widths;
   std::vector<int> order;  // left to right
+  std::vector<bool> hidden;
   std::vector<Row> rows;
   unsigned styles = 0;
   int sortColumn = -1;
@@ -33,6 +34,7 @@ class MemoryListControl : public ListControl {
         static_cast<std::ptrdiff_t>(std::min<std::size_t>(static_cast<std::size_t>(column), headings.size()));
     headings.insert(headings.begin() + at, heading + "/" + std::to_string(width));
     widths.insert(widths.begin() + at, width);
+    hidden.insert(hidden.begin() + at, false);
     order.push_back(static_cast<int>(order.size()));
     for (Row& row : rows) row.texts.insert(row.texts.begin() + at, "");
   }
@@ -73,6 +75,8 @@ class MemoryListControl : public ListControl {
   void SetColumnWidth(int column, int width) override { widths.at(static_cast<std::size_t>(column)) = width; }
   std::vector<int> ColumnOrder() const override { return order; }
   void SetColumnOrder(const std::vector<int>& newOrder) override { order = newOrder; }
+  void SetColumnHidden(int column, bool hide) override { hidden.at(static_cast<std::size_t>(column)) = hide; }
+  bool IsColumnHidden(int column) const override { return hidden.at(static_cast<std::size_t>(column)); }
   // Seven pixels a byte.
   int TextWidth(const std::string& text) const override { return 7 * static_cast<int>(text.size()); }
 

@@ -9,6 +9,8 @@ namespace platform {
 struct MenuEntry {
   int command;
   const char* text;
+  bool checkable = false;  // shows a check mark while checked
+  bool checked = false;
 };
 
 class PopupMenu {

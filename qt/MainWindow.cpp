@@ -202,6 +202,7 @@ void MainWindow::SetUpMediaList() {
   list_->onContextMenu = [this] { logic_->OnListContextMenu(); };
   list_->onDoubleClick = [this] { logic_->OnListDoubleClick(); };
   list_->onHeaderClicked = [this](int column) { logic_->OnListHeaderClicked(column); };
+  list_->onHeaderContextMenu = [this] { logic_->OnListHeaderContextMenu(); };
   list_->horizontalHeader()->setSectionsClickable(true);
   list_->horizontalHeader()->setStretchLastSection(true);
   list_->AllowDragging(false);

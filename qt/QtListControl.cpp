@@ -30,6 +30,10 @@ QtListControl::QtListControl(QWidget* parent) : QTableView(parent), model_(new R
   connect(horizontalHeader(), &QHeaderView::sectionClicked, this, [this](int column) {
     if (onHeaderClicked) onHeaderClicked(column);
   });
+  horizontalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
+  connect(horizontalHeader(), &QWidget::customContextMenuRequested, this, [this] {
+    if (onHeaderContextMenu) onHeaderContextMenu();
+  });
 }
 
 void QtListControl::InsertColumn(int column, const std::string& heading, int width) {
@@ -108,9 +112,32 @@ void QtListControl::SetEmptyText(const std::string& text) {
   viewport()->update();
 }
 
-int QtListControl::ColumnWidth(int column) const { return columnWidth(column); }
+int QtListControl::ColumnWidth(int column) const {
+  const auto hidden = hiddenWidths_.find(column);
+  return hidden != hiddenWidths_.end() ? hidden->second : columnWidth(column);
+}
 
-void QtListControl::SetColumnWidth(int column, int width) { setColumnWidth(column, width); }
+void QtListControl::SetColumnWidth(int column, int width) {
+  if (const auto hidden = hiddenWidths_.find(column); hidden != hiddenWidths_.end())
+    hidden->second = width;
+  else
+    setColumnWidth(column, width);
+}
+
+void QtListControl::SetColumnHidden(int column, bool hidden) {
+  if (hidden == IsColumnHidden(column)) return;
+  if (hidden) {
+    hiddenWidths_[column] = columnWidth(column);
+    setColumnHidden(column, true);
+    return;
+  }
+  const int width = hiddenWidths_[column];
+  hiddenWidths_.erase(column);
+  setColumnHidden(column, false);
+  setColumnWidth(column, width);
+}
+
+bool QtListControl::IsColumnHidden(int column) const { return hiddenWidths_.count(column) > 0; }
 
 std::vector<int> QtListControl::ColumnOrder() const {
   std::vector<int> order;

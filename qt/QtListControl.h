@@ -7,6 +7,7 @@
 
 #include <QTableView>
 #include <functional>
+#include <map>
 #include <memory>
 
 #include "platform/ListControl.h"
@@ -24,6 +25,8 @@ class QtListControl final : public QTableView, public platform::ListControl {
   std::function<void()> onDoubleClick;
   // The user clicked a column's heading (the column's number at insertion).
   std::function<void(int)> onHeaderClicked;
+  // The user asked for a context menu over the headings.
+  std::function<void()> onHeaderContextMenu;
 
   // Dragging: the selected rows leave as their item values (file ids); with
   // rows movable, they also move within the list, and file ids and files
@@ -61,6 +64,8 @@ class QtListControl final : public QTableView, public platform::ListControl {
   void SetColumnWidth(int column, int width) override;
   std::vector<int> ColumnOrder() const override;
   void SetColumnOrder(const std::vector<int>& order) override;
+  void SetColumnHidden(int column, bool hidden) override;
+  bool IsColumnHidden(int column) const override;
   int TextWidth(const std::string& text) const override;
 
   const QString& EmptyText() const { return emptyText_; }
@@ -80,6 +85,9 @@ class QtListControl final : public QTableView, public platform::ListControl {
   unsigned styles_ = 0;
   QString emptyText_;
   bool rowsMovable_ = false;
+  // The hidden columns with the widths they show at again (the header
+  // gives a hidden section no width).
+  std::map<int, int> hiddenWidths_;
 
   bool Accepts(const QMimeData& carried) const;
   int RowBefore(const QPoint& at) const;

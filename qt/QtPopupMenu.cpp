@@ -11,7 +11,13 @@ int TrackPopupAtCursor(QWidget* parent, const std::vector<std::pair<int, const c
 }
 
 int QtPopupMenu::Track(std::span<const platform::MenuEntry> entries) {
-  std::vector<std::pair<int, const char*>> items;
-  for (const platform::MenuEntry& entry : entries) items.emplace_back(entry.command, entry.text);
-  return TrackPopupAtCursor(parent_, items);
+  QMenu menu(parent_);
+  for (const platform::MenuEntry& entry : entries) {
+    QAction* action = menu.addAction(QString::fromUtf8(entry.text));
+    action->setData(entry.command);
+    action->setCheckable(entry.checkable);
+    action->setChecked(entry.checked);
+  }
+  const QAction* chosen = menu.exec(QCursor::pos());
+  return chosen ? chosen->data().toInt() : 0;
 }

@@ -31,6 +31,7 @@ void CopyTagsAndProperties(const CMediaFile& read, CMediaFile& file) {
   file.id3Artist = read.id3Artist;
   file.id3Album = read.id3Album;
   file.id3Comment = read.id3Comment;
+  file.Track = read.Track;
   file.Length = read.Length;
   file.BitRate = read.BitRate;
   file.SampleRate = read.SampleRate;

@@ -4,12 +4,16 @@
 #include <taglib/tag.h>
 #include <taglib/tfile.h>
 
+#include <algorithm>
 #include <memory>
 
 #include "base/Utf8.h"
 #include "tags/AudioFile.h"
 
 namespace {
+
+// Higher numbers would not fit the record's integer.
+constexpr unsigned int kHighestTrack = 0x7fffffff;
 
 bool IsTrailingWhiteSpace(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\v' || c == '\f'; }
 
@@ -29,6 +33,7 @@ void CopyTag(const TagLib::Tag& tag, CMediaFile& record) {
   record.id3Artist = Utf8WithoutTrailingWhiteSpace(tag.artist());
   record.id3Album = Utf8WithoutTrailingWhiteSpace(tag.album());
   record.id3Comment = Utf8WithoutTrailingWhiteSpace(tag.comment());
+  record.Track = static_cast<std::int32_t>(std::min(tag.track(), kHighestTrack));
 }
 
 void CopyAudioProperties(const TagLib::AudioProperties& audio, CMediaFile& record) {

@@ -12,7 +12,8 @@
 //
 // From a parsed file it writes id3Title, id3Artist, id3Album, id3Comment as
 // UTF-8, each cut to at most 64 KiB (never inside a character) and then
-// without trailing white space (a missing field becomes ""), and
+// without trailing white space (a missing field becomes ""), Track (0 when
+// the tag has none), and
 // Length (s), BitRate (kbit/s), SampleRate (Hz) and Channels as TagLib gives
 // them. No other field is touched. An empty file counts as unparseable.
 //

@@ -207,6 +207,30 @@ void CLibraryTree::SelectNode(TreeItem node) {
 
 void CLibraryTree::SelectSearchResults() { SelectNode(searchResults_); }
 
+bool CLibraryTree::ShowFile(int fileId) {
+  const auto file = db_.GetFile(fileId);
+  if (!file) return false;
+  const TreeItem folder = FindNode(ItemValue(NodeKind::Folder, file->PathID));
+  if (folder == kNoItem) return false;
+  ExpandAncestors(folder);
+  SelectNode(folder);
+  Control().EnsureVisible(folder);
+  list_.SelectFile(fileId);
+  return true;
+}
+
+platform::TreeItem CLibraryTree::FindNode(std::int32_t value) const {
+  TreeItem found = kNoItem;
+  for (const auto& [item, node] : nodes_)
+    if (node.value == value && (found == kNoItem || item < found)) found = item;
+  return found;
+}
+
+void CLibraryTree::ExpandAncestors(TreeItem node) {
+  for (TreeItem parent = nodes_.at(node).parent; parent != kNoItem; parent = nodes_.at(parent).parent)
+    Control().Expand(parent);
+}
+
 void CLibraryTree::OnContextMenu(TreeItem hit) {
   context_ = hit;
   if (hit == kNoItem) return;

@@ -92,6 +92,11 @@ class CLibraryTree {
   // Selects the node and runs the selection steps.
   void SelectNode(TreeItem node);
   void SelectSearchResults();
+  // "Show in Library": the file's folder selected (its ancestors expanded,
+  // scrolled into view), which fills the list, and then the file's row
+  // selected. False, with nothing changed, when the file or its folder's
+  // node is gone.
+  bool ShowFile(int fileId);
 
   // A context-menu request with the node hit, or kNoItem: the node becomes
   // the context node, is selected, and its kind's menu (if any) is shown and
@@ -134,6 +139,9 @@ class CLibraryTree {
   void AddFolders(TreeItem parent, std::span<const PathNodeRow* const> folders, const FolderIndex& index);
   void AddPlayLists();
   TreeItem Insert(TreeItem parent, const std::string& label, NodeKind kind, int id);
+  // The first node of the last build with this item value, or kNoItem.
+  TreeItem FindNode(std::int32_t value) const;
+  void ExpandAncestors(TreeItem node);
   void OnCatalogueChanged(const CatalogueChanges& changes);
   platform::TreeControl& Control() const { return controls_->tree; }
 

@@ -67,6 +67,7 @@ void CMainDlg::OnInitDialog() {
   parts_.tree.Bind(parts_.treeControls);
   parts_.list.Bind(parts_.listControls);
   parts_.list.CreateColumns();
+  parts_.list.ShowInLibraryWith([this](int fileId) { parts_.tree.ShowFile(fileId); });
   panesBound_ = true;
   scanReportedListener_ = parts_.scans.OnScanReported([this](const std::string& found) { view_.SetStatusLine(found); });
 
@@ -270,6 +271,8 @@ void CMainDlg::OnListContextMenu() { parts_.list.OnContextMenu(); }
 void CMainDlg::OnListDoubleClick() { parts_.list.AddSelectedToPlayList(); }
 
 void CMainDlg::OnListHeaderClicked(int column) { parts_.list.SortBy(column); }
+
+void CMainDlg::OnListHeaderContextMenu() { parts_.list.OnHeaderContextMenu(); }
 
 void CMainDlg::OnDestroy() {
   StoreWindows();

@@ -105,6 +105,7 @@ class CMainDlg {
   void OnListDoubleClick();
   // A click on a heading of the media list sorts by that column.
   void OnListHeaderClicked(int column);
+  void OnListHeaderContextMenu();
   // The strip: about four times a second while a file is open; the pause
   // button; the seek slider let go at ms; the volume slider at 0 to 1000.
   void OnPlayerTick();

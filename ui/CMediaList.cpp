@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 #include <numeric>
 #include <unordered_map>
 #include <variant>
@@ -32,19 +33,31 @@ std::string VolumeText(const MediaListRow& row) {
   return row.VolType == platform::kDriveCdRom ? row.DisplayName : FillMessage("[drive %s:]", {row.DrvLtr});
 }
 
+// The volume as the Volume column words it, then the folder's stored path:
+// "[drive C:] \Music\Rock\".
+std::string FolderText(const MediaListRow& row) {
+  if (row.FullPath.empty()) return VolumeText(row);
+  return VolumeText(row) + " " + row.FullPath;
+}
+
+std::string TrackText(int track) { return track > 0 ? std::to_string(track) : ""; }
+
 std::vector<std::string> RowTexts(const MediaListRow& row) {
   return {UserOrTag(row.Title, row.id3Title),
           UserOrTag(row.Artist, row.id3Artist),
           row.FileName,
           RatingText(row.Rating),
           LengthText(row.Length),
-          VolumeText(row)};
+          VolumeText(row),
+          FolderText(row),
+          UserOrTag(row.Album, row.id3Album),
+          TrackText(row.Track)};
 }
 
-MediaListRow ListRowOf(const CMediaFile& file, const CMediaVolume* volume) {
+MediaListRow ListRowOf(const CMediaFile& file, const CMediaVolume* volume, const std::string& fullPath) {
   MediaListRow row{
       file.FileID, file.Title, file.id3Title, file.Artist, file.id3Artist, file.FileName, file.Rating, file.Length, 0,
-      "",          ""};
+      "",          "",         fullPath,      file.Album,  file.id3Album,  file.Track};
   if (volume) {
     row.VolType = volume->VolType;
     row.DisplayName = volume->DisplayName;
@@ -76,6 +89,7 @@ int SecondsOf(const std::string& lengthText) {
 SortKey KeyOf(int column, const std::string& text) {
   if (column == CMediaList::kRating) return StarsOf(text);
   if (column == CMediaList::kLength) return SecondsOf(text);
+  if (column == CMediaList::kTrack) return std::atoi(text.c_str());
   return AsciiLower(text);
 }
 
@@ -131,7 +145,11 @@ void CMediaList::CreateColumns() {
     if (column == kRating) width = std::max(width, list.TextWidth(std::string(kRatingWidth, '*')) + kColumnPadding);
     list.InsertColumn(static_cast<int>(column), heading, width);
   }
+  for (Column optional : kOptionalColumns) list.SetColumnHidden(optional, true);
+  ShowFolderColumn(false);
 }
+
+void CMediaList::ShowFolderColumn(bool show) { controls_->list.SetColumnHidden(kFolder, !show); }
 
 void CMediaList::Clear() {
   controls_->list.DeleteAllRows();
@@ -171,10 +189,11 @@ void CMediaList::AppendRow(const MediaListRow& row) { controls_->list.AppendRow(
 
 void CMediaList::AddRow(const CMediaFile& file) {
   const auto volume = db_.GetVolume(file.VolID);
-  AppendRow(ListRowOf(file, volume.get()));
+  AppendRow(ListRowOf(file, volume.get(), db_.GetPathFullPath(file.PathID)));
 }
 
 void CMediaList::FillWithFolder(int pathId) {
+  ShowFolderColumn(false);
   for (const MediaListRow& row : db_.GetFolderListRows(pathId)) AppendRow(row);
   ApplySort();
 }
@@ -182,11 +201,13 @@ void CMediaList::FillWithFolder(int pathId) {
 void CMediaList::FillWithPlayList(int playListId) {
   const auto playList = db_.GetPlayList(playListId);
   if (!playList) return;
+  ShowFolderColumn(true);
   for (const MediaListRow& row : db_.FileListRows(ParseIdList(playList->FileIDs))) AppendRow(row);
   ApplySort();
 }
 
 void CMediaList::FillWithSearch(const std::string& text) {
+  ShowFolderColumn(true);
   for (const MediaListRow& row : db_.SearchListRows(text)) AppendRow(row);
   shownSearch_ = text;
   ApplySort();
@@ -238,9 +259,37 @@ bool CMediaList::OnContextMenu() {
       return false;
     case kFileInfo:
       return EditFileInfo();
+    case kShowInLibrary:
+      ShowFirstSelectedInLibrary();
+      return false;
     default:
       return false;
   }
+}
+
+void CMediaList::ShowFirstSelectedInLibrary() {
+  const IdList selected = SelectedFileIds();
+  if (!selected.empty() && showInLibrary_) showInLibrary_(selected.front());
+}
+
+bool CMediaList::SelectFile(int fileId) {
+  platform::ListControl& list = controls_->list;
+  for (int row = 0; row < list.RowCount(); ++row)
+    if (list.RowValue(row) == fileId) {
+      list.SelectOnly(row);
+      return true;
+    }
+  return false;
+}
+
+void CMediaList::OnHeaderContextMenu() {
+  platform::ListControl& list = controls_->list;
+  std::vector<platform::MenuEntry> entries;
+  for (Column column : kOptionalColumns)
+    entries.push_back({kToggleColumn + column, kColumns[column].heading, true, !list.IsColumnHidden(column)});
+  const int column = controls_->menu.Track(entries) - kToggleColumn;
+  if (std::find(kOptionalColumns.begin(), kOptionalColumns.end(), column) == kOptionalColumns.end()) return;
+  list.SetColumnHidden(column, !list.IsColumnHidden(column));
 }
 
 std::pair<std::string, std::string> CMediaList::SongAndArtist(int fileId) const {

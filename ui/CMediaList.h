@@ -1,6 +1,10 @@
 #pragma once
 // The media list: the main window's right pane, one row per catalogue file,
-// each row carrying its FileID. It keeps no rows of the catalogue: every fill
+// each row carrying its FileID. The Folder column shows with search results
+// and play lists, whose rows come from many folders, and hides with a
+// folder's files; Album and Track show when the user asks for them from the
+// headings' menu (the list control keeps which do, and the column layout
+// stores it). It keeps no rows of the catalogue: every fill
 // reads them afresh and keeps the catalogue's order, until the user clicks a
 // column heading: from then on every fill is sorted by that column. No fill
 // empties the list; callers Clear first. While bound it follows the
@@ -40,23 +44,33 @@ struct MediaListControls {
 
 class CMediaList {
  public:
-  enum Command : int { kAddToPlayList = 9010, kFileInfo = 9011 };
+  enum Command : int { kAddToPlayList = 9010, kFileInfo = 9011, kShowInLibrary = 9012 };
+  // The headings' menu: this plus the column's number shows or hides it.
+  static constexpr int kToggleColumn = 9100;
   // The list control's extended style bit that lets the user drag columns.
   static constexpr unsigned kHeaderDragDrop = 0x10;
 
-  static constexpr std::array<MediaListColumn, 6> kColumns{{
+  // Numbered in the order they came, so that stored layouts keep naming
+  // the same columns.
+  static constexpr std::array<MediaListColumn, 9> kColumns{{
       {"Song", 100},
       {"Artist", 100},
       {"FileName", 160},
       {"Rating", 50},
       {"Length", 50},
       {"Volume", 80},
+      {"Folder", 200},
+      {"Album", 120},
+      {"Track", 40},
   }};
-  enum Column : int { kSong, kArtist, kFileName, kRating, kLength, kVolume };
+  enum Column : int { kSong, kArtist, kFileName, kRating, kLength, kVolume, kFolder, kAlbum, kTrack };
+  // The columns the user shows or hides; hidden until asked for.
+  static constexpr std::array<Column, 2> kOptionalColumns{kAlbum, kTrack};
   static constexpr const char* kStartHint = "Add a CD or a folder to begin";
-  static constexpr std::array<platform::MenuEntry, 2> kMenu{{
+  static constexpr std::array<platform::MenuEntry, 3> kMenu{{
       {kAddToPlayList, "Add To PlayList"},
       {kFileInfo, "File Info / Edit"},
+      {kShowInLibrary, "Show in Library"},
   }};
 
   // playList: the play list window's model, which "Add To PlayList" appends to.
@@ -70,10 +84,12 @@ class CMediaList {
   // volume is at hand ("" otherwise); it must never ask for a disc.
   using Locator = std::function<std::string()>;
   void LocateFilesWith(std::function<Locator(int fileId)> locate) { locate_ = std::move(locate); }
+  // What "Show in Library" does with the file of the first selected row.
+  void ShowInLibraryWith(std::function<void(int fileId)> show) { showInLibrary_ = std::move(show); }
   // Lets go of the controls; the binder calls it before they go away.
   void Unbind();
-  // The six columns, each at least as wide as its heading; the rating's as
-  // wide as ten stars.
+  // The columns, each at least as wide as its heading; the rating's as
+  // wide as ten stars. Folder, Album and Track start hidden.
   void CreateColumns();
 
   void Clear();
@@ -113,12 +129,20 @@ class CMediaList {
   // "File Info / Edit" on the first selected row; true when the user left
   // the dialog with Update and the row was written.
   bool EditFileInfo();
+  // Selects the file's row alone and brings it into view; false when no
+  // row shows the file.
+  bool SelectFile(int fileId);
   // Shows the list's menu (also with no row selected) and runs the choice;
   // returns what EditFileInfo returned, or false.
   bool OnContextMenu();
+  // The headings' menu: a checked entry per optional column that shows; the
+  // choice shows or hides its column.
+  void OnHeaderContextMenu();
 
  private:
   void AppendRow(const MediaListRow& row);
+  void ShowFolderColumn(bool show);
+  void ShowFirstSelectedInLibrary();
   void ApplySort();
   void OnCatalogueChanged(const CatalogueChanges& changes);
 
@@ -126,6 +150,7 @@ class CMediaList {
   CPlayListModel& playList_;
   std::optional<MediaListControls> controls_;
   std::function<Locator(int)> locate_;
+  std::function<void(int)> showInLibrary_;
   std::optional<std::string> shownSearch_;
   int sortColumn_ = -1;  // none: the catalogue's order
   bool sortAscending_ = true;

@@ -232,11 +232,18 @@ TEST_F(CatalogueGuardTest, KillsDuringTheFirstStartLeaveACatalogueTheNextStartUs
 // Read-only storage (a read-only bind mount, which holds even for root) and
 // a folder of another owner that the user may only read and enter: every
 // command that changes nothing works and leaves nothing behind; one that
-// would change the catalogue says it is read-only.
+// would change the catalogue says it is read-only. The catalogue is one an
+// older version made, whose file stamps keep no track numbers: it is read
+// as it is, and gains them when next opened for writing.
 TEST_F(CatalogueGuardTest, ReadOnlyStorageAndAFolderTheUserMayNotWriteServeReadingAndRefuseChanges) {
   AddMusicFolder();
   const std::string tree = Run("tree").out;
   const std::string list = Run("list folder 1").out;
+  const std::string stamps = Query("SELECT FileID,ModifiedNs,Size FROM vantrelle_file_stamps;");
+  Query("ALTER TABLE vantrelle_file_stamps DROP COLUMN Track;");
+  const std::string trackColumns =
+      "SELECT count(*) FROM pragma_table_info('vantrelle_file_stamps') WHERE name='Track';";
+  ASSERT_EQ(Query(trackColumns), "0;");
   const auto names = Names(program);
   const std::string readOnly = "The catalogue is read-only. Nothing was changed in " + program + "/Quillora.db.\n";
 
@@ -274,8 +281,11 @@ TEST_F(CatalogueGuardTest, ReadOnlyStorageAndAFolderTheUserMayNotWriteServeReadi
   }
   chmod(program.c_str(), 0755);
   EXPECT_EQ(Names(program), names);
+  EXPECT_EQ(Query(trackColumns), "0;");
   EXPECT_EQ(Run("options").out, DefaultOptions());
   EXPECT_EQ(Run("list folder 1").out, list);
+  EXPECT_EQ(Query(trackColumns), "1;");
+  EXPECT_EQ(Query("SELECT FileID,ModifiedNs,Size FROM vantrelle_file_stamps;"), stamps);
   EXPECT_EQ(Query("PRAGMA integrity_check;"), "ok;");
 }
 

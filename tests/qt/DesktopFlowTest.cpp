@@ -100,6 +100,36 @@ TEST_F(CataloguedDesktopTest, FindSearchesTheWholeLibraryAndEscEmptiesTheField) 
   EXPECT_TRUE(window->isVisible());
 }
 
+// Album comes from the headings' menu, and the choice (with the hidden
+// columns' widths) is kept in the layout the next run restores. Folder shows
+// with search results only; "Show in Library" goes from one to its folder.
+TEST_F(CataloguedDesktopTest, AlbumShownOutlivesARestartAndShowInLibraryLeavesSearchResultsForTheFolder) {
+  QHeaderView* heading = List().horizontalHeader();
+  EXPECT_TRUE(heading->isSectionHidden(CMediaList::kFolder));
+  user::ChooseFromMenu("Album");
+  user::RightClick(heading->viewport(), QPoint(heading->sectionViewportPosition(0) + 5, heading->height() / 2));
+  EXPECT_EQ(Column(List(), CMediaList::kAlbum), (Strings{"First Light", "Shouting"}));
+  Restart();
+  heading = List().horizontalHeader();
+  EXPECT_FALSE(heading->isSectionHidden(CMediaList::kAlbum));
+  EXPECT_TRUE(heading->isSectionHidden(CMediaList::kTrack));
+
+  QTest::keyClicks(&window->FindField(), "vorbis");
+  QTest::keyClick(&window->FindField(), Qt::Key_Return);
+  EXPECT_EQ(heading->sectionSize(CMediaList::kFolder), CMediaList::kColumns[CMediaList::kFolder].width);
+  EXPECT_EQ(Column(List(), CMediaList::kFolder), Strings{"[drive C:] \\Music\\Pop\\"});
+  const std::int32_t fileId = List().RowValue(0);
+  user::ChooseFromMenu("Show in Library");
+  RightClick(List(), 0);
+  ASSERT_NE(Tree().currentItem(), nullptr);
+  EXPECT_EQ(Tree().currentItem()->text(0), "Pop");
+  EXPECT_TRUE(Tree().currentItem()->font(0).bold());
+  EXPECT_EQ(Column(List(), 2, true), (Strings{"quiet.wma", "vorbis.ogg"}));
+  const int row = List().RowValue(0) == fileId ? 0 : 1;
+  EXPECT_EQ(List().RowValue(row), fileId);
+  EXPECT_TRUE(List().IsSelected(row) && !List().IsSelected(1 - row));
+}
+
 TEST_F(CataloguedDesktopTest, ARescanKeepsTheExpandedSelectedFolder) {
   QTreeWidgetItem* music = Node("Music");
   Click(music);

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <taglib/mpegfile.h>
+#include <taglib/vorbisfile.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -17,6 +19,13 @@ namespace {
 
 namespace fs = std::filesystem;
 using FolderMap = std::map<std::string, int>;
+
+template <class TaggedFile>
+void SetTrack(const std::string& path, unsigned int track) {
+  TaggedFile file(path.c_str(), false);
+  file.tag()->setTrack(track);
+  ASSERT_TRUE(file.save());
+}
 
 TEST_F(ScanTest, RecordsExactlyTheFoldersWithAudioBelowThemAndReadsTheirTags) {
   Put("c/Music/A/B/C/deep.mp3", "id3v2.mp3");
@@ -66,6 +75,39 @@ TEST_F(ScanTest, RecordsExactlyTheFoldersWithAudioBelowThemAndReadsTheirTags) {
   EXPECT_EQ(volume->VolType, 3);
   EXPECT_EQ(volume->DrvLtr, "C");
   EXPECT_EQ(volume->Name, "c");
+}
+
+// The track numbers live beside the stamps, not in MediaFiles: a rescan that
+// stamps the files anew keeps them, and a changed tag is read again.
+TEST_F(ScanTest, TrackNumbersComeFromTheTagsAndAChangedTagIsReadAgain) {
+  Put("c/Music/a.mp3", "id3v2.mp3");
+  Put("c/Music/b.ogg", "vorbis.ogg");
+  Put("c/Music/c.mp3", "id3v1.mp3");
+  const std::string music = folder.Path() + "/c/Music/";
+  SetTrack<TagLib::MPEG::File>(music + "a.mp3", 7);
+  SetTrack<TagLib::Ogg::Vorbis::File>(music + "b.ogg", 12);
+  Scan(3, "C:\\Music\\");
+  const auto files = CataloguedFiles();
+  const IdList ids{files.at("\\Music\\a.mp3"), files.at("\\Music\\b.ogg"), files.at("\\Music\\c.mp3")};
+  const auto tracks = [&] {
+    std::vector<int> numbers;
+    for (const MediaListRow& row : db.FileListRows(ids)) numbers.push_back(row.Track);
+    return numbers;
+  };
+  EXPECT_EQ(tracks(), (std::vector<int>{7, 12, 0}));
+  EXPECT_EQ(db.GetFolderListRows(db.GetFile(ids[0])->PathID).at(0).Track, 7);
+
+  // b.ogg as read before stamps were kept: it gains one, not read again.
+  const std::string b = std::to_string(ids[1]);
+  testing_support::RunSql(db, "UPDATE vantrelle_file_stamps SET ModifiedNs=NULL,Size=NULL WHERE FileID=" + b + ";");
+  Scan(3, "C:\\Music\\");
+  EXPECT_EQ(testing_support::QueryNumber(db, "SELECT Size>0 FROM vantrelle_file_stamps WHERE FileID=" + b + ";"), 1);
+  EXPECT_EQ(tracks(), (std::vector<int>{7, 12, 0}));
+  SetTrack<TagLib::MPEG::File>(music + "a.mp3", 3);
+  testing_support::RunSql(db, "UPDATE vantrelle_file_stamps SET ModifiedNs=1 WHERE FileID=" + std::to_string(ids[0]) +
+                                  ";");  // as if older than the edit
+  Scan(3, "C:\\Music\\");
+  EXPECT_EQ(tracks(), (std::vector<int>{3, 12, 0}));
 }
 
 TEST_F(ScanTest, RescansKeepIdsAndEditsAndRemoveExactlyWhatVanished) {

@@ -17,12 +17,14 @@ namespace testing_support {
 
 class ScriptedPopupMenu : public platform::PopupMenu {
  public:
-  int choice = 0;                               // 0: dismissed
-  std::vector<std::vector<std::string>> shown;  // the entries' texts, menu by menu
+  int choice = 0;  // 0: dismissed
+  // The entries' texts, menu by menu; a checkable entry's after "[x] " or "[ ] ".
+  std::vector<std::vector<std::string>> shown;
 
   int Track(std::span<const platform::MenuEntry> entries) override {
     std::vector<std::string>& texts = shown.emplace_back();
-    for (const platform::MenuEntry& entry : entries) texts.push_back(entry.text);
+    for (const platform::MenuEntry& entry : entries)
+      texts.push_back(std::string(!entry.checkable ? "" : entry.checked ? "[x] " : "[ ] ") + entry.text);
     return choice;
   }
 };

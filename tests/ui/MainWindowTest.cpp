@@ -134,4 +134,38 @@ TEST_F(MainWindowTest, AFirstStartFitsBothWindowsOnTheScreenAndKeysAndMenusGoWhe
   EXPECT_EQ(Node(1), platform::TreeControl::kNoItem);
 }
 
+// abc.mp3 lies in \Music\ of the first volume and again two folders down on
+// another, so only the right folder's row can be the one selected.
+TEST_F(MainWindowTest, ShowInLibrarySelectsTheFilesFolderAndThenItsRow) {
+  const int disk = AddVolume(3, "Other", "D", "2");
+  const int top = AddFolder(disk, "\\Top\\");
+  const int deep = AddFolder(disk, "\\Top\\Deep\\", top);
+  AddFile(deep, "first.mp3");
+  const int deepAbc = AddFile(deep, "abc.mp3");
+  Exec("INSERT INTO PlayLists(Name,FileIDs) VALUES ('Mixed','1,' || " + std::to_string(deepAbc) + ");");
+  app->Tree().Rebuild();
+  findText = "abc";
+  window.OnCommand(CMainDlg::kGo);
+  ASSERT_EQ(app->List().AllFileIds(), (IdList{1, deepAbc}));
+  list.Select({1});
+  menu.choice = CMediaList::kShowInLibrary;
+  window.OnListContextMenu();
+  EXPECT_EQ(tree.selected, Node(deep));
+  EXPECT_TRUE(tree.At(Node(top)).expanded);
+  EXPECT_TRUE(tree.At(Node(ItemValue(NodeKind::Volume, disk))).expanded);
+  EXPECT_EQ(Rows().size(), 2u);
+  EXPECT_EQ(app->List().SelectedFileIds(), IdList{deepAbc});
+
+  // From a play list with both rows selected: the first row's file.
+  UserSelects(ItemValue(NodeKind::PlayList, 1));
+  app->List().SelectAll();
+  window.OnListContextMenu();
+  EXPECT_EQ(tree.selected, Node(1));
+  EXPECT_EQ(app->List().AllFileIds(), (IdList{1, 2}));
+  EXPECT_EQ(app->List().SelectedFileIds(), IdList{1});
+  // A file that is gone since changes nothing.
+  EXPECT_FALSE(app->Tree().ShowFile(99));
+  EXPECT_EQ(app->List().SelectedFileIds(), IdList{1});
+}
+
 }  // namespace

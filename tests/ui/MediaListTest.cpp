@@ -33,15 +33,27 @@ class MediaListTest : public LibraryTest {
   int folderId = 0;
 };
 
-TEST_F(MediaListTest, RowsShowUserTextsOverTagsRatingsLengthsAndVolumes) {
+// Folder shows where rows come from many folders (a play list, search
+// results), not with a folder's own files; Album is the user's over the
+// tag's, and a track the tag scan never gave shows empty.
+TEST_F(MediaListTest, RowsShowUserTextsOverTagsRatingsLengthsVolumesFoldersAlbumsAndTracks) {
+  Exec("UPDATE MediaFiles SET id3Album='Tag A' WHERE FileID=1;");
+  Exec("UPDATE MediaFiles SET Album='Mine',id3Album='Tag B' WHERE FileID=2;");
+  Exec("INSERT INTO vantrelle_file_stamps(FileID,Track) VALUES (1,4),(3,0);");
   app->List().FillWithFolder(folderId);
-  const Strings folderRows{"1|Song A|Quartet|a.mp3|***       | 4:05|[drive E:]",
-                           "2|Mine|Me|b.mp3|          | 0:59|[drive E:]", "3|||c.mp3|**********|100:00|[drive E:]"};
+  const Strings folderRows{"1|Song A|Quartet|a.mp3|***       | 4:05|[drive E:]|[drive E:] \\Music\\|Tag A|4",
+                           "2|Mine|Me|b.mp3|          | 0:59|[drive E:]|[drive E:] \\Music\\|Mine|",
+                           "3|||c.mp3|**********|100:00|[drive E:]|[drive E:] \\Music\\||"};
   EXPECT_EQ(Rows(), folderRows);
+  EXPECT_TRUE(list.IsColumnHidden(CMediaList::kFolder));
   // A play list's rows come in its order and look the same.
   app->Tree().SelectNode(Node(80000001));
-  EXPECT_EQ(Rows(),
-            (Strings{"4|It's  abc||d.mp3|          |10:00|Jazz 1", folderRows[0], folderRows[1], folderRows[2]}));
+  EXPECT_EQ(Rows(), (Strings{"4|It's  abc||d.mp3|          |10:00|Jazz 1|Jazz 1 \\Disc\\||", folderRows[0],
+                             folderRows[1], folderRows[2]}));
+  EXPECT_FALSE(list.IsColumnHidden(CMediaList::kFolder));
+  app->Tree().SelectNode(Node(folderId));
+  EXPECT_EQ(Search("abc"), Strings{"4"});
+  EXPECT_FALSE(list.IsColumnHidden(CMediaList::kFolder));
 }
 
 TEST_F(MediaListTest, QuickSearchTrimsTrailingBlanksOnlyMatchesLiterallyAndFoldsCase) {
@@ -131,19 +143,47 @@ TEST_F(MediaListTest, HeadingsSortByStarsSecondsAndTextsAndTheSortOutlivesRefill
   EXPECT_TRUE(list.rows[2].selected);  // the selection moves with its row
 }
 
-TEST_F(MediaListTest, ColumnLayoutsRoundTripAndJunkChangesNothing) {
-  list.SetColumnOrder({2, 0, 1, 3, 4, 5});
+TEST_F(MediaListTest, ColumnLayoutsRoundTripOlderLayoutsStillServeAndJunkChangesNothing) {
+  // Album and Track start hidden, as does Folder until rows of many folders show.
+  EXPECT_EQ(platform::SaveColumnLayout(list), "0:100,1:100,2:160,3:86,4:58,5:80,6:200:hidden,7:120:hidden,8:51:hidden");
+  list.SetColumnOrder({2, 0, 1, 3, 4, 5, 6, 7, 8});
   list.SetColumnWidth(2, 190);
+  list.SetColumnHidden(CMediaList::kTrack, false);
   const std::string stored = platform::SaveColumnLayout(list);
-  EXPECT_EQ(stored, "2:190,0:100,1:100,3:86,4:58,5:80");
-  list.SetColumnOrder({0, 1, 2, 3, 4, 5});
-  for (const char* junk : {"", "2:190", "2:190,0:100,1:100,3:86,4:58,4:80", "2:190,0:100,1:100,3:86,4:58,6:80",
-                           "2:9,0:100,1:100,3:86,4:58,5:80", "2:190;0:100,1:100,3:86,4:58,5:80x", "garbage"}) {
+  EXPECT_EQ(stored, "2:190,0:100,1:100,3:86,4:58,5:80,6:200:hidden,7:120:hidden,8:51");
+  list.SetColumnOrder({0, 1, 2, 3, 4, 5, 6, 7, 8});
+  list.SetColumnHidden(CMediaList::kTrack, true);
+  for (const char* junk : {"", "2:190", "2:190,0:100,1:100,3:86,4:58,4:80", "0:100,1:100,2:100,3:86,4:58,6:80",
+                           "2:9,0:100,1:100,3:86,4:58,5:80", "2:190;0:100,1:100,3:86,4:58,5:80x", "0:100,1:100:shown",
+                           "0:100,1:100,2:160,3:86,4:58,5:80,6:200,7:120,8:51,9:50", "garbage"}) {
     EXPECT_FALSE(platform::RestoreColumnLayout(list, junk)) << junk;
-    EXPECT_EQ(list.order, (std::vector<int>{0, 1, 2, 3, 4, 5})) << junk;
+    EXPECT_EQ(list.order, (std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7, 8})) << junk;
   }
   EXPECT_TRUE(platform::RestoreColumnLayout(list, stored));
   EXPECT_EQ(platform::SaveColumnLayout(list), stored);
+  // A layout stored before the list had Folder, Album and Track.
+  EXPECT_TRUE(platform::RestoreColumnLayout(list, "5:90,0:100,1:100,2:160,3:86,4:58"));
+  EXPECT_EQ(list.order, (std::vector<int>{5, 0, 1, 2, 3, 4, 6, 7, 8}));
+  EXPECT_EQ(list.ColumnWidth(5), 90);
+  EXPECT_FALSE(list.IsColumnHidden(CMediaList::kTrack));  // as it was
+  // Fitting leaves hidden columns as they are.
+  list.SetColumnHidden(CMediaList::kAlbum, true);
+  platform::FitColumns(list, 2000);
+  EXPECT_EQ(list.ColumnWidth(CMediaList::kAlbum), 120);
+  EXPECT_GT(list.ColumnWidth(CMediaList::kSong), 100);
+}
+
+// The headings' menu lists the optional columns, checked while shown; a
+// choice shows or hides its column and nothing else.
+TEST_F(MediaListTest, TheHeadingsMenuShowsAndHidesAlbumAndTrack) {
+  for (int choice :
+       {int{CMediaList::kAlbum}, int{CMediaList::kTrack}, int{CMediaList::kAlbum}, int{CMediaList::kFolder}, -9100}) {
+    menu.choice = CMediaList::kToggleColumn + choice;
+    app->List().OnHeaderContextMenu();
+  }
+  EXPECT_EQ(menu.shown[2], (Strings{"[x] Album", "[x] Track"}));
+  EXPECT_EQ(menu.shown[3], (Strings{"[ ] Album", "[x] Track"}));
+  EXPECT_EQ(platform::SaveColumnLayout(list), "0:100,1:100,2:160,3:86,4:58,5:80,6:200:hidden,7:120:hidden,8:51");
 }
 
 }  // namespace
