@@ -160,7 +160,8 @@ class MediaDB {
   // Reads the texts searched on a thread and connection of their own, now
   // and after each large change, so that no search waits for them.
   void ReadSearchTextsAhead();
-  bool SearchTextsReady() const { return searchIndex_.Ready(); }
+  // Whether a search now would wait for the texts being read ahead.
+  bool SearchWouldWait() const { return searchIndex_.WouldWait(); }
   // The rows of the listed files in one statement, in the list's order: an id
   // listed twice gives two rows, an id without a file row none.
   std::vector<MediaListRow> FileListRows(const IdList& fileIds);

@@ -30,9 +30,8 @@ void SearchIndex::Note(const CatalogueChanges& changes) {
   if (pending_.size() + amendedIds_.size() > kMostAmended) AllChanged();
 }
 
-bool SearchIndex::Ready() const {
-  if (coming_.valid()) return coming_.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
-  return !baseStale_;
+bool SearchIndex::WouldWait() const {
+  return coming_.valid() && coming_.wait_for(std::chrono::seconds(0)) != std::future_status::ready;
 }
 
 void SearchIndex::AllChanged() {

@@ -50,8 +50,8 @@ class SearchIndex {
   // The files one of whose texts holds the folded part (not empty), in
   // rising FileID order; reads what it must with readHere and readSome.
   std::vector<std::int32_t> Holding(std::string_view foldedPart, const ReadAll& readHere, const ReadSome& readSome);
-  // Whether a search now would find every text read and current.
-  bool Ready() const;
+  // Whether a search now would wait for the texts being read elsewhere.
+  bool WouldWait() const;
 
  private:
   // Past this many files read one by one, every text is read again.

@@ -5,6 +5,7 @@
 // below RowCount(). Used from the user-interface thread only.
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,22 @@ class ListControl {
   // takes them in one batch.
   virtual void AppendRows(std::vector<AddedRow> rows) {
     for (const AddedRow& row : rows) AppendRow(row.texts, row.value);
+  }
+  // The texts of the rows carrying these values, one entry per value in
+  // order; none at all when they cannot be read now (asked again later).
+  using RowTextSource = std::function<std::vector<std::vector<std::string>>(const std::vector<std::int32_t>& values)>;
+  // Appends a row for each value, whose texts are asked of the source when
+  // first needed: a list that can asks only for the rows that come into view
+  // (or are read), a page at a time; this one asks at once. The source must
+  // answer for these values as long as the rows stand.
+  virtual void AppendRowsByValue(const std::vector<std::int32_t>& values, RowTextSource source) {
+    std::vector<std::vector<std::string>> texts = source(values);
+    std::vector<AddedRow> rows(values.size());
+    for (std::size_t i = 0; i < values.size(); ++i) {
+      if (i < texts.size()) rows[i].texts = std::move(texts[i]);
+      rows[i].value = values[i];
+    }
+    AppendRows(std::move(rows));
   }
   // Puts new texts into a row, as AppendRow takes them; its value stays.
   virtual void SetRowTexts(int row, const std::vector<std::string>& texts) = 0;

@@ -53,7 +53,6 @@ void RunMainWindow(CLibraryApp& app, QtMessageBox& messages, bool refused) {
       playback.UseRunner(nullptr);
     }
   } inlineAgain{app.Playback()};
-  app.Db().ReadSearchTextsAhead();  // so that no typed search waits for them
   window.Start();
   if (refused) {
     window.close();

@@ -154,6 +154,7 @@ void MainWindow::CreateControls() {
     QWidget* widget = nullptr;
     if (control.id == CMainDlg::kFindField) {
       findField_ = new QLineEdit(this);
+      connect(findField_, &QLineEdit::textEdited, this, [this] { logic_->OnFindTextEdited(); });
       widget = findField_;
     } else {
       auto* button = new QPushButton(QString::fromUtf8(control.label), this);
@@ -195,6 +196,9 @@ void MainWindow::CreateStrip() {
   poll_ = new QTimer(this);
   poll_->setInterval(kPollMs);
   connect(poll_, &QTimer::timeout, this, [this] { logic_->OnPlayerTick(); });
+  searchPause_ = new QTimer(this);
+  searchPause_->setSingleShot(true);
+  connect(searchPause_, &QTimer::timeout, this, [this] { logic_->OnSearchPause(); });
 }
 
 // Headings sort, the last column takes the free width, rows drag out as files.
@@ -306,6 +310,10 @@ int MainWindow::LayoutHeight() const { return std::max(height() - strip_->Prefer
 void MainWindow::ShowNowPlaying(const NowPlayingStrip& strip) { strip_->Show(strip); }
 
 void MainWindow::ShowVolume(int level) { strip_->ShowVolume(level); }
+
+void MainWindow::WaitForSearchPause(int milliseconds) { searchPause_->start(milliseconds); }
+
+void MainWindow::StopSearchPause() { searchPause_->stop(); }
 
 void MainWindow::PollPlayer(bool on) {
   if (on)

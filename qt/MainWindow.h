@@ -100,6 +100,8 @@ class MainWindow final : public QWidget, private MainWindowView {
   void ShowNowPlaying(const NowPlayingStrip& strip) override;
   void ShowVolume(int level) override;
   void PollPlayer(bool on) override;
+  void WaitForSearchPause(int milliseconds) override;
+  void StopSearchPause() override;
   void FocusFindField() override;
   // The height above the strip, which takes the bottom of the window.
   int LayoutHeight() const;
@@ -114,6 +116,7 @@ class MainWindow final : public QWidget, private MainWindowView {
   WindowStacking* stacking_ = nullptr;  // a child of the window
   NowPlayingBar* strip_ = nullptr;
   QTimer* poll_ = nullptr;
+  QTimer* searchPause_ = nullptr;
   std::map<int, QWidget*> controls_;  // by CMainDlg command
   std::unique_ptr<QtPopupMenu> menu_;
   std::unique_ptr<ScanCommands> scans_;

@@ -49,6 +49,10 @@ void QtListControl::AppendRows(std::vector<AddedRow> rows) {
   for (AddedRow& row : rows) model_->AppendRow(std::move(row.texts), row.value);
 }
 
+void QtListControl::AppendRowsByValue(const std::vector<std::int32_t>& values, RowTextSource source) {
+  model_->AppendByValue(values, std::move(source));
+}
+
 void QtListControl::SetRowTexts(int row, const std::vector<std::string>& texts) { model_->SetTexts(row, texts); }
 
 void QtListControl::DeleteRow(int row) { model_->RemoveRow(row); }

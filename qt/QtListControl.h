@@ -46,6 +46,7 @@ class QtListControl final : public QTableView, public platform::ListControl {
   void InsertColumn(int column, const std::string& heading, int width) override;
   int AppendRow(const std::vector<std::string>& texts, std::int32_t value) override;
   void AppendRows(std::vector<AddedRow> rows) override;
+  void AppendRowsByValue(const std::vector<std::int32_t>& values, RowTextSource source) override;
   void SetRowTexts(int row, const std::vector<std::string>& texts) override;
   void DeleteRow(int row) override;
   void DeleteAllRows() override;

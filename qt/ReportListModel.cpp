@@ -11,7 +11,8 @@ void ReportListModel::InsertColumn(int column, const std::string& heading) {
   const int at = std::clamp(column, 0, columnCount());
   beginInsertColumns({}, at, at);
   headings_.insert(headings_.begin() + at, heading);
-  for (Row& row : rows_) row.texts.insert(row.texts.begin() + at, std::string());
+  for (Row& row : rows_)
+    if (row.filled) row.texts.insert(row.texts.begin() + at, std::string());
   endInsertColumns();
 }
 
@@ -23,6 +24,43 @@ int ReportListModel::AppendRow(std::vector<std::string> texts, std::int32_t valu
     QMetaObject::invokeMethod(this, &ReportListModel::Flush, Qt::QueuedConnection);
   }
   return static_cast<int>(rows_.size() + appended_.size()) - 1;
+}
+
+void ReportListModel::AppendByValue(const std::vector<std::int32_t>& values, TextSource source) {
+  Flush();
+  source_ = std::move(source);
+  if (values.empty()) return;
+  const int first = rowCount();
+  beginInsertRows({}, first, first + static_cast<int>(values.size()) - 1);
+  rows_.reserve(rows_.size() + values.size());
+  for (std::int32_t value : values) rows_.push_back(Row{{}, value, false});
+  endInsertRows();
+}
+
+namespace {
+
+// Rows read from the source at once: a view's worth and more.
+constexpr std::size_t kPage = 256;
+
+}  // namespace
+
+void ReportListModel::FillFrom(int row) const {
+  if (!source_) return;
+  std::vector<std::size_t> at;
+  std::vector<std::int32_t> values;
+  for (auto i = static_cast<std::size_t>(row); i < rows_.size() && values.size() < kPage; ++i)
+    if (!rows_[i].filled) {
+      at.push_back(i);
+      values.push_back(rows_[i].value);
+    }
+  std::vector<std::vector<std::string>> texts = source_(values);
+  if (texts.size() != values.size()) return;  // not now: shown empty, asked again
+  for (std::size_t k = 0; k < at.size(); ++k) {
+    Row& filled = rows_[at[k]];
+    filled.texts = std::move(texts[k]);
+    filled.texts.resize(headings_.size());
+    filled.filled = true;
+  }
 }
 
 void ReportListModel::Flush() {
@@ -38,7 +76,9 @@ void ReportListModel::Flush() {
 void ReportListModel::SetTexts(int row, std::vector<std::string> texts) {
   Flush();
   texts.resize(headings_.size());
-  rows_.at(static_cast<std::size_t>(row)).texts = std::move(texts);
+  Row& changed = rows_.at(static_cast<std::size_t>(row));
+  changed.texts = std::move(texts);
+  changed.filled = true;
   emit dataChanged(index(row, 0), index(row, columnCount() - 1), {Qt::DisplayRole});
 }
 
@@ -51,6 +91,7 @@ void ReportListModel::RemoveRow(int row) {
 
 void ReportListModel::RemoveAllRows() {
   appended_.clear();
+  source_ = nullptr;
   if (rows_.empty()) return;
   beginResetModel();
   rows_.clear();
@@ -81,7 +122,10 @@ void ReportListModel::Reorder(const std::vector<int>& order) {
 }
 
 const std::string& ReportListModel::Text(int row, int column) const {
-  return rows_.at(static_cast<std::size_t>(row)).texts.at(static_cast<std::size_t>(column));
+  static const std::string kNotRead;
+  if (!rows_.at(static_cast<std::size_t>(row)).filled) FillFrom(row);
+  const Row& shown = rows_[static_cast<std::size_t>(row)];
+  return shown.filled ? shown.texts.at(static_cast<std::size_t>(column)) : kNotRead;
 }
 
 int ReportListModel::rowCount(const QModelIndex& parent) const {

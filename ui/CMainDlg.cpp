@@ -63,6 +63,7 @@ CMainDlg::~CMainDlg() {
 }
 
 void CMainDlg::OnInitDialog() {
+  parts_.catalogue.ReadSearchTextsAhead();  // so that no typed search waits for them
   view_.AttachToolTips(kControls);
   parts_.tree.Bind(parts_.treeControls);
   parts_.list.Bind(parts_.listControls);
@@ -242,7 +243,11 @@ void CMainDlg::OnKeyDown(const WindowMessage& message) {
       if (controlHeld_) view_.FocusFindField();
       break;
     case KeyCode::Escape:
-      if (inFindField) view_.SetFindText("");
+      // Esc empties the field, and so the list that follows it.
+      if (inFindField && !view_.FindText().empty()) {
+        view_.SetFindText("");
+        Search();
+      }
       break;
     case KeyCode::Control:
       controlHeld_ = true;
@@ -312,7 +317,17 @@ void CMainDlg::TogglePlayList() {
   view_.RaisePlayList();
 }
 
+void CMainDlg::OnFindTextEdited() { view_.WaitForSearchPause(kSearchPauseMs); }
+
+// The texts searched are read on a thread at start and after large changes;
+// a typed search waits for them without holding up the window.
+void CMainDlg::OnSearchPause() {
+  if (parts_.catalogue.SearchWouldWait()) return view_.WaitForSearchPause(kSearchPauseMs);
+  Search();
+}
+
 void CMainDlg::Search() {
+  view_.StopSearchPause();
   QuickSearch(parts_.tree, parts_.list, view_.FindText());
   view_.SetStatusLine(Counted(parts_.list.RowCount(), "file found.", "files found."));
 }

@@ -30,7 +30,7 @@ class FolderPicker;
 
 // What the window works with; all must outlive it.
 struct MainWindowParts {
-  MediaDB& catalogue;  // its change event refreshes the now-playing strip
+  MediaDB& catalogue;  // its change event refreshes the now-playing strip; searched
   CLibraryTree& tree;
   CMediaList& list;
   LibraryTreeControls treeControls;
@@ -106,6 +106,11 @@ class CMainDlg {
   // A click on a heading of the media list sorts by that column.
   void OnListHeaderClicked(int column);
   void OnListHeaderContextMenu();
+  // The user changed the Find field's text: the list follows it once the
+  // typing pauses (kSearchPauseMs); Enter and "Go" search at once.
+  void OnFindTextEdited();
+  void OnSearchPause();
+  static constexpr int kSearchPauseMs = 150;
   // The strip: about four times a second while a file is open; the pause
   // button; the seek slider let go at ms; the volume slider at 0 to 1000.
   void OnPlayerTick();

@@ -202,15 +202,33 @@ void CMediaList::FillWithPlayList(int playListId) {
   const auto playList = db_.GetPlayList(playListId);
   if (!playList) return;
   ShowFolderColumn(true);
-  for (const MediaListRow& row : db_.FileListRows(ParseIdList(playList->FileIDs))) AppendRow(row);
+  // Ids without a file row are passed over.
+  AppendRowsOf(db_.ExistingFileIds(ParseIdList(playList->FileIDs)));
   ApplySort();
 }
 
 void CMediaList::FillWithSearch(const std::string& text) {
   ShowFolderColumn(true);
-  for (const MediaListRow& row : db_.SearchListRows(text)) AppendRow(row);
+  AppendRowsOf(db_.SearchFileIds(text));
   shownSearch_ = text;
   ApplySort();
+}
+
+// A list of any length shows at once: its rows' texts are read as they come
+// into view.
+void CMediaList::AppendRowsOf(const IdList& fileIds) {
+  controls_->list.AppendRowsByValue(fileIds, [this](const IdList& ids) { return TextsOf(ids); });
+}
+
+std::vector<std::vector<std::string>> CMediaList::TextsOf(const IdList& fileIds) const {
+  if (db_.HeldByWorker()) return {};  // asked again once the worker is done
+  const std::vector<MediaListRow> rows = db_.FileListRows(fileIds);
+  std::unordered_map<std::int32_t, const MediaListRow*> byId;
+  for (const MediaListRow& row : rows) byId.emplace(row.FileID, &row);
+  std::vector<std::vector<std::string>> texts(fileIds.size());
+  for (std::size_t i = 0; i < fileIds.size(); ++i)
+    if (const auto found = byId.find(fileIds[i]); found != byId.end()) texts[i] = RowTexts(*found->second);
+  return texts;
 }
 
 void CMediaList::SelectAll() { controls_->list.SelectAll(); }

@@ -141,6 +141,10 @@ class CMediaList {
 
  private:
   void AppendRow(const MediaListRow& row);
+  void AppendRowsOf(const IdList& fileIds);
+  // The rows' texts of the files, one entry per id (empty for a file gone);
+  // none while a worker holds the catalogue.
+  std::vector<std::vector<std::string>> TextsOf(const IdList& fileIds) const;
   void ShowFolderColumn(bool show);
   void ShowFirstSelectedInLibrary();
   void ApplySort();

@@ -109,4 +109,8 @@ class MainWindowView {
   virtual void PollPlayer(bool /*on*/) {}
   // Puts the cursor into the Find field.
   virtual void FocusFindField() {}
+  // Calls CMainDlg::OnSearchPause once, milliseconds from now; a second
+  // call before then starts the wait again. Stop takes a waiting call back.
+  virtual void WaitForSearchPause(int /*milliseconds*/) {}
+  virtual void StopSearchPause() {}
 };

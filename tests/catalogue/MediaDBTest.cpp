@@ -168,13 +168,13 @@ TEST_F(CatalogueTest, TextsReadAheadFollowSmallAndLargeChanges) {
   const int a = AddFile(path, "Alpha.mp3");
   db.ReadSearchTextsAhead();
   EXPECT_EQ(db.SearchFileIds("alpha"), IdList{a});
-  EXPECT_TRUE(db.SearchTextsReady());
+  EXPECT_FALSE(db.SearchWouldWait());
   auto file = db.GetFile(a);
   file->Title = "Omega";
   db.UpdateFileUserInfo(*file);
   EXPECT_EQ(db.SearchFileIds("omega"), IdList{a});
   db.SetConfig(9999, "nothing searched", true);  // a change elsewhere keeps the texts
-  EXPECT_TRUE(db.SearchTextsReady());
+  EXPECT_FALSE(db.SearchWouldWait());
 
   const int other = AddVolume("2", 3);
   const int otherPath = AddPath(other, "\\");

@@ -88,15 +88,23 @@ TEST_F(CataloguedDesktopTest, FileInfoEditsTheTitleAndTheRating) {
   EXPECT_EQ(List().RowText(0, 3), "***       ");
 }
 
-// Enter in the Find field searches the whole library; Esc empties it.
-TEST_F(CataloguedDesktopTest, FindSearchesTheWholeLibraryAndEscEmptiesTheField) {
+// The list follows the Find field once typing pauses, through the whole
+// library; Enter searches at once; Esc empties the field and the list.
+TEST_F(CataloguedDesktopTest, FindSearchesAsYouTypeAndEscEmptiesTheField) {
+  QTest::keyClicks(&window->FindField(), "VORB");
+  EXPECT_FALSE(Node("Search Results")->font(0).bold());  // not before the pause
+  EXPECT_EVENTUALLY(Column(List(), 2) == Strings{"vorbis.ogg"});
+  EXPECT_TRUE(Node("Search Results")->font(0).bold());
+  EXPECT_EQ(window->StatusLine().text(), "1 file found.");
+
+  window->FindField().clear();
   QTest::keyClicks(&window->FindField(), "o ");
   QTest::keyClick(&window->FindField(), Qt::Key_Return);
   EXPECT_EQ(Column(List(), 2, true), (Strings{"SONG.MP3", "id3v1.mp3", "vorbis.ogg"}));
   EXPECT_EQ(window->StatusLine().text(), "3 files found.");
-  EXPECT_TRUE(Node("Search Results")->font(0).bold());
   QTest::keyClick(&window->FindField(), Qt::Key_Escape);
   EXPECT_EQ(window->FindField().text(), "");
+  EXPECT_EQ(List().RowCount(), 0);
   EXPECT_TRUE(window->isVisible());
 }
 
