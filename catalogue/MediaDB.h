@@ -148,7 +148,12 @@ class MediaDB {
   // them by ParentID itself), every play list and a folder's files.
   std::vector<CMediaVolume> GetVolumesOfType(int volType);
   std::vector<PathNodeRow> GetPathNodeRows();
+  // The folder's row and those of the folders above it; none for a folder
+  // that is not there.
+  std::vector<PathNodeRow> GetPathNodeRowsUpFrom(int pathId);
   std::vector<CPlayList> GetPlayLists();
+  // The play lists without their files (FileIDs left empty).
+  std::vector<CPlayList> GetPlayListNames();
   std::vector<MediaListRow> GetFolderListRows(int pathId);
   // The files whose name, titles or artists hold the text as people spell
   // it (letter case, accents and widths aside: CaseFold), "%", "_" and "\\"

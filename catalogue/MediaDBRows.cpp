@@ -132,6 +132,24 @@ std::vector<PathNodeRow> MediaDB::GetPathNodeRows() {
   return QueryRows<PathNodeRow>("SELECT PathID,ParentID,VolID,Name FROM MediaPaths;");
 }
 
+std::vector<PathNodeRow> MediaDB::GetPathNodeRowsUpFrom(int pathId) {
+  // A loop of ParentIDs (a hand-edited catalogue) ends at a folder met before.
+  std::vector<PathNodeRow> chain;
+  std::unordered_set<int> seen;
+  for (int id = pathId; id != -1 && seen.insert(id).second;) {
+    std::vector<PathNodeRow> row =
+        QueryRows<PathNodeRow>("SELECT PathID,ParentID,VolID,Name FROM MediaPaths WHERE PathID=%d;", id);
+    if (row.empty()) break;
+    id = row.front().ParentID;
+    chain.push_back(std::move(row.front()));
+  }
+  return chain;
+}
+
+std::vector<CPlayList> MediaDB::GetPlayListNames() {
+  return QueryRows<CPlayList>("SELECT PlayListID,Name,'' AS FileIDs FROM PlayLists;");
+}
+
 std::vector<CPlayList> MediaDB::GetPlayLists() { return QueryRows<CPlayList>("SELECT * FROM PlayLists;"); }
 
 std::vector<MediaListRow> MediaDB::GetFolderListRows(int pathId) {

@@ -16,7 +16,7 @@ ListCommand::ListCommand(CommandArguments& parent)
     : NodeCommand(parent, "list", "Print the files of a folder or a play list", {"folder", "playlist"}) {}
 
 int ListCommand::Run(CLibraryApp& app, std::FILE* out) {
-  ConsoleLibraryWindow window(app);
+  ConsoleLibraryWindow window(app, kind_ == "folder" ? id_ : -1);
   window.Select(window.Node(kind_, id_));
   window.PrintList(out);
   return 0;
@@ -30,7 +30,7 @@ SearchCommand::SearchCommand(CommandArguments& parent)
 bool SearchCommand::Chosen() const { return command_.Chosen(); }
 
 int SearchCommand::Run(CLibraryApp& app, std::FILE* out) {
-  ConsoleLibraryWindow window(app);
+  ConsoleLibraryWindow window(app, -1);
   window.Search(text_);
   window.PrintList(out);
   window.PrintFound(out);

@@ -8,14 +8,17 @@
 #include "ui/NodeValue.h"
 #include "ui/QuickSearch.h"
 
-ConsoleLibraryWindow::ConsoleLibraryWindow(CLibraryApp& app)
+ConsoleLibraryWindow::ConsoleLibraryWindow(CLibraryApp& app, int towardPathId)
     : app_(app),
       scanDialog_(app.Platform().messages, stderr, isatty(STDERR_FILENO) == 1),
       scans_(app.Scanner(), app.Drives(), app.Settings(), picker_, scanDialog_) {
   app.Tree().Bind({tree_, *this, *this, scans_, filePicker_});
   app.List().Bind({list_, *this, *this});
   app.List().CreateColumns();
-  app.Tree().Rebuild();
+  if (towardPathId == kWholeTree)
+    app.Tree().Rebuild();
+  else
+    app.Tree().RebuildToward(towardPathId);
 }
 
 ConsoleLibraryWindow::~ConsoleLibraryWindow() {

@@ -25,8 +25,11 @@ class CLibraryApp;
 
 class ConsoleLibraryWindow : private platform::PopupMenu, private VolumeInfoView, private FileInfoView {
  public:
-  // Binds the application's tree and list and builds the tree.
-  explicit ConsoleLibraryWindow(CLibraryApp& app);
+  static constexpr int kWholeTree = -2;
+  // Binds the application's tree and list and builds the tree: whole, or
+  // with only the folder towardPathId and those above it (-1: no folder),
+  // for a command about one node, whose cost should not grow with the library.
+  explicit ConsoleLibraryWindow(CLibraryApp& app, int towardPathId = kWholeTree);
   // Unbinds them again: the controls go with this window.
   ~ConsoleLibraryWindow() override;
   ConsoleLibraryWindow(const ConsoleLibraryWindow&) = delete;

@@ -81,10 +81,14 @@ void CLibraryTree::Clear() {
   current_ = kNoItem;
 }
 
-void CLibraryTree::Rebuild() {
+void CLibraryTree::Rebuild() { BuildWith(db_.GetPathNodeRows()); }
+
+void CLibraryTree::RebuildToward(int pathId) { BuildWith(db_.GetPathNodeRowsUpFrom(pathId)); }
+
+void CLibraryTree::BuildWith(std::vector<PathNodeRow> folderRows) {
   Clear();
   BuildRoots();
-  const FolderIndex folders(db_.GetPathNodeRows());
+  const FolderIndex folders(std::move(folderRows));
   const int volumes =
       AddVolumesOfType(platform::kDriveCdRom, folders) + AddVolumesOfType(platform::kDriveFixed, folders);
   AddPlayLists();
@@ -176,7 +180,7 @@ void CLibraryTree::AddFolders(TreeItem parent, std::span<const PathNodeRow* cons
 }
 
 void CLibraryTree::AddPlayLists() {
-  for (const CPlayList& playList : db_.GetPlayLists())
+  for (const CPlayList& playList : db_.GetPlayListNames())
     Insert(playLists_, ShownPlayListName(playList.Name), NodeKind::PlayList, playList.PlayListID);
 }
 

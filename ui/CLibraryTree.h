@@ -74,6 +74,10 @@ class CLibraryTree {
   void Clear();
   // The whole tree (and the list's start hint while no volume shows) from the catalogue, in its default expansion.
   void Rebuild();
+  // The tree as Rebuild makes it, but of the folders only the one given and
+  // those above it (none for -1): enough to select it, at a cost that does
+  // not grow with the library. For a one-off look (the console's).
+  void RebuildToward(int pathId);
   // Rebuild, then the nodes that were expanded and still exist expanded
   // again, and the selected node (or, when it is gone, its nearest remaining
   // ancestor) selected, scrolled into view and shown in the list. Nodes are
@@ -134,6 +138,7 @@ class CLibraryTree {
   void SelectFirstFound(const Place& place, const std::unordered_map<std::int32_t, TreeItem>& byValue);
 
   void BuildRoots();
+  void BuildWith(std::vector<PathNodeRow> folderRows);
   // Returns the number of volumes added.
   int AddVolumesOfType(int volType, const FolderIndex& folders);
   void AddFolders(TreeItem parent, std::span<const PathNodeRow* const> folders, const FolderIndex& index);
