@@ -4,6 +4,7 @@
 #include <unicode/uchar.h>
 #include <unicode/unistr.h>
 
+#include <array>
 #include <stdexcept>
 
 #include "base/Utf8.h"
@@ -46,36 +47,50 @@ std::string CaseFold::Fold(std::string_view text) const {
   return folded;
 }
 
-// Runs of valid UTF-8 fold as a whole, so that a combining mark meets the
-// letter before it; a byte that is no valid UTF-8 ends the run and is kept.
+// Case folding and compatibility decomposition map each code point on its
+// own, and once the text is decomposed and stripped of its marks nothing of
+// the composition between neighbours is left; so code points fold one at a
+// time. Those of one and two UTF-8 bytes (Latin, Greek, Cyrillic and more,
+// and the combining accents) fold through a table made once; longer ones go
+// through ICU a run at a time. A byte that is no valid UTF-8 is kept.
 void CaseFold::AppendFolded(std::string_view text, std::string& out) const {
-  std::size_t runStart = 0;
-  bool runAboveAscii = false;
-  const auto endRun = [&](std::size_t end) {
-    const std::string_view run = text.substr(runStart, end - runStart);
-    if (runAboveAscii) {
-      AppendFoldedUnicode(run, out);
-    } else {
-      for (char c : run) out += AsciiFold(c);
-    }
-    runAboveAscii = false;
-  };
+  const std::array<std::string, kTabled>& table = TwoByteTable();
   for (std::size_t i = 0; i < text.size();) {
-    if (static_cast<unsigned char>(text[i]) < 0x80) {
+    const char lead = text[i];
+    if (static_cast<unsigned char>(lead) < 0x80) {
+      out += AsciiFold(lead);
       ++i;
       continue;
     }
     char32_t c = 0;
-    if (const std::size_t length = DecodeUtf8At(text, i, c); length > 0) {
-      runAboveAscii = true;
+    std::size_t length = DecodeUtf8At(text, i, c);
+    if (length == 0) {
+      out += lead;
+      ++i;
+      continue;
+    }
+    if (c < kTabled) {
+      out += table[c];
       i += length;
       continue;
     }
-    endRun(i);
-    out += text[i];
-    runStart = ++i;
+    const std::size_t runStart = i;
+    while (length > 0 && c >= kTabled) {
+      i += length;
+      length = i < text.size() ? DecodeUtf8At(text, i, c) : 0;
+    }
+    AppendFoldedUnicode(text.substr(runStart, i - runStart), out);
   }
-  endRun(text.size());
+}
+
+const std::array<std::string, CaseFold::kTabled>& CaseFold::TwoByteTable() const {
+  // Made once for the process, from the same rules as the longer code points.
+  static const std::array<std::string, kTabled> table = [this] {
+    std::array<std::string, kTabled> made;
+    for (char32_t c = 0x80; c < kTabled; ++c) AppendFoldedUnicode(Utf8Of(c), made[c]);
+    return made;
+  }();
+  return table;
 }
 
 void CaseFold::AppendFoldedUnicode(std::string_view run, std::string& out) const {

@@ -13,6 +13,7 @@
 
 #include <unicode/uversion.h>
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -31,8 +32,12 @@ class CaseFold {
   void AppendFolded(std::string_view text, std::string& out) const;
 
  private:
-  // A run of valid UTF-8 that holds bytes above ASCII.
+  // Code points below this fold through a table.
+  static constexpr char32_t kTabled = 0x800;
+
+  // A run of valid UTF-8, through ICU.
   void AppendFoldedUnicode(std::string_view run, std::string& out) const;
+  const std::array<std::string, kTabled>& TwoByteTable() const;
 
   const icu::Normalizer2* caseFold_ = nullptr;
   const icu::Normalizer2* decompose_ = nullptr;
