@@ -58,8 +58,13 @@ void CaseFold::AppendFolded(std::string_view text, std::string& out) const {
   for (std::size_t i = 0; i < text.size();) {
     const char lead = text[i];
     if (static_cast<unsigned char>(lead) < 0x80) {
-      out += AsciiFold(lead);
-      ++i;
+      // A run of ASCII is copied whole and folded in place.
+      std::size_t end = i + 1;
+      while (end < text.size() && static_cast<unsigned char>(text[end]) < 0x80) ++end;
+      const std::size_t at = out.size();
+      out.append(text, i, end - i);
+      for (auto c = out.begin() + static_cast<std::ptrdiff_t>(at); c != out.end(); ++c) *c = AsciiFold(*c);
+      i = end;
       continue;
     }
     char32_t c = 0;

@@ -29,15 +29,21 @@ std::string FileUri(const char* path) {
 
 }  // namespace
 
-void CppSQLite3Database::Open(const char* path) { Connect(sqlite3_open(path, &connection_)); }
+// A connection is used by one thread at a time (the catalogue is lent to a
+// worker whole), so SQLite need not lock it around every call.
+void CppSQLite3Database::Open(const char* path) {
+  Connect(
+      sqlite3_open_v2(path, &connection_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr));
+}
 
 void CppSQLite3Database::OpenImmutable(const char* path) {
   const std::string uri = FileUri(path) + "?immutable=1";
-  Connect(sqlite3_open_v2(uri.c_str(), &connection_, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr));
+  Connect(sqlite3_open_v2(uri.c_str(), &connection_, SQLITE_OPEN_READONLY | SQLITE_OPEN_URI | SQLITE_OPEN_NOMUTEX,
+                          nullptr));
 }
 
 void CppSQLite3Database::OpenReadOnly(const char* path) {
-  Connect(sqlite3_open_v2(path, &connection_, SQLITE_OPEN_READONLY, nullptr));
+  Connect(sqlite3_open_v2(path, &connection_, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr));
 }
 
 bool CppSQLite3Database::IsReadOnly() const { return connection_ && sqlite3_db_readonly(connection_, "main") == 1; }

@@ -112,14 +112,20 @@ bool CppSQLite3ResultSet::FieldIsNull(int index) const { return FieldType(index)
 
 bool CppSQLite3ResultSet::FieldIsNull(const char* name) const { return FieldIsNull(FieldIndex(name)); }
 
+// An integer is taken as it is stored; any other value as its text reads,
+// up to the first character that is no digit.
 int CppSQLite3ResultSet::FieldInt(int index, int nullValue) const {
-  if (FieldIsNull(index)) return nullValue;
+  const int type = FieldType(index);
+  if (type == SQLITE_NULL) return nullValue;
+  if (type == SQLITE_INTEGER) return static_cast<int>(sqlite3_column_int64(statement_, index));
   const char* text = FieldText(index);
   return text ? std::atoi(text) : 0;
 }
 
 std::int64_t CppSQLite3ResultSet::FieldInt64(int index, std::int64_t nullValue) const {
-  if (FieldIsNull(index)) return nullValue;
+  const int type = FieldType(index);
+  if (type == SQLITE_NULL) return nullValue;
+  if (type == SQLITE_INTEGER) return sqlite3_column_int64(statement_, index);
   const char* text = FieldText(index);
   return text ? std::strtoll(text, nullptr, 10) : 0;
 }
