@@ -2,6 +2,9 @@
 // volume, and what the tree and the list show.
 #include <algorithm>
 #include <functional>
+#include <future>
+#include <limits>
+#include <thread>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -198,17 +201,21 @@ void AddSearchTexts(const CppSQLite3ResultSet& row, SearchTexts& texts, const Ca
             {row.FieldBytes(1), row.FieldBytes(2), row.FieldBytes(3), row.FieldBytes(4), row.FieldBytes(5)}, fold);
 }
 
-// Every file's texts through the connection; none when cancelled.
-SearchIndex::Texts ReadEveryText(CppSQLite3Database& db, const std::atomic<bool>& cancel) {
+// The texts of the files with ids from first up to (not with) last, through
+// the connection; none when cancelled.
+std::shared_ptr<SearchTexts> ReadTexts(CppSQLite3Database& db, const std::atomic<bool>& cancel, std::int64_t first,
+                                       std::int64_t last) {
   const CaseFold fold;
   auto texts = std::make_shared<SearchTexts>();
+  const std::string range = " WHERE FileID>=" + std::to_string(first) + " AND FileID<" + std::to_string(last);
+  const std::string select = kSearchTexts + range;
   {
-    const CppSQLite3ResultSet count = db.ExecuteQuery("SELECT count(*) FROM MediaFiles;");
+    const CppSQLite3ResultSet count = db.ExecuteQuery(("SELECT count(*) FROM MediaFiles" + range + ";").c_str());
     // A name, a title and an artist (non-Latin letters take two bytes or
     // three) and five zero bytes: about 64 bytes a file.
     texts->Reserve(static_cast<std::size_t>(std::max(0, count.FieldInt(0, 0))), 64);
   }
-  CppSQLite3ResultSet row = db.ExecuteQuery((std::string(kSearchTexts) + " ORDER BY FileID;").c_str());
+  CppSQLite3ResultSet row = db.ExecuteQuery((select + " ORDER BY FileID;").c_str());
   for (; !row.AtEnd(); row.NextRow()) {
     if (cancel) return {};
     AddSearchTexts(row, *texts, fold);
@@ -216,11 +223,56 @@ SearchIndex::Texts ReadEveryText(CppSQLite3Database& db, const std::atomic<bool>
   return texts;
 }
 
+// Below this many files one thread reads them all.
+constexpr std::int64_t kFilesForParts = 50000;
+
+// Every file's texts, read and folded in parts by id, each part on a thread
+// and connection of its own (one per core), then put together in id order.
+// A part that cannot be read is thrown; none when cancelled.
+SearchIndex::Texts ReadTextsInParts(const std::string& path, const std::atomic<bool>& cancel) {
+  CppSQLite3Database first;
+  first.OpenReadOnly(path.c_str());
+  std::int64_t lowest = 0, highest = 0;
+  {
+    const CppSQLite3ResultSet ids = first.ExecuteQuery("SELECT min(FileID),max(FileID),count(*) FROM MediaFiles;");
+    lowest = ids.FieldInt64(0, 0);
+    highest = ids.FieldInt64(1, 0) + 1;
+    if (ids.FieldInt64(2, 0) < kFilesForParts) return ReadTexts(first, cancel, lowest, highest);
+  }
+  const std::int64_t parts = std::clamp<std::int64_t>(std::thread::hardware_concurrency(), 1, 4);
+  const std::int64_t step = (highest - lowest + parts - 1) / parts;
+  std::vector<std::future<std::shared_ptr<SearchTexts>>> others;
+  for (std::int64_t part = 1; part < parts; ++part)
+    others.push_back(std::async(std::launch::async, [&path, &cancel, from = lowest + part * step, step] {
+      CppSQLite3Database own;
+      own.OpenReadOnly(path.c_str());
+      return ReadTexts(own, cancel, from, from + step);
+    }));
+  std::shared_ptr<SearchTexts> joined = ReadTexts(first, cancel, lowest, lowest + step);
+  std::vector<std::shared_ptr<SearchTexts>> rest;
+  for (auto& other : others) rest.push_back(other.get());  // waits for all, and throws what a part threw
+  if (!joined) return {};
+  for (const auto& part : rest) {
+    if (!part) return {};
+    joined->Append(*part);
+  }
+  return joined;
+}
+
 }  // namespace
 
+// In parts on their own connections where the catalogue allows it (a file
+// opened for reading only may not show a second connection all it holds);
+// else, or when that fails, on the catalogue's own connection.
 SearchIndex::Texts MediaDB::ReadSearchTexts(const std::atomic<bool>& cancel) {
+  if (!IsReadOnly()) {
+    try {
+      return ReadTextsInParts(path_, cancel);
+    } catch (const CppSQLite3Exception&) {
+    }
+  }
   try {
-    return ReadEveryText(db_, cancel);
+    return ReadTexts(db_, cancel, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int64_t>::max());
   } catch (const CppSQLite3Exception& failure) {
     EndOnFailure(failure);
   }
@@ -244,9 +296,7 @@ void MediaDB::ReadSearchTextsAhead() {
   if (!db_.IsOpen() || IsReadOnly() || !WriteAheadLogged()) return;
   searchIndex_.ReadAhead([path = path_](const std::atomic<bool>& cancel) -> SearchIndex::Texts {
     try {
-      CppSQLite3Database own;
-      own.OpenReadOnly(path.c_str());
-      return ReadEveryText(own, cancel);
+      return ReadTextsInParts(path, cancel);
     } catch (const CppSQLite3Exception&) {
       return {};  // read by the search itself, whose failures are reported
     }

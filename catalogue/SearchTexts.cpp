@@ -26,6 +26,13 @@ void SearchTexts::Add(std::int32_t fileId, std::initializer_list<std::string_vie
   }
 }
 
+void SearchTexts::Append(const SearchTexts& other) {
+  const auto offset = static_cast<std::uint32_t>(texts_.size());
+  ids_.insert(ids_.end(), other.ids_.begin(), other.ids_.end());
+  for (std::uint32_t start : other.starts_) starts_.push_back(start + offset);
+  texts_ += other.texts_;
+}
+
 std::vector<std::int32_t> SearchTexts::Holding(std::string_view foldedPart) const {
   std::vector<std::int32_t> found;
   const char* const begin = texts_.data();

@@ -25,6 +25,8 @@ class SearchTexts {
   void Reserve(std::size_t files, std::size_t bytesEach);
   // Files must come in rising FileID order. A null text is passed as empty.
   void Add(std::int32_t fileId, std::initializer_list<std::string_view> texts, const CaseFold& fold);
+  // Adds the other's files after these; its ids must all be higher.
+  void Append(const SearchTexts& other);
   // The files one of whose texts holds the folded part (Fold's result, not
   // empty and without zero bytes), in the order they were added.
   std::vector<std::int32_t> Holding(std::string_view foldedPart) const;

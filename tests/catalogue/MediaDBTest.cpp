@@ -159,6 +159,23 @@ TEST_F(CatalogueTest, SearchFindsWhatPeopleTypeAndSeesEveryChange) {
   EXPECT_EQ(search("łódź"), (IdList{b, c}));
 }
 
+// A large catalogue is read in parts, one per core, each on a connection of
+// its own; put together, they find what one reading finds, in FileID order.
+TEST_F(CatalogueTest, TextsReadInPartsFindWhatOneReadingFinds) {
+  const int path = AddPath(AddVolume("1", 3), "\\");
+  // Ids with gaps, so that parts by id hold different numbers of files.
+  testing_support::RunSql(db,
+                          "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<60000) "
+                          "INSERT INTO MediaFiles(FileID,VolID,PathID,ScanState,DirtyBit,FileName,Type,id3Title) "
+                          "SELECT i*(1+(i>40000)),1," +
+                              std::to_string(path) +
+                              ",2,0,'f'||i||'.mp3',1,CASE WHEN i%7000=0 THEN 'Ævi É' END FROM n;");
+  IdList expected;
+  for (int i = 7000; i <= 60000; i += 7000) expected.push_back(i * (1 + (i > 40000)));
+  EXPECT_EQ(db.SearchFileIds("æVI e"), expected);
+  EXPECT_EQ(db.SearchFileIds(".mp3").size(), 60000u);
+}
+
 // The window reads the texts on a connection of its own; whatever changes
 // later is seen by the next search, small changes read one by one and large
 // ones by reading every text again.
