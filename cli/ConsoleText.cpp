@@ -1,4 +1,6 @@
+#include <algorithm>
 #include <filesystem>
+#include <string_view>
 
 #include "app/CLibraryApp.h"
 #include "base/Utf8.h"
@@ -34,21 +36,23 @@ void ForEachCharacter(const std::string& text, Show show) {
     const std::size_t length = DecodeUtf8At(text, i, c);
     if (length == 0) {  // a Latin-1 byte: U+0080..U+00FF
       const char32_t byte = static_cast<unsigned char>(text[i++]);
-      show(byte, Utf8Of(byte));
+      show(byte, std::string_view(Utf8Of(byte)));
       continue;
     }
-    show(c, text.substr(i, length));
+    show(c, std::string_view(text).substr(i, length));
     i += length;
   }
 }
 
 std::string Printable(const std::string& text, bool oneLine) {
+  // Most texts are plain printable ASCII, which shows as it is.
+  if (std::all_of(text.begin(), text.end(), [](char c) { return c >= 0x20 && c < 0x7f; })) return text;
   std::string shown;
-  ForEachCharacter(text, [&](char32_t c, const std::string& utf8) {
+  ForEachCharacter(text, [&](char32_t c, std::string_view utf8) {
     if (IsLineBreakOrTab(c))
-      shown += oneLine || c == '\r' ? std::string(" ") : utf8;
+      shown += oneLine || c == '\r' ? std::string_view(" ") : utf8;
     else
-      shown += IsControl(c) ? std::string("?") : utf8;
+      shown += IsControl(c) ? std::string_view("?") : utf8;
   });
   return shown;
 }
