@@ -84,6 +84,15 @@ class FileSystem {
 
   virtual std::optional<FolderIdentity> Identity(const std::string& folder) const = 0;
   virtual std::optional<FileFacts> Stat(const std::string& path) const = 0;
+  // Stat of each name in the folder (a path ending in its separator), in
+  // order; a file system that can looks the folder up once for all of them.
+  virtual std::vector<std::optional<FileFacts>> StatEach(const std::string& folder,
+                                                         const std::vector<std::string>& names) const {
+    std::vector<std::optional<FileFacts>> facts;
+    facts.reserve(names.size());
+    for (const std::string& name : names) facts.push_back(Stat(folder + name));
+    return facts;
+  }
   virtual bool Exists(const std::string& path) const = 0;
 
   // Creates one folder; an existing folder counts as success.

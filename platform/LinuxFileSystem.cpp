@@ -1,5 +1,6 @@
 #include "platform/LinuxFileSystem.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -12,6 +13,7 @@
 #include "platform/FileCopy.h"
 #include "platform/FolderListing.h"
 #include "platform/LinuxPaths.h"
+#include "platform/UniqueFd.h"
 
 namespace platform {
 namespace {
@@ -20,6 +22,12 @@ std::optional<struct stat> StatFollowingLinks(const std::string& local) {
   struct stat facts {};
   if (local.empty() || stat(local.c_str(), &facts) != 0) return std::nullopt;
   return facts;
+}
+
+FileFacts FactsOf(const std::string& name, const struct stat& facts) {
+  const std::int64_t size = S_ISREG(facts.st_mode) ? static_cast<std::int64_t>(facts.st_size) : 0;
+  const std::int64_t modified = static_cast<std::int64_t>(facts.st_mtim.tv_sec) * 1'000'000'000 + facts.st_mtim.tv_nsec;
+  return FileFacts{name, size, modified};
 }
 
 // Name order without regard to the case of A to Z, then byte order between
@@ -81,10 +89,24 @@ std::optional<FileFacts> LinuxFileSystem::Stat(const std::string& path) const {
   std::string local = WithoutTrailingSlashes(LocalPath(path));
   auto facts = StatFollowingLinks(local);
   if (!facts) return std::nullopt;
-  std::int64_t size = S_ISREG(facts->st_mode) ? static_cast<std::int64_t>(facts->st_size) : 0;
-  const std::int64_t modified =
-      static_cast<std::int64_t>(facts->st_mtim.tv_sec) * 1'000'000'000 + facts->st_mtim.tv_nsec;
-  return FileFacts{LastComponent(local), size, modified};
+  return FactsOf(LastComponent(local), *facts);
+}
+
+std::vector<std::optional<FileFacts>> LinuxFileSystem::StatEach(const std::string& folder,
+                                                                const std::vector<std::string>& names) const {
+  const UniqueFd at(folder.starts_with('/') ? open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC) : -1);
+  if (at.Get() < 0) return FileSystem::StatEach(folder, names);
+  std::vector<std::optional<FileFacts>> all;
+  all.reserve(names.size());
+  for (const std::string& name : names) {
+    struct stat facts {};
+    if (name.empty() || name.find('/') != std::string::npos || fstatat(at.Get(), name.c_str(), &facts, 0) != 0) {
+      all.emplace_back();
+      continue;
+    }
+    all.push_back(FactsOf(name, facts));
+  }
+  return all;
 }
 
 bool LinuxFileSystem::Exists(const std::string& path) const { return StatFollowingLinks(LocalPath(path)).has_value(); }

@@ -18,6 +18,9 @@ class LinuxFileSystem : public FileSystem {
   Listing List(const std::string& folder, const std::string& pattern) const override;
   std::optional<FolderIdentity> Identity(const std::string& folder) const override;
   std::optional<FileFacts> Stat(const std::string& path) const override;
+  // For a Linux folder: each name looked up from the folder, not from "/".
+  std::vector<std::optional<FileFacts>> StatEach(const std::string& folder,
+                                                 const std::vector<std::string>& names) const override;
   bool Exists(const std::string& path) const override;
   bool CreateFolder(const std::string& path) override;
   bool Remove(const std::string& path) override;

@@ -137,13 +137,17 @@ std::vector<DiscoveryScan::Sighting> DiscoveryScan::LookAt(const std::string& li
   const int knownFolder = index_.FindPath(GetFolderPart(folder));
   // The Linux path serves all of the folder's files.
   const bool local = listed.starts_with('/');
+  // A Linux folder is looked up once for all its files.
+  std::vector<std::optional<platform::FileFacts>> facts;
+  if (local) facts = drives_.Files().StatEach(listed, names);
   std::vector<Sighting> files;
   files.reserve(names.size());
-  for (const std::string& name : names) {
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    const std::string& name = names[i];
     Sighting file;
     file.path = local ? listed + name : MakeFullPath("", folder, name);
     file.fileId = knownFolder == -1 ? -1 : index_.FindFile(knownFolder, name);
-    file.facts = drives_.Files().Stat(file.path);
+    file.facts = local ? std::move(facts[i]) : drives_.Files().Stat(file.path);
     if (file.facts && file.fileId != -1) {
       const FileStamp now{file.facts->modifiedNs, file.facts->size};
       file.stampChanged = index_.StampDiffers(file.fileId, now);

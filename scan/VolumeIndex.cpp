@@ -13,6 +13,8 @@ void VolumeIndex::Load(MediaDB& db, int volId) {
   names_.clear();
   byName_.assign(1024, 0);
   named_ = 0;
+  slotById_.clear();
+  idsMapped_ = true;
   for (const PathRow& row : db.GetVolumePathRows(volId)) AddPath(row);
   db.ForEachVolumeFileRow(volId, [&](const FileRow& row) { AddFile(row); });
 }
@@ -41,6 +43,11 @@ const PathRow* VolumeIndex::Path(int pathId) const {
 }
 
 const VolumeIndex::FileSlot* VolumeIndex::Slot(int fileId) const {
+  if (idsMapped_) {
+    const auto at = static_cast<std::size_t>(static_cast<std::int64_t>(fileId) - firstId_);
+    const std::uint32_t slot = at < slotById_.size() ? slotById_[at] : 0;
+    return slot == 0 || files_[slot - 1].gone ? nullptr : &files_[slot - 1];
+  }
   const auto found =
       std::lower_bound(files_.begin(), files_.end(), fileId, [](const FileSlot& slot, int id) { return slot.id < id; });
   return found == files_.end() || found->id != fileId || found->gone ? nullptr : &*found;
@@ -104,10 +111,35 @@ void VolumeIndex::AddFile(const FileRow& row) {
   folders_[row.PathID].files.push_back(row.FileID);
   if (!inOrder) {
     Rehash(byName_.size());  // slot numbers moved
+    MapIds();
     return;
   }
   if (2 * (named_ + 1) > byName_.size()) Rehash(2 * byName_.size());
   Enter(static_cast<std::uint32_t>(files_.size() - 1));
+  MapId(static_cast<std::uint32_t>(files_.size() - 1));
+}
+
+// Ids are mostly dense (the catalogue hands them out one after the other),
+// so a file's slot is found by its id directly; ids too sparse for that
+// (more than four numbers a file) are searched for instead.
+void VolumeIndex::MapId(std::uint32_t slot) {
+  if (!idsMapped_) return;
+  const std::int32_t id = files_[slot].id;
+  if (slotById_.empty()) firstId_ = id;
+  const std::int64_t at = static_cast<std::int64_t>(id) - firstId_;
+  if (at < 0 || static_cast<std::size_t>(at) > 4 * files_.size() + 4096) {
+    idsMapped_ = false;
+    slotById_ = {};
+    return;
+  }
+  if (static_cast<std::size_t>(at) >= slotById_.size()) slotById_.resize(static_cast<std::size_t>(at) + 1, 0);
+  slotById_[static_cast<std::size_t>(at)] = slot + 1;
+}
+
+void VolumeIndex::MapIds() {
+  slotById_.clear();
+  idsMapped_ = true;
+  for (std::size_t i = 0; i < files_.size() && idsMapped_; ++i) MapId(static_cast<std::uint32_t>(i));
 }
 
 void VolumeIndex::Enter(std::uint32_t slot) {

@@ -95,6 +95,8 @@ class VolumeIndex {
   // Enters the slot under its folder and name unless one is there already.
   void Enter(std::uint32_t slot);
   void Rehash(std::size_t capacity);
+  void MapId(std::uint32_t slot);
+  void MapIds();
 
   std::unordered_map<int, Folder> folders_;
   std::unordered_map<std::string, int> pathByFullPath_;
@@ -104,4 +106,9 @@ class VolumeIndex {
   // Open addressing by folder and name: a slot's number + 1, or 0 for none.
   std::vector<std::uint32_t> byName_;
   std::size_t named_ = 0;
+  // A file's slot number + 1 by its id less firstId_ (0: none), while
+  // idsMapped_; else files are found by binary search on their ids.
+  std::vector<std::uint32_t> slotById_;
+  std::int64_t firstId_ = 0;
+  bool idsMapped_ = true;
 };
